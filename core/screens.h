@@ -1,0 +1,53 @@
+// What the core may ask of the screens. The shell implements it with windows, tests with a recorder.
+#pragma once
+
+#include <string>
+
+namespace kelvar {
+
+enum class ScreenId {
+    mdifrmd,        // main window
+    frmkelvd,       // title
+    frmdist,        // menu
+    frmdist1,       // participant data
+    frmdist2,       // method of distribution
+    frmdist3,       // length of payments
+    frmdrate,       // rates of return
+    frmlump,        // lump sum result
+    frmperio,       // periodic payments result
+    frmparti,       // partial lump sum result
+    frmcperi,       // chart of periodic payments
+    frmcpart,       // chart of a partial lump sum with payments
+    frmclaim,       // disclaimer
+    frmdnote,       // all portfolios
+    frmPortfolios,  // one portfolio
+    frmderrmsg,     // rollover note
+    frmethod,       // note on the method
+    frmlengt,       // note on the length
+    frmtimin,       // note on the commencement date
+    frmvang,        // how to make payments last longer
+    frmvang1,       // duration table
+    frmlife         // life expectancy table
+};
+
+class Screens {
+public:
+    virtual ~Screens() = default;
+
+    // True when the program has this screen. What leads to another one is shown disabled.
+    virtual bool offers(ScreenId id) const = 0;
+
+    // Creates the screen on first use and puts it in front.
+    virtual void show(ScreenId id) = 0;
+    // Takes the screen from view and keeps it with everything typed into it.
+    virtual void hide(ScreenId id) = 0;
+    // Destroys the screen; harmless when it was never created. Closing mdifrmd ends the program.
+    virtual void close(ScreenId id) = 0;
+
+    // Shows the message screen and waits until the user has closed it.
+    virtual void show_message(const std::string& text) = 0;
+    // Shows the yes/no message screen and waits; true for yes.
+    virtual bool ask(const std::string& text) = 0;
+};
+
+}  // namespace kelvar

@@ -1,0 +1,79 @@
+// Projections of the account: growth, fee and the schedule of payments with its yearly recalculation.
+//
+// Money is in dollars, rates are percent per year, fees dollars per year. Growth is compounded daily
+// on a 365-day year, also in leap years. Nothing here throws on valid terms, and nothing is shown.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/dates.h"
+#include "core/life_limit.h"
+
+namespace kelvar {
+
+// One payment.
+struct PaymentRow {
+    std::int16_t number = 0;     // 1 for the first payment
+    std::int16_t remaining = 0;  // payments still to come after this one
+    double startbalance = 0.0;
+    double payment = 0.0;
+    double remainbalance = 0.0;
+    Date date{no_date};
+};
+
+struct PaymentSchedule {
+    std::vector<PaymentRow> rows;
+    double total_paid = 0.0;
+    std::int16_t number_of_payments = 0;
+    // The payments of a fixed amount outlast the life expectancy; the rows stop where that was found.
+    bool limit_exceeded = false;
+};
+
+// What both kinds of schedule start from.
+struct PaymentTerms {
+    double start_value = 0.0;  // value of the account at the first payment
+    Date first_payment_date{no_date};
+    int frequency = 0;  // payments per year: 1, 2, 4 or 12
+    double rate = 0.0;
+    double fee = 0.0;
+};
+
+struct FirstPayment {
+    Date date{no_date};
+    bool starts_this_month = false;
+};
+
+// Today when the month is the present one, else today's day in that month, clamped to its last day.
+FirstPayment first_payment(Date today, int month, int year);
+
+// Value of the account after `days` days of growth, less the fee day by day; rounded to cents. No
+// floor: the fee can take the value below 0.
+double grown_less_fee(double value, double rate, int days, double fee);
+
+// Value at the first payment: untouched, but for rounding to cents, when payments start this month.
+double value_at_first_payment(double present_value, double rate, double fee, Date today,
+                              const FirstPayment& first);
+
+// Balance before the next payment. The fee is charged only when the growth covers it; otherwise the
+// balance keeps its whole growth, and with it fractions of a cent.
+double balance_before_next_payment(double balance_after, double rate, int days, double fee);
+
+// Equal payments over a given number of payments. At the first payment of each calendar year the
+// amount is recalculated from the balance and the payments left; the last payment empties the
+// account. A balance that reaches 0 earlier stays 0. No rows for a start value or number of payments
+// of 0 or less.
+PaymentSchedule LevelPaymentSchedule(const PaymentTerms& terms, int number_of_payments);
+
+// Payments of a fixed amount until the account is empty; the last one takes what is left. Stops with
+// limit_exceeded when a payment would come after the life expectancy. No rows for a start value of 0
+// or less. Throws std::overflow_error beyond 32,767 payments, which no real limit allows.
+PaymentSchedule FixedAmountSchedule(const PaymentTerms& terms, double fixed_amount,
+                                    const LifeLimit& limit);
+
+// The rate in the text of a rate list, such as " 6%": the number before the last character; 0 when
+// there is none.
+double parse_rate(std::string_view text);
+
+}  // namespace kelvar

@@ -1,0 +1,22 @@
+// Writes a schedule and its heading row to the work tables.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/records.h"
+#include "engine/schedule.h"
+
+namespace kelvar {
+
+// Fields of the heading row with their values, in the order written. Fields not named keep what the
+// last writer left in them.
+using Heading = std::vector<std::pair<std::string, FieldValue>>;
+
+// Replaces the rows of `schedule` and, unless the heading is empty, rewrites the row of `distrib`, in
+// one transaction: after a failure, or when the program is killed, the old rows and heading are all
+// still there. Throws DatabaseError.
+void store(Database& database, const PaymentSchedule& schedule, const Heading& heading);
+
+}  // namespace kelvar

@@ -1,0 +1,402 @@
+#include "input/frmdist2.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "core/numbers.h"
+#include "input/distribution_rules.h"
+#include "input/lists.h"
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+// A list that knows whether its entry was picked from the open list, not stepped to by arrow keys.
+class PopupList : public QComboBox {
+public:
+    void showPopup() override {
+        popup_used_ = true;
+        QComboBox::showPopup();
+    }
+    bool take_popup_used() { return std::exchange(popup_used_, false); }
+
+private:
+    bool popup_used_ = false;
+};
+
+frmdist2::frmdist2(Module1& module1)
+    : Screen(module1, "frmdist2", {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s}) {
+    content()->setSpacing(theme::grid);
+    content()->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
+    build_methods();
+    content()->addWidget(theme::label(u"Note:"_s, theme::Role::section, "lblmethod_4"));
+    content()->addWidget(control::paragraph(
+        u"The Internal Revenue Code states that periodic payments must start no later than April 1st of the calendar year following the later of the calendar year on which you attain age 70 1/2 or the calendar year in which you retire from City service."_s,
+        "lblmethod_5"));
+    content()->addStretch(1);
+}
+
+void frmdist2::build_methods() {
+    QBoxLayout* column = nullptr;
+    content()->addWidget(method_card(0, u"Full &Lump Sum Payment"_s, column));
+    content()->addWidget(method_card(1, u"Periodic Payment&s:"_s, column));
+    chkperiod = frequency_boxes("chkperiod", column);
+    content()->addWidget(method_card(2, u"&Amount Certain with Periodic Payments"_s, column));
+    build_partial(column);
+    content()->addWidget(method_card(3, u"&Rollover funds out of the 457 and 401(K) Plan"_s, column));
+
+    const Screens& screens = module.screens;
+    optmethod[0]->setEnabled(screens.offers(ScreenId::frmlump));
+    optmethod[2]->setEnabled(screens.offers(ScreenId::frmparti));
+    optmethod[3]->setEnabled(screens.offers(ScreenId::frmderrmsg));
+    auto* one_of = new QButtonGroup(this);
+    for (int index = 0; index < 4; ++index) {
+        QRadioButton* option = optmethod[static_cast<std::size_t>(index)];
+        one_of->addButton(option, index);
+        connect(option, &QRadioButton::clicked, this, [this, index] { choose_method(index); });
+    }
+}
+
+QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& column) {
+    auto* card = new QFrame;
+    card->setObjectName(u"card"_s);
+    column = new QVBoxLayout(card);
+    column->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
+    auto* option = new QRadioButton(text);
+    option->setObjectName(u"optmethod_%1"_s.arg(index));
+    column->addWidget(option);
+    optmethod[static_cast<std::size_t>(index)] = option;
+    return card;
+}
+
+frmdist2::Boxes frmdist2::frequency_boxes(const char* name, QBoxLayout* column) {
+    const QString captions[] = {u"Monthl&y"_s, u"&Quarterly"_s, u"Se&mi-Annually"_s, u"Ann&ually"_s};
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(3 * theme::grid, 0, 0, 0);
+    row->setSpacing(3 * theme::grid);
+    Boxes boxes{};
+    for (int index = 0; index < 4; ++index) {
+        auto* box = new QCheckBox(captions[index]);
+        box->setObjectName(u"%1_%2"_s.arg(QString::fromLatin1(name)).arg(index));
+        row->addWidget(box);
+        boxes[static_cast<std::size_t>(index)] = box;
+    }
+    for (int index = 0; index < 4; ++index) {
+        connect(boxes[static_cast<std::size_t>(index)], &QCheckBox::clicked, this,
+                [this, boxes, index] { choose_frequency(boxes, index); });
+    }
+    row->addStretch(1);
+    column->addLayout(row);
+    return boxes;
+}
+
+void frmdist2::build_partial(QBoxLayout* card) {
+    periodic_after_partial_ = new QWidget;
+    auto* column = new QVBoxLayout(periodic_after_partial_);
+    column->setContentsMargins(3 * theme::grid, 0, 0, 0);
+    card->addWidget(periodic_after_partial_);
+
+    auto* Label2 = theme::label(u"Partial Amount Certain of:  $"_s, theme::Role::body, "Label2");
+    txtpartial = control::money_box("txtpartial", u"Partial amount certain in dollars"_s);
+    Label2->setBuddy(txtpartial);
+    auto* Label3 = theme::label(u"OR Percentage of Balance"_s, theme::Role::body, "Label3");
+    cmbPercent = new PopupList;
+    cmbPercent->setObjectName(u"cmbPercent"_s);
+    cmbPercent->setAccessibleName(u"Partial amount as a percentage of the balance"_s);
+    cmbPercent->setEditable(true);
+    cmbPercent->setInsertPolicy(QComboBox::NoInsert);
+    cmbPercent->setCompleter(nullptr);
+    cmbPercent->setMinimumContentsLength(6);
+    Label3->setBuddy(cmbPercent);
+    auto* amount = new QHBoxLayout;
+    amount->addWidget(Label2);
+    amount->addWidget(txtpartial);
+    amount->addSpacing(theme::grid);
+    amount->addWidget(Label3);
+    amount->addWidget(cmbPercent);
+    amount->addStretch(1);
+    column->addLayout(amount);
+
+    column->addWidget(
+        theme::label(u"With remaining balance to be paid:"_s, theme::Role::body, "lblmethod_0"));
+    chkpartial = frequency_boxes("chkpartial", column);
+    build_commencement(column);
+
+    on_leave(txtpartial, [this](Leaving leaving) { partial_amount_left(leaving); });
+    on_leave(cmbPercent, [this](Leaving leaving) {
+        if (!leaving.to_navigation) {
+            percentage_typed();
+        }
+    });
+    connect(cmbPercent, &QComboBox::activated, this, &frmdist2::percentage_chosen,
+            Qt::QueuedConnection);
+    connect(cmbPercent->lineEdit(), &QLineEdit::textEdited, this,
+            [this] { percentage_edited_ = true; });
+}
+
+void frmdist2::build_commencement(QBoxLayout* column) {
+    cmbscnmonth = control::list("cmbscnmonth", u"Month in which the remaining payments commence"_s);
+    cmbscnyear = control::list("cmbscnyear", u"Year in which the remaining payments commence"_s);
+    auto* lblmonth = theme::label(u"Month"_s, theme::Role::body, "lblmethod_2");
+    auto* lblyear = theme::label(u"Year"_s, theme::Role::body, "lblmethod_3");
+    lblmonth->setBuddy(cmbscnmonth);
+    lblyear->setBuddy(cmbscnyear);
+    auto* row = new QHBoxLayout;
+    row->addWidget(theme::label(u"Commencing:"_s, theme::Role::body, "lblmethod_1"));
+    row->addSpacing(theme::grid);
+    row->addWidget(lblmonth);
+    row->addWidget(cmbscnmonth);
+    row->addSpacing(theme::grid);
+    row->addWidget(lblyear);
+    row->addWidget(cmbscnyear);
+    row->addStretch(1);
+    column->addLayout(row);
+    connect(cmbscnyear, &QComboBox::currentIndexChanged, this, [this] {
+        get_month2();
+        take_commencement();
+    });
+    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] { take_commencement(); });
+}
+
+void frmdist2::load() {
+    for (int percentage = 1; percentage < 100; ++percentage) {
+        cmbPercent->addItem(QString::number(percentage));
+    }
+    cmbPercent->setCurrentIndex(-1);
+    disable_cmd();
+    dis_f2();
+    dis_f3();
+    get_year();
+    const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
+    cmbscnyear->setCurrentIndex(std::max(present, 0));
+    for (QRadioButton* option : optmethod) {
+        if (option->isEnabled()) {
+            set_first_field(option);
+            break;
+        }
+    }
+}
+
+void frmdist2::activate() {
+    get_year();
+    take_commencement();
+    const bool stale = scenario.present_value != shown_present_value_;
+    if (scenario.method == partial_lump_sum && stale && scenario.partial_amount != 0.0) {
+        show_percentage();
+    }
+}
+
+void frmdist2::choose_method(int index) {
+    dis_f2();
+    dis_f3();
+    scenario.frequency = 0;
+    scenario.partial_amount = 0.0;
+    scenario.partial_percent.clear();
+    scenario.scenario_month = 0;
+    scenario.scenario_year = 0;
+    switch (index) {
+        case 0:
+            scenario.method = lump_sum;
+            enable_cmd();
+            break;
+        case 1:
+            scenario.method = periodic_payments;
+            enable_cmd();
+            en_f2();
+            take_over_frequency(chkperiod);
+            break;
+        case 2:
+            scenario.method = partial_lump_sum;
+            enable_cmd();
+            en_f3();
+            take_over_frequency(chkpartial);
+            take_partial_amount();
+            take_commencement();
+            break;
+        default:
+            scenario.method = no_method;
+            disable_cmd();
+            module.screens.show(ScreenId::frmderrmsg);
+            break;
+    }
+}
+
+// At most one box of a group stays ticked.
+void frmdist2::choose_frequency(const Boxes& boxes, int index) {
+    for (int other = 0; other < 4; ++other) {
+        if (other != index) {
+            boxes[static_cast<std::size_t>(other)]->setChecked(false);
+        }
+    }
+    take_over_frequency(boxes);
+}
+
+void frmdist2::take_over_frequency(const Boxes& boxes) {
+    scenario.frequency = 0;
+    for (int index = 0; index < 4; ++index) {
+        if (boxes[static_cast<std::size_t>(index)]->isChecked()) {
+            scenario.frequency = frequency_of_box(index);
+        }
+    }
+}
+
+void frmdist2::set_next_enabled(bool enabled) {
+    Cmdnext->setEnabled(enabled);
+    picnext->setEnabled(enabled);
+}
+
+void frmdist2::set_periodic_enabled(bool enabled) {
+    for (QCheckBox* box : chkperiod) {
+        box->setEnabled(enabled);
+    }
+}
+
+// An entry of the list was picked, or stepped to; only picking one moves on.
+void frmdist2::percentage_chosen() {
+    const bool picked = cmbPercent->take_popup_used() && cmbPercent->hasFocus();
+    clear_error();
+    if (percentage_typed() && picked) {
+        focus_field(chkpartial[0]);
+    }
+}
+
+// Takes over what stands in the percentage box; false when it was refused.
+bool frmdist2::percentage_typed() {
+    const QString text = cmbPercent->currentText();
+    if (!percentage_edited_ && (text.isEmpty() || to_utf8(text) == scenario.partial_percent)) {
+        return true;
+    }
+    const auto percentage = read_percentage(to_utf8(text));
+    if (!percentage) {
+        cmbPercent->clearEditText();
+        percentage_edited_ = false;
+        report_once("Invalid percentage of Partial Lump Sum amount", cmbPercent);
+        return false;
+    }
+    apply_percentage(*percentage);
+    const Check check = partial_msg(scenario);
+    if (check) {
+        refuse(check->text, check->field);
+    }
+    return !check;
+}
+
+void frmdist2::apply_percentage(double percentage) {
+    percentage_edited_ = false;
+    shown_present_value_ = scenario.present_value;
+    scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
+    scenario.partial_percent = to_utf8(cmbPercent->currentText());
+    txtpartial->setText(to_qt(format_number(scenario.partial_amount, "###,###,##0.00")));
+}
+
+// A number that cannot be read counts as no amount; Next says so.
+void frmdist2::take_partial_amount() {
+    const auto amount = read_partial_amount(to_utf8(txtpartial->text()));
+    scenario.partial_amount = amount.value_or(0.0);
+    if (!amount) {
+        return;
+    }
+    txtpartial->setText(to_qt(format_number(*amount, "###,###,##0.00")));
+    show_percentage();
+}
+
+void frmdist2::partial_amount_left(Leaving leaving) {
+    if (!txtpartial->isModified()) {
+        return;
+    }
+    take_partial_amount();
+    if (leaving.to_navigation) {
+        return;
+    }
+    if (const Check check = partial_msg(scenario)) {
+        refuse(check->text, check->field);
+    } else if (leaving.by_tab) {
+        focus_field(chkpartial[0]);
+    }
+}
+
+void frmdist2::show_percentage() {
+    percentage_edited_ = false;
+    shown_present_value_ = scenario.present_value;
+    scenario.partial_percent = percentage_of_amount(scenario.present_value, scenario.partial_amount);
+    cmbPercent->setCurrentIndex(-1);
+    cmbPercent->setEditText(to_qt(scenario.partial_percent));
+}
+
+void frmdist2::get_year() {
+    control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())));
+    get_month2();
+}
+
+void frmdist2::get_month2() {
+    const int year = cmbscnyear->currentText().toInt();
+    control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())));
+}
+
+void frmdist2::take_commencement() {
+    if (scenario.method != partial_lump_sum) {
+        return;
+    }
+    scenario.scenario_year = static_cast<std::int16_t>(cmbscnyear->currentText().toInt());
+    scenario.scenario_month =
+        static_cast<std::int16_t>(month_number(to_utf8(cmbscnmonth->currentText())));
+}
+
+// Enter in the percentage box takes the percentage; it is not Next.
+bool frmdist2::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched == cmbPercent) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            clear_error();
+            if (percentage_typed()) {
+                focus_field(chkpartial[0]);
+            }
+            return true;
+        }
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+void frmdist2::next_screen() {
+    clear_error();
+    if (scenario.method == lump_sum) {
+        module.screens.show(ScreenId::frmdrate);
+        return;
+    }
+    Check check;
+    if (scenario.method == periodic_payments) {
+        check = check_periodic(scenario);
+    } else if (scenario.method == partial_lump_sum) {
+        if (txtpartial->isModified()) {
+            take_partial_amount();
+        } else if (percentage_edited_ && !percentage_typed()) {
+            return;
+        }
+        take_commencement();
+        check = check_partial(module, to_utf8(txtpartial->text()));
+    } else {
+        return;
+    }
+    if (check) {
+        refuse(check->text, check->field);
+    } else {
+        module.screens.show(ScreenId::frmdist3);
+    }
+}
+
+void frmdist2::go_previous() {
+    module.screens.hide(ScreenId::frmdist2);
+    module.screens.show(ScreenId::frmdist1);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,139 @@
+#include "input/frmdrate.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <algorithm>
+
+#include "input/rate_rules.h"
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+frmdrate::frmdrate(Module1& module1)
+    : Screen(module1, "frmdrate",
+             {.title = u"Assumed Annual Rate of Return"_s, .step = u"Step 4 of 4"_s}) {
+    auto* Frame1 = control::frame(u"Assumed Annual &Rate of Return* (Select one or more)"_s, "Frame1");
+    auto* column = new QVBoxLayout(Frame1);
+    column->setSpacing(theme::grid);
+    build_rates(column);
+    content()->addWidget(Frame1);
+    build_portfolios(content());
+    content()->addWidget(control::paragraph(
+        u"* The Assumed Rates of Return for the Future are based on historical returns, volatility and correlations, but not exclusively. They are forward-looking, therefore, they will not match historical returns."_s,
+        "Label1"));
+    content()->addStretch(1);
+}
+
+void frmdrate::build_rates(QBoxLayout* column) {
+    for (int index = 0; index < 5; ++index) {
+        auto* box = new QCheckBox;
+        box->setObjectName(u"chkrate_%1"_s.arg(index));
+        column->addWidget(box);
+        chkrate[static_cast<std::size_t>(index)] = box;
+    }
+}
+
+void frmdrate::build_portfolios(QBoxLayout* column) {
+    column->addWidget(theme::label(u"Pre-Arranged Portfolios"_s, theme::Role::section, "lblratetitle"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(2 * theme::grid);
+    const bool one_offered = module.screens.offers(ScreenId::frmPortfolios);
+    for (int index = 0; index < 4; ++index) {
+        auto* picture = control::picture(u"portfolio"_s, u"Portfolio %1"_s.arg(index + 1), "");
+        picture->setObjectName(u"picrate_%1"_s.arg(index));
+        auto* text = control::paragraph(u"Click the picture for detailed information"_s);
+        text->setObjectName(u"lblport_%1"_s.arg(index));
+        text->setBuddy(picture);
+        picture->setEnabled(one_offered);
+        text->setEnabled(one_offered);
+        connect(picture, &QToolButton::clicked, this,
+                [this, index, picture] { show_portfolio(index, picture); });
+        grid->addWidget(picture, index / 2, 2 * (index % 2));
+        grid->addWidget(text, index / 2, 2 * (index % 2) + 1);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    column->addLayout(grid);
+
+    auto* row = new QHBoxLayout;
+    const bool all_offered = module.screens.offers(ScreenId::frmdnote);
+    auto* picnote = control::picture(u"info"_s, u"All portfolios"_s, "picnote");
+    auto* lblnote = control::paragraph(u" Click here for more information"_s, "lblnote");
+    lblnote->setBuddy(picnote);
+    picnote->setEnabled(all_offered);
+    lblnote->setEnabled(all_offered);
+    connect(picnote, &QToolButton::clicked, this, [this] { module.screens.show(ScreenId::frmdnote); });
+    row->addWidget(picnote);
+    row->addWidget(lblnote, 1);
+    column->addLayout(row);
+}
+
+void frmdrate::load() {
+    module.set_screen_size();
+    chkrate[0]->setText(u"&ALL (Select all rates)"_s);
+    const std::vector<std::string> captions = rate_captions(module.database().rate());
+    for (std::size_t index = 1; index < chkrate.size(); ++index) {
+        const bool there = index <= captions.size();
+        chkrate[index]->setVisible(there);
+        if (there) {
+            chkrate[index]->setText(u"&"_s + to_qt(captions[index - 1]).replace(u"&"_s, u"&&"_s));
+        }
+    }
+    set_first_field(chkrate[0]);
+}
+
+bool frmdrate::chk_rate() {
+    clear_error();
+    if (std::ranges::any_of(chkrate, [](const QCheckBox* box) { return box->isChecked(); })) {
+        return true;
+    }
+    report_once("Select one or more annual rate of return.", chkrate[0]);
+    return false;
+}
+
+void frmdrate::pick_one() {
+    RateTicks ticks{};
+    std::ranges::transform(chkrate, ticks.begin(),
+                           [](const QCheckBox* box) { return box->isChecked(); });
+    scenario.selected_rates = rate_list(module.database().rate(), ticks);
+    switch (scenario.method) {
+        case lump_sum:
+            module.screens.show(ScreenId::frmlump);
+            break;
+        case periodic_payments:
+            module.screens.show(ScreenId::frmperio);
+            break;
+        case partial_lump_sum:
+            module.screens.close(ScreenId::frmparti);
+            module.screens.show(ScreenId::frmparti);
+            break;
+        default:
+            break;
+    }
+}
+
+void frmdrate::show_portfolio(int index, QWidget* picture) {
+    const QPoint position = picture->mapTo(this, picture->rect().bottomLeft());
+    scenario.portfolio_click_x = position.x();
+    scenario.portfolio_click_y = position.y();
+    scenario.portfolio_index = static_cast<std::int16_t>(index);
+    module.screens.show(ScreenId::frmPortfolios);
+}
+
+void frmdrate::go_next() {
+    if (chk_rate()) {
+        pick_one();
+    }
+}
+
+void frmdrate::go_previous() {
+    module.screens.hide(ScreenId::frmdrate);
+    module.screens.show(scenario.method == lump_sum ? ScreenId::frmdist2 : ScreenId::frmdist3);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,122 @@
+#include "input/participant_rules.h"
+
+#include <numeric>
+
+#include "core/module1.h"
+#include "core/numbers.h"
+#include "input/ages.h"
+
+namespace kelvar {
+
+namespace {
+
+constexpr std::string_view invalid_birth = "Invalid birth date.";
+constexpr std::string_view empty_mask = "__/__/____";
+constexpr int youngest = 16;
+constexpr int oldest = 100;
+constexpr int months_in_latest_year = 3;  // the law's deadline is March 31st
+
+// A whole number made of digits only; nothing for "_5", "5_" or "__".
+std::optional<int> digits(std::string_view text) {
+    int value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            return std::nullopt;
+        }
+        value = 10 * value + (c - '0');
+    }
+    return value;
+}
+
+}  // namespace
+
+std::optional<Date> read_masked_date(std::string_view mask_text) {
+    if (mask_text.size() != empty_mask.size()) {
+        return std::nullopt;
+    }
+    const bool two_digit_year = mask_text.substr(8, 2) == "__";
+    const auto month = digits(mask_text.substr(0, 2));
+    const auto day = digits(mask_text.substr(3, 2));
+    const auto year = digits(mask_text.substr(6, two_digit_year ? 2 : 4));
+    if (!month || !day || !year) {
+        return std::nullopt;
+    }
+    return real_date(two_digit_year ? 1900 + *year : *year, *month, *day);
+}
+
+BirthCheck check_birth(std::string_view mask_text, Date today) {
+    BirthCheck check;
+    check.date = read_masked_date(mask_text);
+    if (!check.date || year_of(today) <= year_of(*check.date)) {
+        check.message = invalid_birth;
+        return check;
+    }
+    check.age = age_on_day(*check.date, today);
+    if (check.age < youngest) {
+        check.message = "The current age should be at least 16 years!";
+    } else if (check.age == oldest + 1) {
+        check.message = "The current age should not axceed 100 years old.";
+    } else if (check.age > oldest) {
+        check.message = invalid_birth;
+    }
+    return check;
+}
+
+std::optional<double> read_unsigned(std::string_view text) {
+    if (!is_numeric(text)) {
+        return std::nullopt;
+    }
+    const auto cleaned = abs_text(text);
+    const double* negated = std::get_if<double>(&cleaned);
+    return negated != nullptr ? *negated : read_number(std::get<std::string>(cleaned));
+}
+
+std::optional<double> get_num(std::string_view text) {
+    const auto amount = read_unsigned(text);
+    return amount && *amount < amount_limit ? amount : std::nullopt;
+}
+
+std::vector<int> first_payment_years(Date birth, Date today) {
+    if (year_of(birth) < 1900) {
+        return {};
+    }
+    const int last =
+        (cmp_birth(birth, today) ? year_of(today) : year_of(age_seventy_and_a_half(birth))) + 1;
+    std::vector<int> years(static_cast<std::size_t>(last - year_of(today) + 1));
+    std::iota(years.begin(), years.end(), year_of(today));
+    return years;
+}
+
+std::vector<int> first_payment_months(bool latest_year) {
+    std::vector<int> months(latest_year ? months_in_latest_year : 12);
+    std::iota(months.begin(), months.end(), 1);
+    return months;
+}
+
+Check chk_fields(const ParticipantEntry& entry, Date today) {
+    const bool past_year = entry.year != 0 && entry.year < year_of(today);
+    const bool past_month = entry.year <= year_of(today) && entry.month < month_of(today);
+    if (past_year || past_month) {
+        return Refusal{"Invalid month that you wish to begin payments.", "Cmbfrstmonth"};
+    }
+    const auto value = get_num(entry.value_text);
+    if (!value || round_to_cents(*value) == 0.0) {
+        return Refusal{"Invalid present value of the account.", "txtcurvalue"};
+    }
+    if (entry.birth_text.empty() || entry.birth_text == empty_mask) {
+        return Refusal{invalid_birth, "mskbirth"};
+    }
+    return std::nullopt;
+}
+
+std::int16_t shown_age(Date birth, std::int16_t current_age, int month, int year, Date today) {
+    const bool present_month = month == month_of(today) && year == year_of(today);
+    return present_month ? current_age : age_in_month(birth, month, year);
+}
+
+std::int16_t participant_lookup_age(const Scenario& scenario, Date today) {
+    return shown_age(scenario.birth_date, age_on_day(scenario.birth_date, today),
+                     scenario.first_pay_month, scenario.first_pay_year, today);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,22 @@
+// Rules of the rate screen.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "core/records.h"
+
+namespace kelvar {
+
+// Ticks of the five boxes: index 0 is "all", 1 to 4 are the rates with that identifier.
+using RateTicks = std::array<bool, 5>;
+
+// Captions of boxes 1 to 4, such as "5%_____________Low Risk/Low Return Portfolio", in table order;
+// fewer when the table has fewer rows.
+std::vector<std::string> rate_captions(const Recordset& rates);
+
+// The ticked rates in percent per year, by ascending identifier. A rate without a row is left out.
+std::vector<double> rate_list(Recordset& rates, const RateTicks& ticks);
+
+}  // namespace kelvar

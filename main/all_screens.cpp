@@ -1,0 +1,33 @@
+#include "main/all_screens.h"
+
+#include "input/frmdist1.h"
+#include "input/frmdist2.h"
+#include "input/frmdist3.h"
+#include "input/frmdrate.h"
+#include "output/frmperio.h"
+#include "shell/frmdist.h"
+#include "shell/frmkelvd.h"
+#include "shell/main_window.h"
+
+namespace kelvar {
+
+namespace {
+
+template <class ScreenClass>
+void add(MainWindow& window, Module1& module, ScreenId id) {
+    window.add(id, [&module] { return new ScreenClass(module); });
+}
+
+}  // namespace
+
+void add_all_screens(MainWindow& window, Module1& module) {
+    add<frmkelvd>(window, module, ScreenId::frmkelvd);
+    add<frmdist>(window, module, ScreenId::frmdist);
+    add<frmdist1>(window, module, ScreenId::frmdist1);
+    add<frmdist2>(window, module, ScreenId::frmdist2);
+    add<frmdist3>(window, module, ScreenId::frmdist3);
+    add<frmdrate>(window, module, ScreenId::frmdrate);
+    add<frmperio>(window, module, ScreenId::frmperio);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,25 @@
+#include <filesystem>
+
+#include "main/all_screens.h"
+#include "shell/application.h"
+#include "shell/main_window.h"
+#include "shell/theme.h"
+
+int main(int argc, char** argv) {
+    using namespace kelvar;
+    Application application(argc, argv);
+    Application::setApplicationName(QStringLiteral("Kelvar"));
+    theme::apply(application);
+    try {
+        const std::filesystem::path program_folder =
+            std::filesystem::path(Application::applicationDirPath().toStdString());
+        MainWindow window;
+        Module1 module(window, program_folder);
+        add_all_screens(window, module);
+        window.load(module);
+        window.show();
+        return Application::exec();
+    } catch (const std::exception& error) {
+        return Application::report_run_time_error(error);
+    }
+}

@@ -1,0 +1,99 @@
+#include "output/result_screen.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+
+#include "core/numbers.h"
+#include "engine/schedule.h"
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
+    : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
+      id_(id) {
+    content()->setSpacing(theme::grid);
+    lblsub = theme::label({}, theme::Role::section, "lblsub");
+    lblsub->setWordWrap(true);
+    auto* top = new QHBoxLayout;
+    top->addWidget(lblsub, 1);
+    top->addWidget(rate_list());
+    content()->addLayout(top);
+    auto* card = new QFrame;
+    card->setObjectName(u"card"_s);
+    values_ = new QGridLayout(card);
+    values_->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
+    values_->setHorizontalSpacing(theme::grid);
+    values_->setVerticalSpacing(theme::grid / 2);
+    values_->setColumnStretch(0, 3);
+    values_->setColumnMinimumWidth(2, 2 * theme::grid);
+    values_->setColumnStretch(3, 2);
+    content()->addWidget(card);
+}
+
+QFrame* ResultScreen::rate_list() {
+    auto* Frame1 = new QFrame;
+    Frame1->setObjectName(u"Frame1"_s);
+    auto* row = new QHBoxLayout(Frame1);
+    row->setContentsMargins(0, 0, 0, 0);
+    cmbrate = new QComboBox;
+    cmbrate->setObjectName(u"cmbrate"_s);
+    cmbrate->setAccessibleName(u"Annual Rate of Return"_s);
+    cmbrate->setMinimumContentsLength(6);
+    auto* caption = theme::label(u"Annual &Rate of Return"_s, theme::Role::body);
+    caption->setBuddy(cmbrate);
+    row->addWidget(caption);
+    row->addWidget(cmbrate);
+    return Frame1;
+}
+
+void ResultScreen::activate() {
+    if (!computed_) {
+        computed_ = true;
+        get_value();
+    }
+}
+
+void ResultScreen::go_previous() {
+    module.screens.show(ScreenId::frmdrate);
+    module.screens.close(id_);
+}
+
+QLabel* ResultScreen::add_value(const QString& caption, const char* name, int row, int column) {
+    auto* text = theme::label(caption, theme::Role::body);
+    text->setWordWrap(true);
+    auto* value = theme::label({}, theme::Role::value, name);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    value->setAccessibleName(caption.trimmed());
+    values_->addWidget(text, row, 3 * column);
+    values_->addWidget(value, row, 3 * column + 1);
+    return value;
+}
+
+void ResultScreen::add_rate() {
+    for (const double rate : scenario.selected_rates) {
+        // A blank stands where a negative rate has its sign.
+        cmbrate->addItem((rate < 0.0 ? QString() : u" "_s) + to_qt(number_text(rate)) + u"%"_s);
+    }
+    cmbrate->setCurrentIndex(0);
+    connect(cmbrate, &QComboBox::currentIndexChanged, this, [this] { get_value(); });
+}
+
+double ResultScreen::chosen_rate() const {
+    return parse_rate(to_utf8(cmbrate->currentText()));
+}
+
+void ResultScreen::show_note() {
+    if (!note_shown_ && module.screens.offers(ScreenId::frmclaim)) {
+        note_shown_ = true;
+        module.screens.show(ScreenId::frmclaim);
+    }
+}
+
+}  // namespace kelvar

@@ -1,0 +1,46 @@
+// What every result screen has: the rate list, labelled values, the note shown once per visit.
+#pragma once
+
+#include "shell/screen.h"
+
+class QFrame;
+class QGridLayout;
+
+namespace kelvar {
+
+class ResultScreen : public Screen {
+    Q_OBJECT
+
+public:
+    // Computes when the screen comes to the front for the first time, so that its messages appear over
+    // it. Closing it and coming again computes afresh.
+    void activate() override;
+
+protected:
+    ResultScreen(Module1& module, ScreenId id, const char* name);
+
+    // Computes and shows the result for the chosen rate; run also whenever another rate is picked.
+    virtual void get_value() = 0;
+    void go_previous() override;
+
+    // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
+    QLabel* add_value(const QString& caption, const char* name, int row, int column);
+    void add_rate();
+    // Chosen rate, percent per year.
+    double chosen_rate() const;
+    // The disclaimer, after the first successful computation.
+    void show_note();
+
+    QLabel* lblsub = nullptr;
+    QComboBox* cmbrate = nullptr;
+
+private:
+    QFrame* rate_list();
+
+    QGridLayout* values_ = nullptr;
+    bool computed_ = false;
+    bool note_shown_ = false;
+    ScreenId id_;
+};
+
+}  // namespace kelvar

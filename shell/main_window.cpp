@@ -1,0 +1,153 @@
+#include "shell/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QStackedWidget>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "shell/message_dialog.h"
+#include "shell/screen.h"
+#include "shell/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr double twips_per_pixel = 10.0;
+
+int pixels(int twips) {
+    return static_cast<int>(std::lround(twips / twips_per_pixel));
+}
+
+}  // namespace
+
+MainWindow::MainWindow() : stack_(new QStackedWidget) {
+    setObjectName(u"mdifrmd"_s);
+    setWindowTitle(u"Kelvar"_s);
+    setCentralWidget(stack_);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::add(ScreenId id, Factory make) {
+    factories_[id] = std::move(make);
+}
+
+void MainWindow::load(Module1& module) {
+    module_ = &module;
+    module.set_screen_size();
+    const QSize standard(pixels(module.scenario.screen_width), pixels(module.scenario.screen_height));
+    stack_->setMinimumSize(standard);
+    resize(standard);
+    centre();
+    module.scenario.main_offset_x = x();
+    module.scenario.main_offset_y = y();
+    show(ScreenId::frmkelvd);
+}
+
+void MainWindow::centre() {
+    const QRect desktop = screen()->availableGeometry();
+    const float left = static_cast<float>(desktop.width() - width()) / 2;
+    const float top = static_cast<float>(desktop.height() - height()) / 2;
+    move(desktop.x() + std::max(0, static_cast<int>(left)),
+         desktop.y() + std::max(0, static_cast<int>(top)));
+}
+
+void MainWindow::show(ScreenId id) {
+    if (!screens_.contains(id)) {
+        std::unique_ptr<Screen> made(factories_.at(id)());
+        made->load();
+        stack_->addWidget(made.get());
+        screens_[id] = made.release();
+    }
+    std::erase(order_, id);
+    order_.push_back(id);
+    bring_topmost_to_front();
+}
+
+void MainWindow::hide(ScreenId id) {
+    if (std::erase(order_, id) > 0) {
+        bring_topmost_to_front();
+    }
+}
+
+void MainWindow::close(ScreenId id) {
+    if (id == ScreenId::mdifrmd) {
+        ending_ = true;
+        QMainWindow::close();
+        return;
+    }
+    const auto found = screens_.find(id);
+    if (found == screens_.end()) {
+        return;
+    }
+    Screen* screen = found->second;
+    screens_.erase(found);
+    std::erase(order_, id);
+    if (screen == front_) {
+        front_ = nullptr;
+        // Later, so that closing several screens in a row does not wake the ones in between.
+        QMetaObject::invokeMethod(
+            this, [this] { bring_topmost_to_front(); }, Qt::QueuedConnection);
+    }
+    screen->hide();
+    stack_->removeWidget(screen);
+    screen->setParent(nullptr);
+    screen->deleteLater();  // the screen may be in the middle of the click that closes it
+}
+
+void MainWindow::bring_topmost_to_front() {
+    Screen* topmost = visible_screen();
+    if (topmost == nullptr || topmost == front_ || ending_) {
+        return;
+    }
+    front_ = topmost;
+    QWidget* field = front_->last_focus();  // before the stack gives the focus to one of its choice
+    stack_->setCurrentWidget(front_);
+    field->setFocus(Qt::OtherFocusReason);
+    front_->activate();
+}
+
+Screen* MainWindow::visible_screen() const {
+    return order_.empty() ? nullptr : screens_.at(order_.back());
+}
+
+void MainWindow::show_message(const std::string& text) {
+    run_message(false, text);
+}
+
+bool MainWindow::ask(const std::string& text) {
+    return run_message(true, text);
+}
+
+bool MainWindow::run_message(bool question, const std::string& text) {
+    if (message_open_) {
+        return false;
+    }
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+    message_open_ = true;
+    MessageDialog dialog(question ? MessageDialog::Kind::question : MessageDialog::Kind::message,
+                         to_qt(text), this);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    message_open_ = false;
+    return accepted;
+}
+
+// The window's own close button ends the program like Close.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!ending_ && module_ != nullptr) {
+        ending_ = true;
+        module_->close_all_screens();
+    }
+    event->accept();
+    QCoreApplication::quit();
+}
+
+}  // namespace kelvar

@@ -1,0 +1,64 @@
+// The main window mdifrmd: owns the screens, knows how each is made, shows one at a time.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "core/module1.h"
+#include "core/screens.h"
+
+class QStackedWidget;
+
+namespace kelvar {
+
+class Screen;
+
+class MainWindow : public QMainWindow, public Screens {
+    Q_OBJECT
+
+public:
+    using Factory = std::function<Screen*()>;
+
+    MainWindow();
+    ~MainWindow() override;
+
+    // Makes a screen known; `make` runs on first use.
+    void add(ScreenId id, Factory make);
+    // Takes the standard size, centres itself and opens the title screen. Throws DatabaseError.
+    void load(Module1& module);
+
+    bool offers(ScreenId id) const override { return factories_.contains(id); }
+    void show(ScreenId id) override;
+    void hide(ScreenId id) override;
+    void close(ScreenId id) override;
+    void show_message(const std::string& text) override;
+    bool ask(const std::string& text) override;
+
+    using QMainWindow::close;
+    using QMainWindow::hide;
+    using QMainWindow::show;
+
+    // The screen in front; null before load.
+    Screen* visible_screen() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void centre();
+    void bring_topmost_to_front();
+    bool run_message(bool question, const std::string& text);
+
+    Module1* module_ = nullptr;
+    QStackedWidget* stack_ = nullptr;
+    std::map<ScreenId, Factory> factories_;
+    std::map<ScreenId, Screen*> screens_;
+    std::vector<ScreenId> order_;  // shown screens, the one in front last
+    Screen* front_ = nullptr;      // the one that was last brought to the front
+    bool message_open_ = false;
+    bool ending_ = false;
+};
+
+}  // namespace kelvar

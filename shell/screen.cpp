@@ -1,0 +1,252 @@
+#include "shell/screen.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFrame>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalBlocker>
+
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+Screen::Screen(Module1& module1, const char* name, const Layout& layout)
+    : module(module1), scenario(module1.scenario) {
+    setObjectName(QString::fromLatin1(name));
+    setAccessibleName(layout.title.isEmpty() ? u"Kelvar"_s : layout.title.trimmed());
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    build_title_band(layout, column);
+
+    auto* page = new QWidget;
+    page->setObjectName(u"content"_s);
+    content_ = new QVBoxLayout(page);
+    content_->setContentsMargins(3 * theme::grid, 2 * theme::grid, 3 * theme::grid, 2 * theme::grid);
+    content_->setSpacing(2 * theme::grid);
+    scroll_ = new QScrollArea;
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->viewport()->setAutoFillBackground(false);
+    scroll_->setWidget(page);
+    page->setAutoFillBackground(false);
+    column->addWidget(scroll_, 1);
+
+    build_navigation(layout, column);
+}
+
+void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
+    if (layout.title.isEmpty()) {
+        return;
+    }
+    auto* band = new QFrame;
+    band->setObjectName(u"titleband"_s);
+    auto* row = new QHBoxLayout(band);
+    row->setContentsMargins(3 * theme::grid, 2 * theme::grid, 3 * theme::grid, 2 * theme::grid);
+    lbltitle = theme::label(layout.title, theme::Role::title, "lbltitle");
+    lbltitle->setWordWrap(true);
+    row->addWidget(lbltitle, 1);
+    if (!layout.step.isEmpty()) {
+        row->addWidget(theme::label(layout.step, theme::Role::subtitle), 0, Qt::AlignRight);
+    }
+    column->addWidget(band);
+}
+
+void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
+    auto* bar = new QFrame;
+    bar->setObjectName(u"navigation"_s);
+    navigation_ = new QHBoxLayout(bar);
+    navigation_->setContentsMargins(3 * theme::grid, theme::grid, 3 * theme::grid, theme::grid);
+    navigation_->setSpacing(theme::grid);
+    if (layout.help) {
+        cmdhelp = control::button(u"&Help"_s, "cmdhelp");
+        navigation_->addWidget(cmdhelp);
+        connect(cmdhelp, &QPushButton::clicked, this, [this] { help_but(); });
+    }
+    navigation_->addStretch(1);
+    if (layout.previous) {
+        picprev = control::picture(u"previous"_s, u"Previous"_s, "picprev");
+        cmdprev = control::button(u"&Previous"_s, "cmdprev");
+        navigation_->addWidget(picprev);
+        navigation_->addWidget(cmdprev);
+        connect(picprev, &QToolButton::clicked, this, [this] { go_previous(); });
+        connect(cmdprev, &QPushButton::clicked, this, [this] { go_previous(); });
+    }
+    if (layout.next) {
+        Cmdnext = control::button(u"&Next"_s, "Cmdnext");
+        Cmdnext->setDefault(true);
+        picnext = control::picture(u"next"_s, u"Next"_s, "picnext");
+        navigation_->addWidget(Cmdnext);
+        navigation_->addWidget(picnext);
+        connect(Cmdnext, &QPushButton::clicked, this, [this] { go_next(); });
+        connect(picnext, &QToolButton::clicked, this, [this] { go_next(); });
+    }
+    navigation_->addStretch(1);
+    cmdclose = control::button(u"&Close"_s, "cmdclose");
+    navigation_->addWidget(cmdclose);
+    connect(cmdclose, &QPushButton::clicked, this, [this] { module.close_all_screens(); });
+    column->addWidget(bar);
+}
+
+QWidget* Screen::last_focus() const {
+    return last_focus_ != nullptr && last_focus_->isEnabled() ? last_focus_.data() : cmdclose;
+}
+
+void Screen::help_but() {
+    module.report("The help file " + scenario.help_file + " cannot be opened.");
+}
+
+void Screen::report_once(std::string_view text, QWidget* field) {
+    if (error_shown_) {
+        return;
+    }
+    error_shown_ = true;
+    module.report(text);
+    focus_field(field);
+}
+
+void Screen::refuse(std::string_view text, std::string_view field_name) {
+    auto* field = findChild<QWidget*>(to_qt(field_name));
+    if (text.empty()) {
+        focus_field(field);
+    } else {
+        report_once(text, field);
+    }
+}
+
+void Screen::focus_field(QWidget* field) {
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(field)) {
+        edit->selectAll();
+    } else if (auto* list = qobject_cast<QComboBox*>(field); list != nullptr && list->isEditable()) {
+        list->lineEdit()->selectAll();
+    }
+}
+
+void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
+    leave_actions_.emplace_back(field, std::move(action));
+}
+
+void Screen::left(QWidget* field, bool by_tab) {
+    QWidget* now = QApplication::focusWidget();
+    if (!isVisible() || now == nullptr || now == field || now->window() != window()) {
+        return;  // the window itself lost the focus, or a message has brought it back
+    }
+    const Leaving leaving{by_tab, now->parentWidget() == navigation_->parentWidget(), now};
+    for (const auto& [watched, action] : leave_actions_) {
+        if (watched == field) {
+            action(leaving);
+        }
+    }
+}
+
+bool Screen::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
+        type == QEvent::ShortcutOverride) {
+        // Only keys and clicks on this screen: closing a message is still part of the same action.
+        if (widget != nullptr && (widget == this || isAncestorOf(widget))) {
+            clear_error();
+        }
+    } else if (type == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
+        event->ignore();  // scrolling the page must not change a choice under the pointer
+        return true;
+    } else if (type == QEvent::FocusOut) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool stays = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+                           reason == Qt::ActiveWindowFocusReason;
+        for (const auto& [field, action] : leave_actions_) {
+            if (field == watched && !stays) {
+                const bool by_tab = reason == Qt::TabFocusReason;
+                QMetaObject::invokeMethod(
+                    this, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
+            }
+        }
+    } else if (type == QEvent::FocusIn) {
+        if (widget != nullptr && isAncestorOf(widget)) {
+            last_focus_ = widget;
+        }
+        if (widget != nullptr && scroll_->widget()->isAncestorOf(widget)) {
+            scroll_->ensureWidgetVisible(widget, theme::grid, theme::grid);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// Enter is Next, unless the focus is on another button: then Enter presses that one.
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (auto* picture = qobject_cast<QToolButton*>(QApplication::focusWidget())) {
+        picture->click();
+    } else if (Cmdnext != nullptr) {
+        Cmdnext->click();
+    }
+}
+
+void Screen::showEvent(QShowEvent* event) {
+    qApp->installEventFilter(this);
+    QWidget::showEvent(event);
+}
+
+void Screen::hideEvent(QHideEvent* event) {
+    qApp->removeEventFilter(this);
+    QWidget::hideEvent(event);
+}
+
+namespace control {
+
+QPushButton* button(const QString& text, const char* name) {
+    auto* button = new QPushButton(text);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(true);
+    return button;
+}
+
+QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name) {
+    auto* picture = new QToolButton;
+    picture->setObjectName(QString::fromLatin1(name));
+    picture->setIcon(theme::icon(icon));
+    picture->setIconSize(QSize(24, 24));
+    picture->setAccessibleName(accessible_name);
+    picture->setToolTip(accessible_name);
+    picture->setFocusPolicy(Qt::StrongFocus);
+    return picture;
+}
+
+QGroupBox* frame(const QString& caption, const char* name) {
+    auto* frame = new QGroupBox(caption);
+    frame->setObjectName(QString::fromLatin1(name));
+    return frame;
+}
+
+QLabel* paragraph(const QString& text, const char* name) {
+    auto* label = theme::label(text, theme::Role::note, name);
+    label->setWordWrap(true);
+    return label;
+}
+
+bool refill(QComboBox* list, const QStringList& entries) {
+    const QSignalBlocker quiet(list);
+    const QString chosen = list->currentText();
+    list->clear();
+    list->addItems(entries);
+    const int kept = list->findText(chosen);
+    list->setCurrentIndex(kept >= 0 ? kept : 0);
+    return kept >= 0;
+}
+
+}  // namespace control
+
+}  // namespace kelvar

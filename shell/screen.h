@@ -1,0 +1,119 @@
+// Base of all screens: title band, content that scrolls when it must, one navigation row.
+#pragma once
+
+#include <QBoxLayout>
+#include <QPointer>
+#include <QToolButton>
+#include <QWidget>
+#include <functional>
+#include <string_view>
+
+#include "core/module1.h"
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QScrollArea;
+
+namespace kelvar {
+
+class Screen : public QWidget {
+    Q_OBJECT
+
+public:
+    // Which of the navigation row's controls a screen has.
+    struct Layout {
+        QString title;  // no band without a title
+        QString step;   // such as "Step 1 of 4"
+        bool help = true;
+        bool previous = true;
+        bool next = true;
+    };
+
+    Screen(Module1& module, const char* name, const Layout& layout);
+
+    // Once, right after creation. May throw DatabaseError; the screen is then not shown.
+    virtual void load() {}
+    // Each time the screen comes to the front, also after load.
+    virtual void activate() {}
+
+    // Where the focus last was on this screen, at first its first field.
+    QWidget* last_focus() const;
+
+protected:
+    // Actions of the navigation row. Close ends the program through the fixed closing order.
+    virtual void go_next() {}
+    virtual void go_previous() {}
+    virtual void help_but();
+
+    // A user action may produce one message only: reports unless one was shown since the user last
+    // pressed a key or a mouse button. Afterwards the focus is on the field, its text selected.
+    void report_once(std::string_view text, QWidget* field);
+    // The same for a field of this screen by its name; without a text only the focus moves.
+    void refuse(std::string_view text, std::string_view field_name);
+    bool error_shown() const { return error_shown_; }
+    // A new action begins, so it may report again.
+    void clear_error() { error_shown_ = false; }
+
+    static void focus_field(QWidget* field);
+
+    void set_first_field(QWidget* field) { last_focus_ = field; }
+
+    // How a field was left.
+    struct Leaving {
+        bool by_tab = false;
+        bool to_navigation = false;  // to a button of the navigation row, whose action checks itself
+        QWidget* to = nullptr;
+    };
+    // Runs the action after the focus has left the field for another one of this window. It runs from
+    // the event loop, so that the click that took the focus away is complete.
+    void on_leave(QWidget* field, std::function<void(Leaving)> action);
+
+    QVBoxLayout* content() const { return content_; }
+    QHBoxLayout* navigation() const { return navigation_; }
+
+    QLabel* lbltitle = nullptr;
+    QPushButton* cmdhelp = nullptr;
+    QToolButton* picprev = nullptr;
+    QPushButton* cmdprev = nullptr;
+    QPushButton* Cmdnext = nullptr;
+    QToolButton* picnext = nullptr;
+    QPushButton* cmdclose = nullptr;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+    Module1& module;
+    Scenario& scenario;
+
+private:
+    void build_title_band(const Layout& layout, QVBoxLayout* column);
+    void build_navigation(const Layout& layout, QVBoxLayout* column);
+    void left(QWidget* field, bool by_tab);
+
+    QVBoxLayout* content_ = nullptr;
+    QHBoxLayout* navigation_ = nullptr;
+    QScrollArea* scroll_ = nullptr;
+    std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
+    QPointer<QWidget> last_focus_;
+    bool error_shown_ = false;
+};
+
+// Controls that every screen builds alike.
+namespace control {
+
+QPushButton* button(const QString& text, const char* name);
+// A picture that acts: a button for the mouse, the keyboard and screen readers.
+QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
+QGroupBox* frame(const QString& caption, const char* name);
+// A wrapped label for running text.
+QLabel* paragraph(const QString& text, const char* name = nullptr);
+// Replaces the entries of a list and keeps the chosen one if it is still there; true when it is.
+bool refill(QComboBox* list, const QStringList& entries);
+
+}  // namespace control
+
+}  // namespace kelvar

@@ -1,0 +1,39 @@
+// The look of the program in one place: one palette, light or dark as the desktop is, one type scale
+// that follows the desktop's font size, one set of icons.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QLabel>
+
+class QApplication;
+
+namespace kelvar::theme {
+
+inline constexpr int grid = 8;  // all distances are multiples of this, in device-independent pixels
+
+// Sets style, palette, fonts and style sheet. Called once, before the first window.
+void apply(QApplication& application);
+
+struct Colors {
+    QColor window;
+    QColor card;
+    QColor border;
+    QColor band;
+    QColor band_text;
+    QColor text;
+    QColor note;
+    QColor accent;
+    QColor warning;
+};
+const Colors& colors();
+
+// What a label is for decides its size and colour.
+enum class Role { body, title, subtitle, section, value, note };
+QLabel* label(const QString& text, Role role, const char* name = nullptr);
+
+// One of our own drawings from shell/icons, in the text or accent colour of the palette.
+enum class Ink { text, accent, band };
+QIcon icon(const QString& name, Ink ink = Ink::accent);
+
+}  // namespace kelvar::theme

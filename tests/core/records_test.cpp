@@ -1,0 +1,261 @@
+#include "core/records.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+
+#include "core/criterion.h"
+#include "tests/support/sql.h"
+#include "tests/support/temporary_program_folder.h"
+
+namespace kelvar::test {
+namespace {
+
+using Path = std::filesystem::path;
+
+class Records : public ::testing::Test {
+protected:
+    TemporaryProgramFolder folder;
+    Database database{folder.database()};
+    Recordset& schedule = database.schedule();
+
+    void add(std::int64_t number, double payment) {
+        schedule.AddNew();
+        for (const char* field :
+             {"number", "remaining", "startbalance", "remainbalance", "Month", "Year"}) {
+            schedule.set(field, number);
+        }
+        schedule.set("Payment", payment);
+        schedule.Update();
+    }
+    std::vector<std::string> in_file() const {
+        return sql_rows(folder.database(), "SELECT number, payment FROM schedule ORDER BY rowid");
+    }
+    std::vector<std::string> in_memory() const { return record_rows(schedule, {"number", "payment"}); }
+};
+
+using Rows = std::vector<std::string>;
+
+TEST_F(Records, FindFirstFollowsTheCriterion) {
+    struct Case {
+        Recordset& records;
+        const char* criterion;
+        const char* field;
+        double expected;  // the published tables
+    };
+    const Case cases[] = {
+        {database.lifexp(), "age=75", "multiple", 24.6},
+        {database.lifexp(), " AGE = 75 ", "Multiple", 24.6},
+        {database.joinlife(), "PartAge=75and BeneAge=64", "LifeAge", 25.3},
+        {database.joinlife(), "partage=90 AND beneage=76", "lifeage", 14.7},
+        {database.rate(), "rateid = 3", "rate", 7.0},
+    };
+    for (const Case& c : cases) {
+        c.records.FindFirst(c.criterion);
+        EXPECT_FALSE(c.records.NoMatch()) << c.criterion;
+        EXPECT_EQ(c.records.number(c.field), c.expected) << c.criterion;
+    }
+}
+
+TEST_F(Records, FindFirstWithoutAMatchStaysWhereItWas) {
+    database.rate().FindFirst("rateid = 2");
+    database.rate().FindFirst("rateid = 5");
+    EXPECT_TRUE(database.rate().NoMatch());
+    EXPECT_EQ(database.rate().number("rateid"), 2.0);
+    database.joinlife().FindFirst("PartAge=75and BeneAge=200");
+    EXPECT_TRUE(database.joinlife().NoMatch());
+    EXPECT_THROW(database.lifexp().FindFirst("years=70"), DatabaseError);
+    EXPECT_THROW(database.lifexp().FindFirst("age=old"), DatabaseError);
+    add(1, 5.0);
+    add(2, 5.0);
+    schedule.FindFirst("payment=5");
+    EXPECT_EQ(schedule.number("number"), 1.0) << "the first of several";
+}
+
+TEST(Criterion, RefusesOtherTexts) {
+    for (const char* text :
+         {"", " ", "age", "age=", "=70", "age 70", "age=x", "age=70 and", "age=70and",
+          "age=70 or age=71", "age=70 age=71", "age==70", "age=nan", "age=inf"}) {
+        EXPECT_THROW(parse_criterion(text), std::invalid_argument) << '"' << text << '"';
+    }
+}
+
+TEST_F(Records, MovesStopAtBothEnds) {
+    EXPECT_TRUE(schedule.Eof()) << "no rows";
+    EXPECT_EQ(schedule.RecordCount(), 0U);
+    EXPECT_THROW(schedule.number("number"), DatabaseError);
+    Recordset& rate = database.rate();
+    EXPECT_EQ(rate.RecordCount(), 4U);
+    EXPECT_EQ(rate.number("rateid"), 1.0) << "opens on the first row";
+    rate.MoveLast();
+    EXPECT_EQ(rate.number("rateid"), 4.0);
+    EXPECT_FALSE(rate.Eof());
+    rate.MoveNext();
+    rate.MoveNext();
+    EXPECT_TRUE(rate.Eof());
+    EXPECT_THROW(rate.text("ratemark"), DatabaseError);
+    rate.MovePrevious();
+    EXPECT_EQ(rate.number("rateid"), 4.0);
+    rate.MoveFirst();
+    EXPECT_FALSE(rate.Bof());
+    rate.MovePrevious();
+    rate.MovePrevious();
+    EXPECT_TRUE(rate.Bof());
+    EXPECT_THROW(rate.number("rate"), DatabaseError);
+    rate.MoveNext();
+    EXPECT_EQ(rate.number("rateid"), 1.0);
+    EXPECT_THROW(rate.number("no_such_field"), DatabaseError);
+}
+
+TEST_F(Records, ReferenceTablesRefuseChanges) {
+    for (Recordset* table : {&database.lifexp(), &database.joinlife(), &database.rate()}) {
+        EXPECT_THROW(table->AddNew(), DatabaseError);
+        EXPECT_THROW(table->Edit(), DatabaseError);
+        EXPECT_THROW(table->Delete(), DatabaseError);
+    }
+}
+
+TEST_F(Records, ChangesReachTheFileWithUpdate) {
+    EXPECT_THROW(schedule.set("payment", 1.0), DatabaseError);
+    EXPECT_THROW(schedule.Update(), DatabaseError);
+    add(1, 10.5);
+    add(2, 20.0);
+    add(3, 30.0);
+    EXPECT_EQ(schedule.number("number"), 3.0) << "the new row is the current one";
+    schedule.MoveFirst();
+    schedule.MoveNext();
+    schedule.Edit();
+    schedule.set("PAYMENT", 25.25);
+    EXPECT_EQ(in_file()[1], "2 20.0") << "until Update";
+    EXPECT_EQ(schedule.number("payment"), 20.0) << "until Update";
+    schedule.Update();
+    EXPECT_EQ(in_file(), (Rows{"1 10.5", "2 25.25", "3 30.0"}));
+    EXPECT_EQ(in_memory(), (Rows{"1 10.5", "2 25.25", "3 30"}));
+
+    schedule.Delete();
+    EXPECT_THROW(schedule.number("number"), DatabaseError) << "the current row is gone";
+    schedule.MoveNext();
+    EXPECT_EQ(schedule.number("number"), 3.0);
+    EXPECT_EQ(in_file(), (Rows{"1 10.5", "3 30.0"}));
+    EXPECT_EQ(Database(folder.database()).schedule().RecordCount(), 2U) << "opened again";
+}
+
+TEST_F(Records, AMoveBetweenEditAndUpdateLeavesTheOtherRowAlone) {
+    add(1, 10.5);
+    add(2, 20.5);
+    schedule.MoveFirst();
+    schedule.Edit();
+    schedule.set("payment", 11.5);
+    schedule.MoveNext();
+    try {
+        schedule.Update();
+    } catch (const DatabaseError&) {  // refusing is as good
+    }
+    EXPECT_EQ(in_memory(), in_file());
+    EXPECT_EQ(in_file()[1], "2 20.5");
+}
+
+TEST_F(Records, ATransactionLeftOpenRestoresFileAndRecordSets) {
+    add(1, 10.5);
+    add(2, 20.5);
+    const Rows before = in_file();
+    const auto change_all = [&] {
+        schedule.MoveFirst();
+        schedule.Delete();
+        add(3, 30.5);
+        database.distrib().Edit();
+        database.distrib().set("dtitle", std::string{"changed"});
+        database.distrib().Update();
+    };
+    try {
+        const Database::Transaction left(database);
+        change_all();
+        EXPECT_EQ(in_memory(), (Rows{"2 20.5", "3 30.5"}));
+        throw std::runtime_error("leave");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(in_file(), before);
+    EXPECT_EQ(in_memory(), before);
+    EXPECT_EQ(database.distrib().text("dtitle"), "");
+    {
+        Database::Transaction kept(database);
+        change_all();
+        EXPECT_EQ(in_file(), before) << "until commit";
+        kept.commit();
+    }
+    EXPECT_EQ(in_file(), (Rows{"2 20.5", "3 30.5"}));
+    EXPECT_EQ(sql_rows(folder.database(), "SELECT dtitle FROM distrib"), Rows{"changed"});
+}
+
+TEST_F(Records, AFileLockedByAnotherProgramIsAnError) {
+    SQLite::Database other(folder.database().string(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN IMMEDIATE");
+    try {
+        const Database::Transaction transaction(database);
+        ADD_FAILURE() << "the file is locked";
+    } catch (const DatabaseError& error) {
+        EXPECT_NE(std::string{error.what()}.find(folder.database().string()), std::string::npos);
+    }
+    other.exec("ROLLBACK");
+    add(1, 10.5);
+    EXPECT_EQ(in_file(), Rows{"1 10.5"}) << "goes on when the other one is done";
+}
+
+TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
+    struct Case {
+        std::string name;
+        std::function<void(const Path&)> spoil;
+    };
+    const auto with_sql = [](const std::string& sql) {
+        return [sql](const Path& file) { run_sql(file, sql); };
+    };
+    const auto with_content = [](const std::string& content) {
+        return [content](const Path& file) { std::ofstream(file, std::ios::trunc) << content; };
+    };
+    const auto instead = [](const std::function<void(const Path&)>& make) {
+        return [make](const Path& file) {
+            std::filesystem::remove(file);
+            make(file);
+        };
+    };
+    std::vector<Case> cases{
+        {"missing", instead([](const Path&) {})},
+        {"empty", with_content("")},
+        {"a text file", with_content(std::string(5000, 'x'))},
+        {"another program's database", instead([](const Path& file) {
+             SQLite::Database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+                 .exec("CREATE TABLE songs (title TEXT)");
+         })},
+        {"cut short", [](const Path& file) { std::filesystem::resize_file(file, 6000); }},
+        {"a directory", instead([](const Path& file) { std::filesystem::create_directory(file); })},
+        {"marked read-only",
+         [](const Path& file) {
+             std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+         }},
+        {"a field missing in schedule", with_sql("ALTER TABLE schedule DROP COLUMN payment")},
+        {"a field missing in distrib", with_sql("ALTER TABLE distrib DROP COLUMN fee")},
+        {"a field missing in rate", with_sql("ALTER TABLE rate DROP COLUMN ratemark")},
+        {"distrib without a row", with_sql("DELETE FROM distrib")},
+        {"distrib with two rows", with_sql("INSERT INTO distrib DEFAULT VALUES")},
+    };
+    for (const std::string table : {"lifexp", "joinlife", "rate", "schedule", "distrib"}) {
+        cases.push_back({"no table " + table, with_sql("DROP TABLE " + table)});
+    }
+    for (const Case& c : cases) {
+        const TemporaryProgramFolder folder;
+        c.spoil(folder.database());
+        const bool there = std::filesystem::exists(folder.database());
+        try {
+            const Database opened(folder.database());
+            ADD_FAILURE() << c.name << ": opened";
+        } catch (const DatabaseError& error) {
+            EXPECT_NE(std::string{error.what()}.find(folder.database().string()), std::string::npos)
+                << c.name << ": " << error.what();
+        }
+        EXPECT_EQ(std::filesystem::exists(folder.database()), there) << c.name;
+    }
+}
+
+}  // namespace
+}  // namespace kelvar::test

@@ -1,0 +1,34 @@
+// Stands in for the windows: records what the core asks of the screens and answers its questions.
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/screens.h"
+
+namespace kelvar::test {
+
+class FakeScreens : public Screens {
+public:
+    std::set<ScreenId> offered;
+    bool next_answer = false;
+
+    std::vector<ScreenId> shown;
+    std::vector<ScreenId> hidden;
+    std::vector<ScreenId> closed;
+    std::vector<std::string> messages;
+    std::vector<std::string> questions;
+
+    bool offers(ScreenId id) const override { return offered.contains(id); }
+    void show(ScreenId id) override { shown.push_back(id); }
+    void hide(ScreenId id) override { hidden.push_back(id); }
+    void close(ScreenId id) override { closed.push_back(id); }
+    void show_message(const std::string& text) override { messages.push_back(text); }
+    bool ask(const std::string& text) override {
+        questions.push_back(text);
+        return next_answer;
+    }
+};
+
+}  // namespace kelvar::test

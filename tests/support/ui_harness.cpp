@@ -1,0 +1,181 @@
+#include "tests/support/ui_harness.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include "core/numbers.h"
+#include "main/all_screens.h"
+#include "shell/message_dialog.h"
+#include "shell/text.h"
+
+namespace kelvar::test {
+
+UiTest::UiTest() {
+    qApp->installEventFilter(this);
+    window = std::make_unique<MainWindow>();
+    module = std::make_unique<Module1>(*window, folder.path(), [this] { return today; });
+    add_all_screens(*window, *module);
+    window->load(*module);
+    static_cast<QMainWindow*>(window.get())->show();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+UiTest::~UiTest() {
+    qApp->removeEventFilter(this);
+    window.reset();
+    settle();
+}
+
+bool UiTest::eventFilter(QObject* watched, QEvent* event) {
+    auto* dialog = qobject_cast<MessageDialog*>(watched);
+    if (dialog != nullptr && event->type() == QEvent::Show) {
+        messages_.push_back(to_utf8(dialog->findChild<QLabel*>(QStringLiteral("lblmsg"))->text()));
+        const bool question = dialog->objectName() == QLatin1String("frmmsg1");
+        const char* button = !question ? "cmdok" : answer_yes ? "cmdyes" : "cmdNo";
+        QTimer::singleShot(0, dialog, [dialog, button] {
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QString::fromLatin1(button)),
+                              Qt::LeftButton);
+        });
+    }
+    return false;
+}
+
+std::vector<std::string> UiTest::take_messages() {
+    settle();
+    return std::exchange(messages_, {});
+}
+
+void UiTest::settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+QString UiTest::focus_name() const {
+    const QWidget* focus = window->focusWidget();
+    return focus == nullptr ? QString() : focus->objectName();
+}
+
+QString UiTest::text_of(const char* label) {
+    return find<QLabel>(label)->text();
+}
+
+void UiTest::click(const char* name) {
+    auto* control = find<QWidget>(name);
+    // An option's caption can end before the middle of the control.
+    QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(10, control->height() / 2));
+    settle();
+}
+
+void UiTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window->focusWidget(), key, modifiers);
+    settle();
+}
+
+void UiTest::press_mnemonic(Qt::Key key) {
+    press(key, Qt::AltModifier);
+    QTest::qWait(150);
+}
+
+void UiTest::type_into(const char* name, const QString& text) {
+    auto* box = find<QWidget>(name);
+    box->setFocus(Qt::TabFocusReason);
+    QTest::keySequence(box, QKeySequence::SelectAll);
+    QTest::keyClick(box, Qt::Key_Delete);
+    for (const QChar character : text) {
+        QTest::keyClick(box, character.toLatin1());
+    }
+    settle();
+}
+
+void UiTest::enter(const char* name, const QString& text) {
+    type_into(name, text);
+    if (QApplication::focusWidget() == find<QWidget>(name)) {
+        press(Qt::Key_Tab);
+    }
+}
+
+void UiTest::choose(const char* list, const QString& entry) {
+    auto* box = find<QComboBox>(list);
+    const int index = box->findText(entry);
+    ASSERT_GE(index, 0) << list << " does not offer " << entry.toStdString();
+    box->setCurrentIndex(index);
+    settle();
+}
+
+void UiTest::go_to_participant() {
+    click("Cmdnext");
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), QLatin1String("frmdist1"));
+}
+
+void UiTest::go_to_method(const QString& birth, const QString& value, const QString& month,
+                          const QString& year) {
+    go_to_participant();
+    enter("mskbirth", birth);
+    enter("txtcurvalue", value);
+    choose("Cmbfrstyear", year);
+    choose("Cmbfrstmonth", month);
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), QLatin1String("frmdist2"));
+}
+
+void UiTest::go_to_length() {
+    go_to_method();
+    click("optmethod_1");
+    click("chkperiod_0");
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), QLatin1String("frmdist3"));
+}
+
+void UiTest::go_to_rates() {
+    go_to_length();
+    click("optlength_2");
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), QLatin1String("frmdrate"));
+}
+
+std::vector<QStringList> UiTest::grid_rows() {
+    const QAbstractItemModel* model = find<QTableView>("grddist")->model();
+    std::vector<QStringList> rows;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column) {
+            cells << model->index(row, column).data().toString();
+        }
+        rows.push_back(cells);
+    }
+    return rows;
+}
+
+std::vector<QStringList> UiTest::work_table_rows() {
+    const SQLite::Database file(folder.database().string());
+    SQLite::Statement select(file,
+                             "SELECT number, remaining, startbalance, payment, remainbalance, "
+                             "Month, Year FROM schedule ORDER BY number");
+    const auto money = [&](int column, const char* pattern) {
+        return to_qt(format_number(select.getColumn(column).getDouble(), pattern));
+    };
+    std::vector<QStringList> rows;
+    while (select.executeStep()) {
+        rows.push_back({QString::number(select.getColumn(0).getInt()),
+                        QString::number(select.getColumn(1).getInt()), money(2, "$###,###,##0.00"),
+                        money(3, "$###,##0.00"), money(4, "$###,###,##0.00"),
+                        to_qt(select.getColumn(5).getString()),
+                        to_qt(select.getColumn(6).getString())});
+    }
+    return rows;
+}
+
+}  // namespace kelvar::test

@@ -1,0 +1,76 @@
+// The whole program in one process, driven through its controls by their names, on the offscreen
+// platform: own database, fixed date, messages answered as they appear.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+#include "core/module1.h"
+#include "shell/main_window.h"
+#include "shell/screen.h"
+#include "tests/support/temporary_program_folder.h"
+
+namespace kelvar::test {
+
+class UiTest : public ::testing::Test, public QObject {
+public:
+    UiTest();
+    ~UiTest() override;
+
+    // Today for the program; takes effect at once.
+    Date today{std::chrono::year{2020} / 1 / 15};
+    // How yes/no messages are answered.
+    bool answer_yes = false;
+    // Texts of the messages and questions shown since the last call.
+    std::vector<std::string> take_messages();
+
+    // From the title screen to the participant screen, the method screen, and so on.
+    void go_to_participant();
+    void go_to_method(const QString& birth = QStringLiteral("06151950"),
+                      const QString& value = QStringLiteral("250000"),
+                      const QString& month = QStringLiteral("July"),
+                      const QString& year = QStringLiteral("2020"));
+    void go_to_length();
+    void go_to_rates();
+
+    // The control with this object name on the visible screen; the test fails when there is none.
+    template <class Control>
+    Control* find(const char* name) {
+        auto* control = window->visible_screen()->findChild<Control*>(QString::fromLatin1(name));
+        EXPECT_NE(control, nullptr) << name;
+        return control;
+    }
+    QString screen_name() const { return window->visible_screen()->objectName(); }
+    QString focus_name() const;
+    QString text_of(const char* label);
+
+    void click(const char* name);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    // Alt and a letter; waits until the button that it presses has come up again.
+    void press_mnemonic(Qt::Key key);
+    // Puts the focus on the box, replaces what it holds and leaves it with Tab.
+    void enter(const char* name, const QString& text);
+    // The same without leaving it.
+    void type_into(const char* name, const QString& text);
+    void choose(const char* list, const QString& entry);
+    void settle();  // runs what is waiting in the event loop
+
+    // The schedule as the grid shows it, and as the work table holds it in the grid's patterns.
+    std::vector<QStringList> grid_rows();
+    std::vector<QStringList> work_table_rows();
+
+    TemporaryProgramFolder folder;
+    std::unique_ptr<Module1> module;  // outlives the window's screens
+    std::unique_ptr<MainWindow> window;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::vector<std::string> messages_;
+};
+
+}  // namespace kelvar::test

@@ -1,0 +1,12 @@
+#include <gtest/gtest.h>
+
+#include "shell/application.h"
+#include "shell/theme.h"
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    kelvar::Application application(argc, argv);
+    kelvar::theme::apply(application);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,272 @@
+// Journeys through the real widgets for periodic payments, checked against the rules and the tables.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <cmath>
+
+#include "core/numbers.h"
+#include "shell/grid.h"
+#include "tests/support/ui_harness.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Periodic : public UiTest {
+public:
+    void tick_rates_and_go(std::initializer_list<const char*> boxes) {
+        ASSERT_EQ(screen_name(), u"frmdrate"_s);
+        for (const char* box : boxes) {
+            click(box);
+        }
+        click("Cmdnext");
+        ASSERT_EQ(screen_name(), u"frmperio"_s);
+    }
+
+    double money(const QString& cell) { return read_number(cell.toStdString()); }
+
+    // What must hold for any schedule on screen, whatever its figures.
+    void expect_sound_schedule() {
+        const std::vector<QStringList> rows = grid_rows();
+        ASSERT_FALSE(rows.empty());
+        EXPECT_EQ(rows, work_table_rows());
+        EXPECT_EQ(rows.back()[4], u"$0.00"_s);
+        EXPECT_EQ(rows.back()[1], u"0"_s);
+        EXPECT_EQ(rows.front()[2], text_of("lblstartvalue"));
+        EXPECT_EQ(text_of("lblnumber").toInt(), static_cast<int>(rows.size()));
+        double total = 0.0;
+        for (const QStringList& row : rows) {
+            total += money(row[3]);
+        }
+        EXPECT_NEAR(total, money(text_of("lbltotalvalue")), 0.005);
+    }
+
+    bool covered() { return !find<Grid>("grddist")->isVisible(); }
+};
+
+// Born 06/15/1950, 250,000.00, payments from July 2020: 182 days of growth to July 15, divisor 29.1.
+TEST_F(Periodic, LifeExpectancyAtTwoRates) {
+    go_to_rates();
+    tick_rates_and_go({"chkrate_1", "chkrate_4"});
+    EXPECT_EQ(text_of("lblsub"), u"(Periodic Payments - Monthly)"_s);
+    EXPECT_EQ(text_of("lblfrstdate"), u"July, 2020"_s);
+    EXPECT_EQ(text_of("lblcurvalue"), u"$250,000.00"_s);
+    EXPECT_EQ(text_of("lblfee"), u"$80"_s);
+    EXPECT_EQ(find<QComboBox>("cmbrate")->itemText(1), u" 8%"_s);
+
+    const double at_5 =
+        std::round((250000 * std::pow(1 + 0.05 / 365, 182) - 182 * 80 / 365.0) * 100) / 100;
+    EXPECT_EQ(money(text_of("lblstartvalue")), at_5);
+    EXPECT_EQ(text_of("lblnumber"), u"349"_s);
+    const std::vector<QStringList> rows = grid_rows();
+    EXPECT_EQ(money(rows[0][3]), std::round(at_5 / 349 * 100) / 100);
+    EXPECT_EQ(rows[6][5] + rows[6][6], u"January2021"_s);
+    for (std::size_t i = 1; i + 1 < rows.size(); ++i) {
+        const bool january = rows[i][5] == u"January"_s;
+        EXPECT_EQ(rows[i][3] != rows[i - 1][3], january) << "payment " << i + 1;
+    }
+    expect_sound_schedule();
+
+    choose("cmbrate", u" 8%"_s);
+    const double at_8 =
+        std::round((250000 * std::pow(1 + 0.08 / 365, 182) - 182 * 80 / 365.0) * 100) / 100;
+    EXPECT_EQ(money(text_of("lblstartvalue")), at_8);
+    expect_sound_schedule();
+    EXPECT_EQ(module->database().distrib().text("rate"), " 8%");
+    EXPECT_EQ(module->database().distrib().text("totalvalue"), text_of("lbltotalvalue").toStdString());
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(Periodic, FixedAmountThatLasts) {
+    go_to_length();
+    click("optlength_1");
+    enter("txtfixamount", u"2,500"_s);
+    EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"2500.00"_s);
+    click("Cmdnext");
+    tick_rates_and_go({"chkrate_1"});
+    const std::vector<QStringList> rows = grid_rows();
+    EXPECT_EQ(rows[0][3], u"$2,500.00"_s);
+    EXPECT_EQ(rows[rows.size() - 2][3], u"$2,500.00"_s);
+    EXPECT_LE(money(rows.back()[3]), 2500.0);
+    expect_sound_schedule();
+    EXPECT_EQ(module->database().distrib().number("fixamount"), 2500.0);
+}
+
+// 1,000 a month outlives the account without growth, but at 5 % and more it never empties it.
+TEST_F(Periodic, FixedAmountThatOutlastsLife) {
+    const std::string limit =
+        "Because of the assumed rate of return you selected, the total number of payments in this "
+        "scenario "
+        "exceeds your life-expectancy / minimum distribution years. Please increase the fixed dollar "
+        "distribution amount or change the assumed rate of return.";
+    go_to_length();
+    click("optlength_1");
+    enter("txtfixamount", u"1400"_s);
+    click("Cmdnext");
+    tick_rates_and_go({"chkrate_1", "chkrate_3", "chkrate_4"});
+    EXPECT_TRUE(take_messages().empty());
+    const std::vector<QStringList> at_5 = grid_rows();
+    expect_sound_schedule();
+
+    choose("cmbrate", u" 7%"_s);
+    EXPECT_EQ(take_messages(), std::vector{limit});
+    EXPECT_TRUE(covered());
+    for (const char* label : {"lblstartvalue", "lbltotalvalue", "lblnumber"}) {
+        EXPECT_EQ(text_of(label), QString()) << label;
+    }
+    // The heading still belongs to the last schedule that was shown.
+    EXPECT_EQ(module->database().distrib().text("rate"), " 5%");
+
+    // A higher rate is refused with the same words and nothing computed.
+    const std::vector<QStringList> stored = work_table_rows();
+    choose("cmbrate", u" 8%"_s);
+    EXPECT_EQ(take_messages(), std::vector{limit});
+    EXPECT_EQ(work_table_rows(), stored);
+
+    choose("cmbrate", u" 5%"_s);
+    EXPECT_FALSE(covered());
+    EXPECT_EQ(grid_rows(), at_5);
+    expect_sound_schedule();
+}
+
+TEST_F(Periodic, NumberOfPaymentsThenPreviousAndAnotherNumber) {
+    go_to_length();
+    click("optlength_0");
+    enter("txtnumber", u"-24.4"_s);
+    EXPECT_EQ(find<QLineEdit>("txtnumber")->text(), u"24"_s);
+    click("Cmdnext");
+    tick_rates_and_go({"chkrate_0"});
+    EXPECT_EQ(find<QComboBox>("cmbrate")->count(), 4);
+    EXPECT_EQ(grid_rows().size(), 24u);
+    expect_sound_schedule();
+
+    click("cmdprev");
+    EXPECT_TRUE(find<QCheckBox>("chkrate_0")->isChecked());
+    click("picprev");
+    EXPECT_EQ(find<QLineEdit>("txtnumber")->text(), u"24"_s);
+    enter("txtnumber", u"1"_s);
+    click("picnext");
+    click("picnext");
+    EXPECT_EQ(grid_rows().size(), 1u);
+    EXPECT_EQ(grid_rows()[0][3], text_of("lblstartvalue"));
+    expect_sound_schedule();
+}
+
+// Spouse 15 years younger: joint divisor of ages 70 and 54 (the spouse's birthday is in August), 33.8.
+TEST_F(Periodic, JointLife) {
+    go_to_length();
+    click("optlength_2");
+    EXPECT_TRUE(find<QWidget>("grdlife")->isVisible());
+    click("oplifeexp_1");
+    EXPECT_TRUE(find<QWidget>("grdlife1")->isVisible());
+    EXPECT_FALSE(find<QWidget>("grdlife")->isVisible());
+    EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
+    EXPECT_EQ(find<QTableView>("grdlife1")->model()->rowCount(), 2343);
+    enter("mskbenebirth", u"08201965"_s);
+    click("Cmdnext");
+    EXPECT_TRUE(take_messages().empty());
+    tick_rates_and_go({"chkrate_2"});
+    EXPECT_EQ(module->scenario.spouse_lookup_age, 54);
+    EXPECT_NEAR(module->scenario.life_expectancy_age, 70 + 33.8, 1e-9);
+    EXPECT_EQ(text_of("lblnumber"), u"405"_s);
+    expect_sound_schedule();
+}
+
+TEST_F(Periodic, KeyboardAlone) {
+    const auto type = [this](const char* keys) {
+        for (const char* key = keys; *key != '\0'; ++key) {
+            press(static_cast<Qt::Key>(*key));
+        }
+    };
+    press(Qt::Key_Return);  // title
+    press(Qt::Key_Return);  // menu
+    ASSERT_EQ(focus_name(), u"mskbirth"_s);
+    type("6");
+    press(Qt::Key_Slash);
+    type("15");
+    type("50");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(find<QLineEdit>("mskbirth")->text(), u"06/15/1950"_s);
+    ASSERT_EQ(focus_name(), u"txtcurvalue"_s);
+    type("250000");
+    press(Qt::Key_Tab);
+    ASSERT_EQ(focus_name(), u"Cmbfrstmonth"_s);
+    type("JUL");
+    EXPECT_EQ(text_of("lblage"), u"70"_s);
+    press(Qt::Key_Return);
+    ASSERT_EQ(screen_name(), u"frmdist2"_s);
+    press_mnemonic(Qt::Key_S);
+    press_mnemonic(Qt::Key_Y);
+    press(Qt::Key_Return);
+    ASSERT_EQ(screen_name(), u"frmdist3"_s);
+    press_mnemonic(Qt::Key_L);
+    press(Qt::Key_Return);
+    ASSERT_EQ(screen_name(), u"frmdrate"_s);
+    press_mnemonic(Qt::Key_5);
+    press_mnemonic(Qt::Key_N);
+    ASSERT_EQ(screen_name(), u"frmperio"_s);
+    EXPECT_EQ(text_of("lblnumber"), u"349"_s);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(Periodic, ReturnToTheMenuStartsAfresh) {
+    go_to_rates();
+    tick_rates_and_go({"chkrate_1"});
+    for (const char* screen : {"frmdrate", "frmdist3", "frmdist2", "frmdist1", "frmdist"}) {
+        click("cmdprev");
+        ASSERT_EQ(screen_name(), QString::fromLatin1(screen));
+    }
+    EXPECT_EQ(module->scenario.method, no_method);
+    EXPECT_EQ(module->scenario.present_value, 0.0);
+    click("Cmdnext");
+    EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), QString());
+    EXPECT_EQ(find<QLineEdit>("mskbirth")->displayText(), u"__/__/____"_s);
+}
+
+// The fee eats a tiny account before payments begin.
+TEST_F(Periodic, NothingLeftAtTheFirstPayment) {
+    go_to_method(u"06151960"_s, u"100"_s, u"July"_s, u"2025"_s);
+    click("optmethod_1");
+    click("chkperiod_3");
+    click("Cmdnext");
+    click("optlength_2");
+    click("Cmdnext");
+    tick_rates_and_go({"chkrate_1"});
+    EXPECT_TRUE(covered());
+    EXPECT_TRUE(text_of("lblcover").contains(u"nothing is left in the account"_s));
+    EXPECT_TRUE(work_table_rows().empty());
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(Periodic, BalanceIsReadBackAsShown) {
+    go_to_participant();
+    for (const auto& [typed, shown] :
+         {std::pair{u"-25000"_s, u"25,000.00"_s}, std::pair{u" 1,234,567.891 "_s, u"1,234,567.89"_s},
+          std::pair{u"$9999999999999.99"_s, u"9,999,999,999,999.99"_s}}) {
+        enter("txtcurvalue", typed);
+        EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), shown);
+        EXPECT_EQ(module->scenario.present_value, money(shown));
+    }
+}
+
+TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
+    go_to_participant();
+    enter("mskbirth", u"06151950"_s);
+    choose("Cmbfrstyear", u"2021"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->count(), 3);
+    EXPECT_EQ(module->scenario.over_72_flag, 1);
+    EXPECT_EQ(text_of("lblage"), u"70"_s);
+    choose("Cmbfrstyear", u"2020"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->count(), 12);
+    EXPECT_EQ(module->scenario.over_72_flag, 0);
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
