@@ -1,0 +1,132 @@
+// What a user waits for: start to the title screen beside an empty window; the longest real schedule
+// computed, stored and shown; the joint life table. On the offscreen platform unless another is set.
+#include <benchmark/benchmark.h>
+
+#include <QComboBox>
+#include <QProcess>
+#include <QTableView>
+#include <chrono>
+#include <filesystem>
+
+#include "engine/store.h"
+#include "main/all_screens.h"
+#include "shell/application.h"
+#include "shell/main_window.h"
+#include "shell/screen.h"
+#include "shell/theme.h"
+#include "tests/support/temporary_program_folder.h"
+
+namespace kelvar {
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+constexpr int longest = 828;  // monthly payments from age 16 on, divisor 69
+
+void start(benchmark::State& state, const char* program) {
+    const test::TemporaryProgramFolder folder;
+    const QStringList arguments{QString::fromStdString(folder.path().string())};
+    for (auto _ : state) {
+        if (QProcess::execute(QString::fromLatin1(program), arguments) != 0) {
+            state.SkipWithError("the window did not open");
+        }
+    }
+}
+
+// The whole program with its result screen open on the longest schedule, at two rates.
+struct OpenResult {
+    OpenResult() : module(window, folder.path(), [] { return Date{2020y / 1 / 15}; }) {
+        add_all_screens(window, module);
+        window.load(module);
+        static_cast<QMainWindow&>(window).show();
+        Scenario& scenario = module.scenario;
+        scenario.birth_date = 2003y / 6 / 15;
+        scenario.present_value = 250000.0;
+        scenario.first_pay_month = 7;
+        scenario.first_pay_year = 2020;
+        scenario.method = periodic_payments;
+        scenario.frequency = 12;
+        scenario.length_option = by_life_expectancy;
+        scenario.number_of_payments = longest;
+        scenario.selected_rates = {5.0, 8.0};
+        window.show(ScreenId::frmperio);
+        QCoreApplication::processEvents();
+    }
+
+    test::TemporaryProgramFolder folder;
+    MainWindow window;
+    Module1 module;
+};
+
+PaymentSchedule compute(const Module1& module) {
+    const FirstPayment first = first_payment(module.today(), 7, 2020);
+    const double value = value_at_first_payment(250000.0, 5.0, 80.0, module.today(), first);
+    return LevelPaymentSchedule({value, first.date, 12, 5.0, 80.0}, longest);
+}
+
+void share_compute(benchmark::State& state) {
+    OpenResult open;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(compute(open.module));
+    }
+}
+
+void share_store(benchmark::State& state) {
+    OpenResult open;
+    const PaymentSchedule schedule = compute(open.module);
+    for (auto _ : state) {
+        store(open.module.database(), schedule, {{"rate", " 5%"}});
+    }
+}
+
+// Picking another rate: computes, stores and paints.
+void another_rate_until_painted(benchmark::State& state) {
+    OpenResult open;
+    auto* cmbrate = open.window.visible_screen()->findChild<QComboBox*>(u"cmbrate"_s);
+    for (auto _ : state) {
+        cmbrate->setCurrentIndex(1 - cmbrate->currentIndex());
+        open.window.repaint();
+        QCoreApplication::processEvents();
+    }
+    state.counters["payments"] = static_cast<double>(open.module.database().schedule().RecordCount());
+}
+
+void joint_table_until_painted(benchmark::State& state) {
+    OpenResult open;
+    open.window.show(ScreenId::frmdist3);
+    auto* screen = open.window.visible_screen();
+    auto* joint = screen->findChild<QTableView*>(u"grdlife1"_s);
+    for (auto _ : state) {
+        joint->parentWidget()->show();
+        QCoreApplication::processEvents();
+        joint->repaint();
+        state.PauseTiming();
+        joint->parentWidget()->hide();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+    state.counters["rows"] = joint->model()->rowCount();
+}
+
+BENCHMARK_CAPTURE(start, empty_window, KELVAR_EMPTY_WINDOW)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(start, title_screen, KELVAR_TITLE_WINDOW)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(share_compute)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(share_store)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(another_rate_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(joint_table_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+
+}  // namespace kelvar
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    kelvar::Application application(argc, argv);
+    kelvar::theme::apply(application);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
