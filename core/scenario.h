@@ -44,7 +44,7 @@ struct Scenario {
     bool joint_life = false;
     double present_value = 0.0;
     double partial_amount = 0.0;
-    std::string partial_percent;  // of present_value, two decimals
+    std::string partial_percent{};  // of present_value, two decimals
     double lump_start_value = 0.0;
     double total_paid = 0.0;
     double start_value = 0.0;   // value of the account at the first payment
@@ -53,14 +53,14 @@ struct Scenario {
     double portfolio_click_x = 0.0;
     double portfolio_click_y = 0.0;
     std::int16_t portfolio_index = 0;
-    std::vector<double> selected_rates;  // in list order
-    std::int16_t fee_amount = 0;         // per year, whole dollars
-    std::string message_text;
+    std::vector<double> selected_rates{};  // in list order
+    std::int16_t fee_amount = 0;           // per year, whole dollars
+    std::string message_text{};
     std::int16_t lookup_age = 0;         // participant's key into the life expectancy tables
     std::int16_t spouse_lookup_age = 0;  // spouse's key into the joint table
     double life_expectancy_age = 0.0;    // lookup age plus divisor
     std::int16_t answer = 0;             // last yes/no message: 1 yes, 0 no
-    std::string help_file;               // full path
+    std::string help_file{};             // full path
 
     Date spouse_birth_date{no_date};
     std::int16_t spouse_current_age = 0;

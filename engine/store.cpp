@@ -29,7 +29,10 @@ void append(Recordset& table, const PaymentRow& row) {
     table.Update();
 }
 
-void add_table(Recordset& table, const Heading& heading) {
+}  // namespace
+
+void add_table(Database& database, const Heading& heading) {
+    Recordset& table = database.distrib();
     table.MoveFirst();
     table.Edit();
     for (const auto& [field, value] : heading) {
@@ -38,8 +41,6 @@ void add_table(Recordset& table, const Heading& heading) {
     table.Update();
 }
 
-}  // namespace
-
 void store(Database& database, const PaymentSchedule& schedule, const Heading& heading) {
     Database::Transaction transaction(database);
     clean_table(database.schedule());
@@ -47,7 +48,7 @@ void store(Database& database, const PaymentSchedule& schedule, const Heading& h
         append(database.schedule(), row);
     }
     if (!heading.empty()) {
-        add_table(database.distrib(), heading);
+        add_table(database, heading);
     }
     transaction.commit();
 }

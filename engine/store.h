@@ -19,4 +19,7 @@ using Heading = std::vector<std::pair<std::string, FieldValue>>;
 // still there. Throws DatabaseError.
 void store(Database& database, const PaymentSchedule& schedule, const Heading& heading);
 
+// Rewrites the row of `distrib` alone, for a result without a schedule. Throws DatabaseError.
+void add_table(Database& database, const Heading& heading);
+
 }  // namespace kelvar

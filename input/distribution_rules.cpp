@@ -91,11 +91,9 @@ std::int16_t frequency_of_box(int index) {
 }
 
 std::optional<double> read_partial_amount(std::string_view text) {
-    const double amount = read_number(text);
-    if (!is_numeric(text) || std::abs(amount) >= amount_limit) {
-        return std::nullopt;
-    }
-    return round_to_cents(amount);
+    const double amount = round_to_cents(read_number(text));
+    const bool valid = is_numeric(text) && std::abs(amount) < amount_limit;
+    return valid ? std::optional{amount} : std::nullopt;
 }
 
 std::optional<double> read_percentage(std::string_view text) {
@@ -129,9 +127,12 @@ std::vector<int> scenario_years(const Scenario& scenario, Date today) {
 }
 
 std::vector<int> scenario_months(const Scenario& scenario, int chosen_year, Date today) {
+    const int last_year = last_scenario_year(scenario, today);
+    if (chosen_year < scenario.first_pay_year || chosen_year > last_year) {
+        return {};
+    }
     const int first = chosen_year == scenario.first_pay_year ? scenario.first_pay_month + 1 : 1;
-    const int last = chosen_year == last_scenario_year(scenario, today) ? last_month_of_deadline : 12;
-    return numbers(first, last);
+    return numbers(first, chosen_year == last_year ? last_month_of_deadline : 12);
 }
 
 Check check_periodic(const Scenario& scenario) {

@@ -207,6 +207,8 @@ void frmdist2::choose_method(int index) {
     switch (index) {
         case 0:
             scenario.method = lump_sum;
+            scenario.number_of_payments = 0;
+            scenario.fixed_amount = 0.0;
             enable_cmd();
             break;
         case 1:

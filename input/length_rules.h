@@ -32,13 +32,13 @@ SpouseCheck check_spouse(std::string_view mask_text, int participant_age, Date t
 struct LengthEntry {
     LengthOption option = no_length;
     bool joint = false;
-    std::string number_text;
-    std::string amount_text;
+    std::string number_text{};
+    std::string amount_text{};
 };
 
 // Checks the chosen length and stores what it means: number of payments or fixed amount, look-up ages
 // and life expectancy. A failed look-up for a life expectancy is reported here and not refused: the
-// stored values then stay as they were.
+// life expectancy and the number of payments then stay as they were.
 Check chk_fld(Module1& module, const LengthEntry& entry);
 
 }  // namespace kelvar

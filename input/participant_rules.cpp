@@ -73,7 +73,7 @@ std::optional<double> read_unsigned(std::string_view text) {
 
 std::optional<double> get_num(std::string_view text) {
     const auto amount = read_unsigned(text);
-    return amount && *amount < amount_limit ? amount : std::nullopt;
+    return amount && round_to_cents(*amount) < amount_limit ? amount : std::nullopt;
 }
 
 std::vector<int> first_payment_years(Date birth, Date today) {

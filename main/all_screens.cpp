@@ -4,7 +4,10 @@
 #include "input/frmdist2.h"
 #include "input/frmdist3.h"
 #include "input/frmdrate.h"
+#include "output/frmlump.h"
+#include "output/frmparti.h"
 #include "output/frmperio.h"
+#include "shell/frmclaim.h"
 #include "shell/frmdist.h"
 #include "shell/frmkelvd.h"
 #include "shell/main_window.h"
@@ -27,7 +30,10 @@ void add_all_screens(MainWindow& window, Module1& module) {
     add<frmdist2>(window, module, ScreenId::frmdist2);
     add<frmdist3>(window, module, ScreenId::frmdist3);
     add<frmdrate>(window, module, ScreenId::frmdrate);
+    add<frmlump>(window, module, ScreenId::frmlump);
     add<frmperio>(window, module, ScreenId::frmperio);
+    add<frmparti>(window, module, ScreenId::frmparti);
+    window.add_modal(ScreenId::frmclaim, [](QWidget* parent) { return new frmclaim(parent); });
 }
 
 }  // namespace kelvar

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "core/numbers.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -26,7 +25,7 @@ void frmperio::load() {
     lblsub->setText(u"(Periodic Payments - "_s + to_qt(module.frequency_name()) + u")"_s);
     first_payment_ = first_payment(module.today(), scenario.first_pay_month, scenario.first_pay_year);
     lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
-    lblcurvalue->setText(to_qt(format_number(scenario.present_value, "$###,###,##0.00")));
+    show_money(lblcurvalue, scenario.present_value);
     ScheduleScreen::load();
 }
 
@@ -42,8 +41,11 @@ PaymentTerms frmperio::payment_terms() {
 }
 
 void frmperio::show_values(bool visible) {
-    lblstartvalue->setText(visible ? to_qt(format_number(scenario.start_value, "$###,###,##0.00"))
-                                   : QString());
+    if (visible) {
+        show_money(lblstartvalue, scenario.start_value);
+    } else {
+        lblstartvalue->clear();
+    }
 }
 
 Heading frmperio::heading() const {

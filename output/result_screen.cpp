@@ -4,6 +4,8 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
 
 #include "core/numbers.h"
 #include "engine/schedule.h"
@@ -34,6 +36,18 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     values_->setColumnMinimumWidth(2, 2 * theme::grid);
     values_->setColumnStretch(3, 2);
     content()->addWidget(card);
+
+    result_ = new QStackedWidget;
+    lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
+    lblcover->setWordWrap(true);
+    lblcover->setAlignment(Qt::AlignCenter);
+    lblcover->setMargin(4 * theme::grid);
+    result_->addWidget(lblcover);
+    content()->addWidget(result_, 1);
+
+    cmdprint = control::button(u"Prin&t"_s, "cmdprint");
+    cmdprint->setEnabled(false);
+    navigation()->insertWidget(1, cmdprint);
 }
 
 QFrame* ResultScreen::rate_list() {
@@ -76,17 +90,36 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
     return value;
 }
 
-void ResultScreen::add_rate() {
+void ResultScreen::show_money(QLabel* label, double dollars) {
+    label->setText(to_qt(format_number(dollars, "$###,###,##0.00")));
+}
+
+void ResultScreen::add_rate(RateText text) {
     for (const double rate : scenario.selected_rates) {
-        // A blank stands where a negative rate has its sign.
-        cmbrate->addItem((rate < 0.0 ? QString() : u" "_s) + to_qt(number_text(rate)) + u"%"_s);
+        const bool blank = text == RateText::with_blank && rate >= 0.0;
+        cmbrate->addItem((blank ? u" "_s : QString()) + to_qt(number_text(rate)) + u"%"_s);
     }
     cmbrate->setCurrentIndex(0);
     connect(cmbrate, &QComboBox::currentIndexChanged, this, [this] { get_value(); });
+    set_first_field(cmbrate);
 }
 
 double ResultScreen::chosen_rate() const {
     return parse_rate(to_utf8(cmbrate->currentText()));
+}
+
+void ResultScreen::set_result(QWidget* result) {
+    result_->addWidget(result);
+    result_->setCurrentWidget(result);
+}
+
+void ResultScreen::get_cover(const QString& reason) {
+    lblcover->setText(reason);
+    result_->setCurrentWidget(lblcover);
+}
+
+void ResultScreen::uncover() {
+    result_->setCurrentIndex(result_->count() - 1);
 }
 
 void ResultScreen::show_note() {

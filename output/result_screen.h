@@ -1,10 +1,12 @@
-// What every result screen has: the rate list, labelled values, the note shown once per visit.
+// What every result screen has: the rate list, labelled values, the result area with its cover, the
+// print button, the note shown once per visit.
 #pragma once
 
 #include "shell/screen.h"
 
 class QFrame;
 class QGridLayout;
+class QStackedWidget;
 
 namespace kelvar {
 
@@ -25,19 +27,32 @@ protected:
 
     // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
     QLabel* add_value(const QString& caption, const char* name, int row, int column);
-    void add_rate();
+    static void show_money(QLabel* label, double dollars);  // "$###,###,##0.00"
+    // Fills the rate list; picking an entry runs get_value. The schedule screens put a blank before a
+    // positive rate, where a negative one has its sign.
+    enum class RateText { plain, with_blank };
+    void add_rate(RateText text);
     // Chosen rate, percent per year.
     double chosen_rate() const;
+    // The area below the values that the cover hides.
+    void set_result(QWidget* result);
+    // Covers the result area and says why nothing is shown.
+    virtual void get_cover(const QString& reason);
+    virtual void uncover();
+
     // The disclaimer, after the first successful computation.
     void show_note();
 
     QLabel* lblsub = nullptr;
     QComboBox* cmbrate = nullptr;
+    QPushButton* cmdprint = nullptr;
 
 private:
     QFrame* rate_list();
 
     QGridLayout* values_ = nullptr;
+    QStackedWidget* result_ = nullptr;
+    QLabel* lblcover = nullptr;
     bool computed_ = false;
     bool note_shown_ = false;
     ScreenId id_;

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QStackedWidget>
 
 #include "core/numbers.h"
 #include "shell/grid.h"
@@ -20,6 +19,13 @@ namespace {
 
 constexpr const char* money = "$###,###,##0.00";
 constexpr const char* payment_money = "$###,##0.00";
+
+// Why the result area is covered.
+const QString beyond_life =
+    u"At this rate of return the payments would outlast your life expectancy or minimum distribution years."_s;
+const QString nothing_left =
+    u"There are no payments to show because nothing is left in the account when they would begin."_s;
+const QString no_payments = u"There are no payments to show for this length of payments."_s;
 
 std::vector<RecordTableModel::Column> schedule_columns(const Recordset& schedule) {
     const auto plain = [&](const char* field) {
@@ -45,28 +51,14 @@ std::vector<RecordTableModel::Column> schedule_columns(const Recordset& schedule
 
 ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, ScreenId chart)
     : ResultScreen(module1, id, name), chart_(chart) {
-    build_grid();
-    build_actions();
-}
-
-void ScheduleScreen::build_grid() {
-    result_ = new QStackedWidget;
     grddist = new Grid("grddist", u"Schedule of payments"_s);
-    lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
-    lblcover->setWordWrap(true);
-    lblcover->setAlignment(Qt::AlignCenter);
-    lblcover->setMargin(4 * theme::grid);
-    result_->addWidget(grddist);
-    result_->addWidget(lblcover);
-    content()->addWidget(result_, 1);
+    set_result(grddist);
+    build_chart_buttons();
 }
 
-void ScheduleScreen::build_actions() {
-    cmdprint = control::button(u"Prin&t"_s, "cmdprint");
-    cmdprint->setEnabled(false);
+void ScheduleScreen::build_chart_buttons() {
     cmdchart = control::button(u"Ch&art"_s, "cmdchart");
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
-    navigation()->insertWidget(1, cmdprint);
     navigation()->insertWidget(2, cmdchart);
     navigation()->insertWidget(3, pichart);
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
@@ -79,35 +71,30 @@ void ScheduleScreen::load() {
     grddist->setModel(rows_);
     lblnumber->setNum(scenario.number_of_payments);
     lblfee->setText(to_qt(format_number(scenario.fee_amount, "$##0")));
-    add_rate();
-    set_first_field(cmbrate);
+    add_rate(RateText::with_blank);
 }
 
 void ScheduleScreen::get_value() {
     selected_rate = chosen_rate();
     if (rate_ceiling_ <= selected_rate) {
-        get_cover(
-            u"At this rate of return the payments would outlast your life expectancy or minimum distribution years."_s);
+        get_cover(beyond_life);
         module.report(limit_text_);
         return;
     }
-    const PaymentSchedule schedule = compute();
+    const PaymentTerms terms = payment_terms();
+    const PaymentSchedule schedule = compute(terms);
     if (schedule.limit_exceeded) {
         show_limit(schedule);
     } else if (schedule.rows.empty()) {
-        get_cover(
-            scenario.number_of_payments < 1
-                ? u"There are no payments to show for this length of payments."_s
-                : u"There are no payments to show because nothing is left in the account when they would begin."_s);
+        get_cover(terms.start_value <= 0.0 ? nothing_left : no_payments);
     } else {
         show_note();
     }
 }
 
 // Computes and stores under the hourglass; messages come after it.
-PaymentSchedule ScheduleScreen::compute() {
+PaymentSchedule ScheduleScreen::compute(const PaymentTerms& terms) {
     const Hourglass hourglass;
-    const PaymentTerms terms = payment_terms();
     PaymentSchedule schedule;
     if (scenario.length_option == by_dollar_amount) {
         schedule = calcu_fix(terms);
@@ -121,6 +108,7 @@ PaymentSchedule ScheduleScreen::compute() {
     }
     store(module.database(), schedule, complete ? heading() : Heading{});
     rows_->show_rows(0, module.database().schedule().RecordCount());
+    grddist->scrollToTop();
     return schedule;
 }
 
@@ -136,33 +124,26 @@ PaymentSchedule ScheduleScreen::calcu_fix(const PaymentTerms& terms) {
 }
 
 void ScheduleScreen::show_schedule(const PaymentSchedule& schedule) {
-    scenario.total_paid = schedule.total_paid;
+    scenario.total_paid = schedule.total_paid + paid_before();
     uncover();
     dis_mnu(0);
     show_values(true);
     lblnumber->setNum(scenario.number_of_payments);
-    lbltotalvalue->setText(to_qt(format_number(scenario.total_paid, money)));
-    grddist->scrollToTop();
+    show_money(lbltotalvalue, scenario.total_paid);
 }
 
 void ScheduleScreen::show_limit(const PaymentSchedule& schedule) {
     rate_ceiling_ = selected_rate;
-    get_cover(
-        u"At this rate of return the payments would outlast your life expectancy or minimum distribution years."_s);
+    get_cover(beyond_life);
     scenario.number_of_payments = schedule.number_of_payments;
     module.check_payments_exceed_life();
     limit_text_ = scenario.message_text;
 }
 
 void ScheduleScreen::get_cover(const QString& reason) {
-    lblcover->setText(reason);
-    result_->setCurrentWidget(lblcover);
+    ResultScreen::get_cover(reason);
     show_values(false);
     dis_mnu(1);
-}
-
-void ScheduleScreen::uncover() {
-    result_->setCurrentWidget(grddist);
 }
 
 void ScheduleScreen::dis_mnu(int what) {

@@ -6,8 +6,6 @@
 #include "engine/store.h"
 #include "output/result_screen.h"
 
-class QStackedWidget;
-
 namespace kelvar {
 
 class Grid;
@@ -25,6 +23,8 @@ protected:
     // Terms of the periodic payments at the selected rate; stores the values that lead up to them in
     // the scenario.
     virtual PaymentTerms payment_terms() = 0;
+    // What was paid before the periodic payments; part of the total.
+    virtual double paid_before() const { return 0.0; }
     // Shows the values that payment_terms stored, or nothing while the result is covered.
     virtual void show_values(bool visible) = 0;
     // Fields of the heading row for printing; the labels already show the result.
@@ -39,27 +39,22 @@ protected:
     double selected_rate = 0.0;  // percent per year
 
 private:
-    void build_actions();
-    void build_grid();
+    void build_chart_buttons();
 
     PaymentSchedule calcu_yr_value(const PaymentTerms& terms);
     PaymentSchedule calcu_fix(const PaymentTerms& terms);
-    PaymentSchedule compute();
+    PaymentSchedule compute(const PaymentTerms& terms);
     void show_schedule(const PaymentSchedule& schedule);
     void show_limit(const PaymentSchedule& schedule);
-    void get_cover(const QString& reason);
-    void uncover();
+    void get_cover(const QString& reason) override;
     void dis_mnu(int what);
     void show_chart();
 
     double rate_ceiling_ = 100.0;  // lowest rate known to break the life expectancy limit
     std::string limit_text_;       // what was reported when it did
     ScreenId chart_;
-    QPushButton* cmdprint = nullptr;
     QPushButton* cmdchart = nullptr;
     QToolButton* pichart = nullptr;
-    QStackedWidget* result_ = nullptr;
-    QLabel* lblcover = nullptr;
     Grid* grddist = nullptr;
     RecordTableModel* rows_ = nullptr;
 };

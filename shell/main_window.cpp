@@ -38,6 +38,10 @@ void MainWindow::add(ScreenId id, Factory make) {
     factories_[id] = std::move(make);
 }
 
+void MainWindow::add_modal(ScreenId id, DialogFactory make) {
+    dialog_factories_[id] = std::move(make);
+}
+
 void MainWindow::load(Module1& module) {
     module_ = &module;
     module.set_screen_size();
@@ -59,9 +63,15 @@ void MainWindow::centre() {
 }
 
 void MainWindow::show(ScreenId id) {
+    if (const auto modal = dialog_factories_.find(id); modal != dialog_factories_.end()) {
+        const std::unique_ptr<QDialog> dialog(modal->second(this));
+        dialog->exec();
+        return;
+    }
     if (!screens_.contains(id)) {
         std::unique_ptr<Screen> made(factories_.at(id)());
         made->load();
+        made->arrange_tab_order();
         stack_->addWidget(made.get());
         screens_[id] = made.release();
     }

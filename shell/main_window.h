@@ -9,6 +9,7 @@
 #include "core/module1.h"
 #include "core/screens.h"
 
+class QDialog;
 class QStackedWidget;
 
 namespace kelvar {
@@ -20,16 +21,22 @@ class MainWindow : public QMainWindow, public Screens {
 
 public:
     using Factory = std::function<Screen*()>;
+    using DialogFactory = std::function<QDialog*(QWidget* parent)>;
 
     MainWindow();
     ~MainWindow() override;
 
     // Makes a screen known; `make` runs on first use.
     void add(ScreenId id, Factory make);
+    // The same for a screen that is shown modally over the one in front; show returns when it is
+    // closed.
+    void add_modal(ScreenId id, DialogFactory make);
     // Takes the standard size, centres itself and opens the title screen. Throws DatabaseError.
     void load(Module1& module);
 
-    bool offers(ScreenId id) const override { return factories_.contains(id); }
+    bool offers(ScreenId id) const override {
+        return factories_.contains(id) || dialog_factories_.contains(id);
+    }
     void show(ScreenId id) override;
     void hide(ScreenId id) override;
     void close(ScreenId id) override;
@@ -54,6 +61,7 @@ private:
     Module1* module_ = nullptr;
     QStackedWidget* stack_ = nullptr;
     std::map<ScreenId, Factory> factories_;
+    std::map<ScreenId, DialogFactory> dialog_factories_;
     std::map<ScreenId, Screen*> screens_;
     std::vector<ScreenId> order_;  // shown screens, the one in front last
     Screen* front_ = nullptr;      // the one that was last brought to the front

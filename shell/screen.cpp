@@ -96,6 +96,23 @@ void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
     column->addWidget(bar);
 }
 
+void Screen::arrange_tab_order() {
+    std::vector<QWidget*> order;
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        if (scroll_->widget()->isAncestorOf(widget)) {
+            order.push_back(widget);
+        }
+    }
+    for (int place = 0; place < navigation_->count(); ++place) {
+        if (QWidget* widget = navigation_->itemAt(place)->widget()) {
+            order.push_back(widget);
+        }
+    }
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+}
+
 QWidget* Screen::last_focus() const {
     return last_focus_ != nullptr && last_focus_->isEnabled() ? last_focus_.data() : cmdclose;
 }

@@ -38,6 +38,8 @@ public:
     // Each time the screen comes to the front, also after load.
     virtual void activate() {}
 
+    // Tab goes through the content as it was built, then along the navigation row.
+    void arrange_tab_order();
     // Where the focus last was on this screen, at first its first field.
     QWidget* last_focus() const;
 

@@ -14,6 +14,7 @@
 
 #include "core/numbers.h"
 #include "main/all_screens.h"
+#include "shell/frmclaim.h"
 #include "shell/message_dialog.h"
 #include "shell/text.h"
 
@@ -37,6 +38,11 @@ UiTest::~UiTest() {
 }
 
 bool UiTest::eventFilter(QObject* watched, QEvent* event) {
+    if (auto* note = qobject_cast<frmclaim*>(watched);
+        note != nullptr && event->type() == QEvent::Show) {
+        ++notes_shown;
+        QTimer::singleShot(0, note, [note] { QTest::keyClick(note, Qt::Key_Escape); });
+    }
     auto* dialog = qobject_cast<MessageDialog*>(watched);
     if (dialog != nullptr && event->type() == QEvent::Show) {
         messages_.push_back(to_utf8(dialog->findChild<QLabel*>(QStringLiteral("lblmsg"))->text()));
@@ -59,6 +65,10 @@ void UiTest::settle() {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // No window manager here gives the focus back when a message has closed.
+    if (window != nullptr && window->isVisible() && !window->isActiveWindow()) {
+        window->activateWindow();
+    }
     QCoreApplication::processEvents();
 }
 
@@ -101,7 +111,7 @@ void UiTest::type_into(const char* name, const QString& text) {
 
 void UiTest::enter(const char* name, const QString& text) {
     type_into(name, text);
-    if (QApplication::focusWidget() == find<QWidget>(name)) {
+    if (window->focusWidget() == find<QWidget>(name)) {
         press(Qt::Key_Tab);
     }
 }

@@ -1,15 +1,9 @@
 // What holds for every screen and for the program around them.
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QButtonGroup>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTableView>
-#include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <fstream>
 
@@ -26,61 +20,66 @@ using namespace Qt::StringLiterals;
 
 class ScreenTest : public UiTest {
 public:
-    // Tab visits each control once, in reading order, and each has a name for a screen reader.
-    void expect_keyboard_complete() {
-        std::vector<QWidget*> expected;
-        for (auto* widget : window->visible_screen()->findChildren<QWidget*>()) {
-            const bool control = qobject_cast<QAbstractButton*>(widget) != nullptr ||
-                                 qobject_cast<QLineEdit*>(widget) != nullptr ||
-                                 qobject_cast<QComboBox*>(widget) != nullptr ||
-                                 qobject_cast<QTableView*>(widget) != nullptr;
-            // Of a group of options Tab reaches the chosen one, arrows the others.
-            const auto* option = qobject_cast<QRadioButton*>(widget);
-            const bool other_option = option != nullptr && option->group() != nullptr &&
-                                      option->group()->checkedButton() != nullptr &&
-                                      !option->isChecked();
-            const bool reachable = widget->isVisible() && widget->isEnabled() && !other_option &&
-                                   (widget->focusPolicy() & Qt::TabFocus) != 0;
-            if (control && reachable && qobject_cast<QComboBox*>(widget->parentWidget()) == nullptr) {
-                expected.push_back(widget);
-            }
-        }
-        ASSERT_FALSE(expected.empty());
-        QWidget* first = expected.front();
-        first->setFocus(Qt::TabFocusReason);
-        for (QWidget* widget : expected) {
-            EXPECT_EQ(focus_name(), widget->objectName()) << screen_name().toStdString();
-            const auto* button = qobject_cast<QAbstractButton*>(widget);
+    // Tab visits exactly these controls of the visible screen, in reading order, and comes round; each
+    // has a name for a screen reader.
+    void expect_tab_order(QStringList names) {
+        SCOPED_TRACE(screen_name().toStdString());
+        find<QWidget>(names.front().toLatin1())->setFocus(Qt::TabFocusReason);
+        QStringList visited;
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            visited << focus_name();
+            const QWidget* widget = window->focusWidget();
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
             EXPECT_FALSE(widget->accessibleName().isEmpty() &&
                          (button == nullptr || button->text().isEmpty()))
-                << widget->objectName().toStdString();
+                << visited.back().toStdString();
             press(Qt::Key_Tab);
         }
-        EXPECT_EQ(focus_name(), first->objectName()) << "Tab does not come round";
+        EXPECT_EQ(visited.join(u' ').toStdString(), names.join(u' ').toStdString());
+        EXPECT_EQ(focus_name(), names.front());
     }
 };
 
-TEST_F(ScreenTest, AreKeyboardComplete) {
-    expect_keyboard_complete();
+TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
+    const QStringList row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s,
+                          u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s};
+    const QStringList result_row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s, u"cmdclose"_s};
+    expect_tab_order({u"lblkelv"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
-    expect_keyboard_complete();
+    expect_tab_order({u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
-    expect_keyboard_complete();
+    EXPECT_EQ(focus_name(), u"mskbirth"_s);
     enter("mskbirth", u"06151950"_s);
     enter("txtcurvalue", u"250000"_s);
+    expect_tab_order(QStringList{u"mskbirth"_s, u"txtcurvalue"_s, u"Cmbfrstmonth"_s, u"Cmbfrstyear"_s} +
+                     row);
     click("Cmdnext");
+    EXPECT_EQ(focus_name(), u"optmethod_0"_s);
+    click("optmethod_2");
+    expect_tab_order(QStringList{u"optmethod_2"_s, u"txtpartial"_s, u"cmbPercent"_s, u"chkpartial_0"_s,
+                                 u"chkpartial_1"_s, u"chkpartial_2"_s, u"chkpartial_3"_s,
+                                 u"cmbscnmonth"_s, u"cmbscnyear"_s} +
+                     row);
     click("optmethod_1");
-    expect_keyboard_complete();
+    expect_tab_order(QStringList{u"optmethod_1"_s, u"chkperiod_0"_s, u"chkperiod_1"_s, u"chkperiod_2"_s,
+                                 u"chkperiod_3"_s} +
+                     row);
     click("chkperiod_1");
     click("Cmdnext");
+    click("optlength_0");
+    expect_tab_order(QStringList{u"optlength_0"_s, u"txtnumber"_s, u"grdlife"_s} + row);
     click("optlength_2");
-    expect_keyboard_complete();
+    click("oplifeexp_1");
+    expect_tab_order(QStringList{u"optlength_2"_s, u"oplifeexp_1"_s, u"mskbenebirth"_s, u"grdlife1"_s} +
+                     row);
+    click("oplifeexp_0");
     click("Cmdnext");
-    expect_keyboard_complete();
+    expect_tab_order(
+        QStringList{u"chkrate_0"_s, u"chkrate_1"_s, u"chkrate_2"_s, u"chkrate_3"_s, u"chkrate_4"_s} +
+        row);
     click("chkrate_3");
     click("Cmdnext");
-    ASSERT_EQ(screen_name(), u"frmperio"_s);
-    expect_keyboard_complete();
+    expect_tab_order(QStringList{u"cmbrate"_s, u"grddist"_s} + result_row);
 }
 
 TEST_F(ScreenTest, HaveTheStandardSize) {
@@ -114,9 +113,7 @@ TEST_F(ScreenTest, FrequencyBoxesAllowOneTick) {
     }
     click("chkperiod_2");
     EXPECT_EQ(module->scenario.frequency, 0);
-    for (const char* name : {"optmethod_0", "optmethod_2", "optmethod_3"}) {
-        EXPECT_EQ(find<QWidget>(name)->isEnabled(), false) << name << " has no screen to lead to yet";
-    }
+    EXPECT_FALSE(find<QWidget>("optmethod_3")->isEnabled()) << "there is no rollover note yet";
 }
 
 TEST_F(ScreenTest, MissingHelpFileGivesOneMessage) {
@@ -126,6 +123,22 @@ TEST_F(ScreenTest, MissingHelpFileGivesOneMessage) {
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_NE(messages[0].find(module->scenario.help_file), std::string::npos);
     EXPECT_EQ(screen_name(), u"frmdist"_s);
+}
+
+TEST_F(ScreenTest, FailureWhileStoringEndsTheProgramAndLeavesNoHalfSchedule) {
+    go_to_rates();
+    click("chkrate_1");
+    SQLite::Database(folder.database().string(), SQLite::OPEN_READWRITE)
+        .exec(
+            "CREATE TRIGGER full_disk BEFORE INSERT ON schedule WHEN NEW.number = 100 "
+            "BEGIN SELECT RAISE(ABORT, 'no room'); END");
+    EXPECT_EXIT(
+        {
+            QTimer::singleShot(0, this, [this] { click("Cmdnext"); });
+            _exit(Application::exec());
+        },
+        ::testing::ExitedWithCode(1), "run-time error: .*vestoraq.mdb: no room");
+    EXPECT_TRUE(work_table_rows().empty());
 }
 
 // The real program, in a folder of its own, with a database that cannot be used.

@@ -1,0 +1,41 @@
+#include "engine/lump_sum.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/axis.h"
+#include "engine/schedule.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(LumpSum, StartValueChargesFiftyAYear) {
+    EXPECT_EQ(get_startvalue(250000.0, 5.0, 0), 250000.0);     // paid today
+    EXPECT_EQ(get_startvalue(250000.0, 5.0, 182), 256285.85);  // decimal arithmetic
+    EXPECT_EQ(get_startvalue(1000.0, 6.0, 3650), 1322.03);     // decimal arithmetic
+    EXPECT_EQ(get_startvalue(10.0, 0.0, 365), -40.0);          // by hand
+}
+
+// From a lump sum on 15 January over 29 February to 15 March 2020: 60 days; the fee is taken even when
+// nothing grows.
+TEST(PartialLumpSum, ValueAtTheSecondDate) {
+    const int days = days_between(2020y / 1 / 15, 2020y / 3 / 15);
+    EXPECT_EQ(grown_less_fee(250000.0 - 100000.0, 5.0, days, 80.0), 151224.72);  // decimal arithmetic
+    EXPECT_EQ(grown_less_fee(1000.0, 0.0, days, 80.0), 986.85);                  // decimal arithmetic
+    EXPECT_EQ(grown_less_fee(256270.90 - 40000.0, 5.0, 0, 80.0), 216270.90);     // same day
+}
+
+TEST(Axis, RoundsUpToTheNextTwoDigits) {
+    const std::pair<double, double> cases[] = {
+        {123456.78, 130000}, {9999.99, 10000}, {120000, 130000}, {5432.10, 5500}, {5.5, 6},
+        {100000, 110000},    {0.0, 1},         {-5.0, 1},        {9.99e12, 1e13}};
+    for (const auto& [largest, bound] : cases) {
+        EXPECT_EQ(y_max(largest), bound) << largest;
+    }
+}
+
+}  // namespace
+
+}  // namespace kelvar::test

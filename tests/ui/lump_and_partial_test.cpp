@@ -1,0 +1,181 @@
+// Journeys for the lump sum and the partial lump sum. Figures worked out with decimal arithmetic from
+// the rules, for today 15 January 2020.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "core/numbers.h"
+#include "output/bar_chart.h"
+#include "shell/grid.h"
+#include "tests/support/ui_harness.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class LumpSum : public UiTest {
+public:
+    void go_to_result(const char* rate_box) {
+        click("optmethod_0");
+        click("Cmdnext");
+        click(rate_box);
+        click("Cmdnext");
+        ASSERT_EQ(screen_name(), u"frmlump"_s);
+    }
+};
+
+TEST_F(LumpSum, AllFourRates) {
+    go_to_method();
+    go_to_result("chkrate_0");
+    EXPECT_EQ(notes_shown, 1);
+    EXPECT_EQ(text_of("lblsub"), u"(Lump Sum Payment)"_s);
+    EXPECT_EQ(text_of("lblfee"), u"$80"_s);  // though this projection charges 50
+    const std::pair<QString, QString> values[] = {{u"5%"_s, u"$256,285.85"_s},
+                                                  {u"6%"_s, u"$257,566.90"_s},
+                                                  {u"7%"_s, u"$258,854.30"_s},
+                                                  {u"8%"_s, u"$260,148.11"_s}};
+    auto* chart = find<BarChart>("grphlump");
+    chart->setFocus();
+    for (const auto& [rate, value] : values) {
+        choose("cmbrate", rate);
+        EXPECT_EQ(text_of("lblstartvalue"), value);
+        EXPECT_EQ(text_of("lbltotalvalue"), value);
+        Recordset& distrib = module->database().distrib();
+        EXPECT_EQ(distrib.text("totalvalue"), value.toStdString());
+        EXPECT_EQ(distrib.text("rate"), rate.toStdString());
+        EXPECT_EQ(distrib.number("startvalue"), read_number(value.toStdString()));
+        // The chart shows every rate, whatever is chosen; arrow keys read it out.
+        EXPECT_EQ(text_of("lblreadout"), rate + u": Total Pay Back (including  interest) "_s + value);
+        press(Qt::Key_Right);
+        EXPECT_EQ(text_of("lblreadout"), rate + u": Current Account Balance $250,000.00"_s);
+        press(Qt::Key_Right);
+    }
+    EXPECT_EQ(notes_shown, 1);
+}
+
+TEST_F(LumpSum, ThisMonthHasNeitherGrowthNorFee) {
+    go_to_method(u"06151950"_s, u"250000"_s, u"January"_s, u"2020"_s);
+    go_to_result("chkrate_4");
+    EXPECT_EQ(text_of("lblstartvalue"), u"$250,000.00"_s);
+}
+
+// 10 dollars do not last 20 years of fees: nothing is shown beside the rate, nothing is written.
+TEST_F(LumpSum, NothingLeft) {
+    go_to_method(u"06151970"_s, u"10"_s, u"July"_s, u"2040"_s);
+    go_to_result("chkrate_1");
+    EXPECT_FALSE(find<BarChart>("grphlump")->isVisible());
+    EXPECT_EQ(text_of("lblstartvalue"), QString());
+    EXPECT_EQ(notes_shown, 0);
+    EXPECT_EQ(module->database().distrib().text("totalvalue"), "");
+}
+
+class Partial : public UiTest {
+public:
+    // Lump sum in July 2020, the rest monthly from October 2020.
+    void go_to_length_with_partial(const char* box, const QString& typed) {
+        go_to_method();
+        click("optmethod_2");
+        enter(box, typed);
+        click("chkpartial_0");
+        choose("cmbscnmonth", u"October"_s);
+        click("Cmdnext");
+        ASSERT_EQ(screen_name(), u"frmdist3"_s);
+    }
+    void go_to_result() {
+        click("Cmdnext");
+        find<QCheckBox>("chkrate_1")->setChecked(true);
+        click("Cmdnext");
+        ASSERT_EQ(screen_name(), u"frmparti"_s);
+    }
+    double cents(const QString& money) { return read_number(money.toStdString()); }
+    void expect_sound_result(double lump_sum) {
+        const auto rows = grid_rows();
+        ASSERT_FALSE(rows.empty());
+        EXPECT_EQ(rows, work_table_rows());
+        EXPECT_EQ(rows.front()[2], text_of("lblscndvalue"));
+        EXPECT_EQ(rows.back()[4], u"$0.00"_s);
+        double total = lump_sum;
+        for (const QStringList& row : rows) {
+            total += cents(row[3]);
+        }
+        EXPECT_NEAR(cents(text_of("lbltotalvalue")), total, 0.005);
+        EXPECT_EQ(module->database().distrib().number("partial"), lump_sum);
+    }
+};
+
+TEST_F(Partial, LifeExpectancyAfterAnAmount) {
+    go_to_length_with_partial("txtpartial", u"40000"_s);
+    click("optlength_2");
+    go_to_result();
+    EXPECT_EQ(text_of("lblsub"), u"(Partial Lump Sum = Lump Sum Payment + Remaining Paid Monthly)"_s);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$256,270.90"_s);
+    EXPECT_EQ(text_of("lblscnddate"), u"October, 2020"_s);
+    EXPECT_EQ(text_of("lblscndvalue"), u"$218,993.40"_s);
+    expect_sound_result(40000.0);
+    EXPECT_EQ(module->database().distrib().text("dsubtitle"), "Lump Sum  + Remaining Paid Monthly");
+    EXPECT_EQ(notes_shown, 1);
+}
+
+TEST_F(Partial, NumberAfterAPercentageThenChangedInputs) {
+    go_to_length_with_partial("cmbPercent", u"12.5"_s);
+    EXPECT_EQ(module->scenario.partial_amount, 31250.0);
+    click("optlength_0");
+    enter("txtnumber", u"60"_s);
+    go_to_result();
+    EXPECT_EQ(text_of("lblpartial"), u"$31,250.00"_s);
+    EXPECT_EQ(grid_rows().size(), 60u);
+    expect_sound_result(31250.0);
+
+    for (int back = 0; back < 3; ++back) {
+        click("cmdprev");
+    }
+    ASSERT_EQ(screen_name(), u"frmdist2"_s);
+    enter("txtpartial", u"100000"_s);
+    EXPECT_EQ(find<QComboBox>("cmbPercent")->currentText(), u"40.00"_s);
+    for (int on = 0; on < 3; ++on) {
+        click("Cmdnext");
+    }
+    ASSERT_EQ(screen_name(), u"frmparti"_s);
+    EXPECT_EQ(text_of("lblpartial"), u"$100,000.00"_s);
+    expect_sound_result(100000.0);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(Partial, FixedAmountAndTheLimit) {
+    go_to_length_with_partial("txtpartial", u"40000"_s);
+    click("optlength_1");
+    enter("txtfixamount", u"3000"_s);
+    go_to_result();
+    EXPECT_EQ(grid_rows().front()[3], u"$3,000.00"_s);
+    expect_sound_result(40000.0);
+    click("cmdprev");
+    click("cmdprev");
+    enter("txtfixamount", u"700"_s);
+    go_to_result();
+    EXPECT_EQ(take_messages().size(), 1u);
+    EXPECT_FALSE(find<Grid>("grddist")->isVisible());
+    EXPECT_EQ(text_of("lblscndvalue"), QString());
+}
+
+// All but a cent is paid out; the fee eats the cent before the second date.
+TEST_F(Partial, AmountJustBelowTheBalanceLeavesNothing) {
+    go_to_method(u"06151950"_s, u"250000"_s, u"January"_s, u"2020"_s);
+    click("optmethod_2");
+    enter("txtpartial", u"249999.99"_s);
+    click("chkpartial_0");
+    choose("cmbscnmonth", u"March"_s);
+    click("Cmdnext");
+    click("optlength_2");
+    go_to_result();
+    EXPECT_FALSE(find<Grid>("grddist")->isVisible());
+    EXPECT_TRUE(text_of("lblcover").contains(u"nothing is left"_s));
+    EXPECT_TRUE(work_table_rows().empty());
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
