@@ -71,7 +71,7 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
     auto* card = new QFrame;
     card->setObjectName(u"card"_s);
     column = new QVBoxLayout(card);
-    column->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
+    column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
     auto* option = new QRadioButton(text);
     option->setObjectName(u"optmethod_%1"_s.arg(index));
     column->addWidget(option);
@@ -82,8 +82,8 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
 frmdist2::Boxes frmdist2::frequency_boxes(const char* name, QBoxLayout* column) {
     const QString captions[] = {u"Monthl&y"_s, u"&Quarterly"_s, u"Se&mi-Annually"_s, u"Ann&ually"_s};
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(3 * theme::grid, 0, 0, 0);
-    row->setSpacing(3 * theme::grid);
+    row->setContentsMargins(theme::side_margin(), 0, 0, 0);
+    row->setSpacing(2 * theme::grid);
     Boxes boxes{};
     for (int index = 0; index < 4; ++index) {
         auto* box = new QCheckBox(captions[index]);
@@ -103,7 +103,7 @@ frmdist2::Boxes frmdist2::frequency_boxes(const char* name, QBoxLayout* column) 
 void frmdist2::build_partial(QBoxLayout* card) {
     periodic_after_partial_ = new QWidget;
     auto* column = new QVBoxLayout(periodic_after_partial_);
-    column->setContentsMargins(3 * theme::grid, 0, 0, 0);
+    column->setContentsMargins(theme::side_margin(), 0, 0, 0);
     card->addWidget(periodic_after_partial_);
 
     auto* Label2 = theme::label(u"Partial Amount Certain of:  $"_s, theme::Role::body, "Label2");
@@ -118,13 +118,17 @@ void frmdist2::build_partial(QBoxLayout* card) {
     cmbPercent->setCompleter(nullptr);
     cmbPercent->setMinimumContentsLength(6);
     Label3->setBuddy(cmbPercent);
-    auto* amount = new QHBoxLayout;
-    amount->addWidget(Label2);
-    amount->addWidget(txtpartial);
-    amount->addSpacing(theme::grid);
-    amount->addWidget(Label3);
-    amount->addWidget(cmbPercent);
-    amount->addStretch(1);
+    auto* dollars = new QHBoxLayout;
+    dollars->addWidget(Label2);
+    dollars->addWidget(txtpartial);
+    dollars->addStretch(1);
+    auto* percent = new QHBoxLayout;
+    percent->addWidget(Label3);
+    percent->addWidget(cmbPercent);
+    percent->addStretch(1);
+    QBoxLayout* amount = control::row();
+    amount->addLayout(dollars);
+    amount->addLayout(percent, 1);
     column->addLayout(amount);
 
     column->addWidget(

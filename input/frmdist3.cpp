@@ -44,7 +44,7 @@ std::size_t row_of_age(const Recordset& lifexp, int age) {
 frmdist3::frmdist3(Module1& module1)
     : Screen(module1, "frmdist3",
              {.title = u"Length of Payment (Check only one)"_s, .step = u"Step 3 of 4"_s}) {
-    auto* columns = new QHBoxLayout;
+    QBoxLayout* columns = control::row();
     columns->setSpacing(3 * theme::grid);
     content()->addLayout(columns, 1);
     auto* left = new QVBoxLayout;

@@ -20,6 +20,8 @@ frmdrate::frmdrate(Module1& module1)
     auto* Frame1 = control::frame(u"Assumed Annual &Rate of Return* (Select one or more)"_s, "Frame1");
     auto* column = new QVBoxLayout(Frame1);
     column->setSpacing(theme::grid);
+    const int side = theme::large_text() ? 0 : theme::grid;
+    column->setContentsMargins(side, theme::grid, side, theme::grid);
     build_rates(column);
     content()->addWidget(Frame1);
     build_portfolios(content());

@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "shell/screen.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -36,9 +37,6 @@ QString money(double dollars) {
 // Ticks in our own money pattern, the bounds among them.
 void set_ticks(QCategoryAxis& axis, double upper) {
     constexpr int steps = 5;
-    for (const QString& label : axis.categoriesLabels()) {
-        axis.remove(label);
-    }
     axis.setRange(0.0, upper);
     for (int step = 0; step <= steps; ++step) {
         const double value = upper * step / steps;
@@ -85,9 +83,12 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
     view_->setRenderHint(QPainter::Antialiasing);
     view_->setFocusPolicy(Qt::NoFocus);
     view_->setFrameShape(QFrame::NoFrame);
+    view_->setMinimumHeight(10 * fontMetrics().height());
     readout_->setAlignment(Qt::AlignCenter);
+    readout_->setWordWrap(true);
     readout_->setObjectName(u"lblreadout"_s);
-    auto* keys = new QHBoxLayout(legend_);
+    QBoxLayout* keys = control::row();
+    legend_->setLayout(keys);
     keys->setContentsMargins(0, 0, 0, 0);
     keys->addStretch(1);
     auto* column = new QVBoxLayout(this);
@@ -99,9 +100,6 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
 }
 
 void BarChart::show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper) {
-    series_->clear();
-    qDeleteAll(value_texts_);
-    value_texts_.clear();
     label_axis_->setCategories(labels);
     set_ticks(*value_axis_, upper);
     for (const Set& set : sets) {
@@ -155,10 +153,13 @@ void BarChart::add_legend_key(const QBarSet& set) {
     painter.end();
     auto* picture = new QLabel;
     picture->setPixmap(key);
-    auto* row = static_cast<QHBoxLayout*>(legend_->layout());
-    row->addWidget(picture);
-    row->addWidget(theme::label(set.label(), theme::Role::body));
-    row->addStretch(1);
+    auto* entry = new QHBoxLayout;
+    entry->addWidget(picture);
+    entry->addWidget(theme::label(set.label(), theme::Role::body));
+    entry->addStretch(1);
+    auto* keys = static_cast<QBoxLayout*>(legend_->layout());
+    keys->addLayout(entry);
+    keys->addStretch(1);
 }
 
 void BarChart::select(int place) {
@@ -196,7 +197,7 @@ void BarChart::place_value_texts() {
     }
     const double room = chart_->plotArea().width() / label_axis_->count() * bar_width / sets;
     const bool fits = std::ranges::all_of(value_texts_, [&](const QGraphicsSimpleTextItem* text) {
-        return text->boundingRect().width() <= room;
+        return text->boundingRect().width() + theme::grid <= room;
     });
     for (std::size_t place = 0; place < value_texts_.size(); ++place) {
         QGraphicsSimpleTextItem* text = value_texts_[place];

@@ -28,8 +28,8 @@ public:
 
     BarChart(const char* name, const QString& accessible_name);
 
-    // `upper` is the upper bound of the axis in dollars. The first set is drawn solid, the second
-    // hatched, so that they differ without colour too.
+    // Called once. `upper` is the upper bound of the axis in dollars. The first set is drawn solid, the
+    // second hatched, so that they differ without colour too.
     void show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper);
 
 protected:

@@ -22,7 +22,7 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     content()->setSpacing(theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
-    auto* top = new QHBoxLayout;
+    QBoxLayout* top = control::row();
     top->addWidget(lblsub, 1);
     top->addWidget(rate_list());
     content()->addLayout(top);
@@ -33,8 +33,10 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     values_->setHorizontalSpacing(theme::grid);
     values_->setVerticalSpacing(theme::grid / 2);
     values_->setColumnStretch(0, 3);
-    values_->setColumnMinimumWidth(2, 2 * theme::grid);
-    values_->setColumnStretch(3, 2);
+    if (!theme::large_text()) {
+        values_->setColumnMinimumWidth(2, 2 * theme::grid);
+        values_->setColumnStretch(3, 2);
+    }
     content()->addWidget(card);
 
     result_ = new QStackedWidget;
@@ -85,6 +87,10 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     value->setAccessibleName(caption.trimmed());
+    if (theme::large_text()) {
+        row = values_->count() / 2;
+        column = 0;
+    }
     values_->addWidget(text, row, 3 * column);
     values_->addWidget(value, row, 3 * column + 1);
     return value;

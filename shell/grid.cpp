@@ -69,7 +69,7 @@ void Grid::measure_columns() {
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);
     const QFontMetrics heading_metrics(bold);
-    const int padding = 3 * theme::grid;
+    const int padding = 2 * theme::grid;
     needed_widths_.clear();
     for (int column = 0; column < model()->columnCount(); ++column) {
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();

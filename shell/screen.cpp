@@ -30,7 +30,8 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     auto* page = new QWidget;
     page->setObjectName(u"content"_s);
     content_ = new QVBoxLayout(page);
-    content_->setContentsMargins(3 * theme::grid, 2 * theme::grid, 3 * theme::grid, 2 * theme::grid);
+    const int side = theme::side_margin();
+    content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
     content_->setSpacing(2 * theme::grid);
     scroll_ = new QScrollArea;
     scroll_->setWidgetResizable(true);
@@ -246,6 +247,10 @@ QGroupBox* frame(const QString& caption, const char* name) {
     auto* frame = new QGroupBox(caption);
     frame->setObjectName(QString::fromLatin1(name));
     return frame;
+}
+
+QBoxLayout* row() {
+    return new QBoxLayout(theme::large_text() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 QLabel* paragraph(const QString& text, const char* name) {

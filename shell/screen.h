@@ -111,6 +111,8 @@ QPushButton* button(const QString& text, const char* name);
 // A picture that acts: a button for the mouse, the keyboard and screen readers.
 QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
 QGroupBox* frame(const QString& caption, const char* name);
+// Side by side, or below each other when the text is large.
+QBoxLayout* row();
 // A wrapped label for running text.
 QLabel* paragraph(const QString& text, const char* name = nullptr);
 // Replaces the entries of a list and keeps the chosen one if it is still there; true when it is.

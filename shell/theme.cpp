@@ -23,6 +23,7 @@ Colors make_colors(bool dark) {
     if (dark) {
         return {.window = QColor(0x1b, 0x21, 0x27),
                 .card = QColor(0x25, 0x2d, 0x35),
+                .field = QColor(0x36, 0x41, 0x4c),
                 .border = QColor(0x5a, 0x67, 0x74),
                 .band = QColor(0x0f, 0x2f, 0x46),
                 .band_text = QColor(0xff, 0xff, 0xff),
@@ -33,6 +34,7 @@ Colors make_colors(bool dark) {
     }
     return {.window = QColor(0xf2, 0xf5, 0xf8),
             .card = QColor(0xff, 0xff, 0xff),
+            .field = QColor(0xff, 0xff, 0xff),
             .border = QColor(0xc3, 0xcd, 0xd7),
             .band = QColor(0x17, 0x40, 0x5f),
             .band_text = QColor(0xff, 0xff, 0xff),
@@ -51,8 +53,8 @@ QPalette palette() {
     QPalette palette;
     palette.setColor(QPalette::Window, c.window);
     palette.setColor(QPalette::WindowText, c.text);
-    palette.setColor(QPalette::Base, c.card);
-    palette.setColor(QPalette::AlternateBase, dark_ ? c.card.lighter(116) : QColor(0xf3, 0xf7, 0xfa));
+    palette.setColor(QPalette::Base, c.field);
+    palette.setColor(QPalette::AlternateBase, dark_ ? c.field.darker(112) : QColor(0xf3, 0xf7, 0xfa));
     palette.setColor(QPalette::Text, c.text);
     palette.setColor(QPalette::PlaceholderText, c.note);
     palette.setColor(QPalette::Button, dark_ ? QColor(0x33, 0x3d, 0x47) : QColor(0xfa, 0xfb, 0xfc));
@@ -90,6 +92,7 @@ QString style_sheet(double base) {
         QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
         QLabel[role="value"] { font-weight: 600; }
         QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QCheckBox::indicator, QRadioButton::indicator { width: %15px; height: %15px; }
         QLabel:disabled { color: %14; }
         QScrollArea { background: transparent; border: none; }
         QWidget#content { background: transparent; }
@@ -102,7 +105,8 @@ QString style_sheet(double base) {
              points(1.6), points(1.1), points(1.0), points(3.2))
         .arg(static_cast<int>(base * 2.6))
         .arg(c.note.name(), dark_ ? c.card.lighter(130).name() : u"#e3ebf2"_s, c.text.name(),
-             QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name());
+             QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name())
+        .arg(static_cast<int>(base * 1.3));
 }
 
 const char* role_name(Role role) {
@@ -147,6 +151,14 @@ void apply(QApplication& application) {
     application.setPalette(palette());
     application.setStyleSheet(style_sheet(font.pointSizeF()));
     application.setWindowIcon(icon(u"kelvar"_s));
+}
+
+bool large_text() {
+    return QApplication::font().pointSizeF() > 16.0;
+}
+
+int side_margin() {
+    return large_text() ? grid / 2 : 3 * grid;
 }
 
 const Colors& colors() {
