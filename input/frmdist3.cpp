@@ -167,7 +167,7 @@ void frmdist3::build_tables(QBoxLayout* column) {
 }
 
 void frmdist3::load() {
-    life_rows_ = new RecordTableModel(module.database().lifexp(), life_columns(false), this);
+    life_rows_ = new RecordTableModel(module.database().lifexp(), age_columns(false), this);
     grdlife->setModel(life_rows_);
     add_grid();
     add_grid1();
@@ -184,18 +184,10 @@ void frmdist3::activate() {
     set_age_texts();
 }
 
-std::vector<RecordTableModel::Column> frmdist3::life_columns(bool minimum_distribution) const {
-    const Recordset& lifexp = module.database().lifexp();
-    const std::size_t age = lifexp.column("age");
-    const std::size_t multiple = lifexp.column("multiple");
-    const QString end = minimum_distribution ? u"MIN. DIST. YRS."_s : u"LIFE EXPECTANCY"_s;
-    return {
-        {u"AGE"_s, [=](const Recordset& r, std::size_t row) { return cell_text(r, row, age); }},
-        {u"DIVISOR"_s,
-         [=](const Recordset& r, std::size_t row) { return cell_text(r, row, multiple); }},
-        {end, [=](const Recordset& r, std::size_t row) {
-             return to_qt(number_text(as_number(r.cell(row, age)) + as_number(r.cell(row, multiple))));
-         }}};
+std::vector<RecordTableModel::Column> frmdist3::age_columns(bool minimum_distribution) const {
+    return life_columns(
+        module.database().lifexp(),
+        {u"AGE"_s, u"DIVISOR"_s, minimum_distribution ? u"MIN. DIST. YRS."_s : u"LIFE EXPECTANCY"_s});
 }
 
 // The minimum distribution table stands before the row of age 69, the single life table from it on.
@@ -205,7 +197,7 @@ void frmdist3::add_grid() {
     const std::size_t border = row_of_age(lifexp, oldest_of_single_life_table);
     const std::size_t first = minimum_distribution ? 0 : border;
     const std::size_t end = minimum_distribution ? border : lifexp.RecordCount();
-    life_rows_->set_columns(life_columns(minimum_distribution));
+    life_rows_->set_columns(age_columns(minimum_distribution));
     life_rows_->show_rows(first, end);
 
     const int age = scenario.method == partial_lump_sum

@@ -32,7 +32,7 @@ private:
     void build_life_options(QBoxLayout* column);
     void build_spouse(QBoxLayout* column);
     void build_tables(QBoxLayout* column);
-    std::vector<RecordTableModel::Column> life_columns(bool minimum_distribution) const;
+    std::vector<RecordTableModel::Column> age_columns(bool minimum_distribution) const;
 
     void add_grid();
     void add_grid1();

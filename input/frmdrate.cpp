@@ -4,9 +4,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <algorithm>
 
 #include "input/rate_rules.h"
+#include "shell/portfolios.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -45,18 +47,31 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(2 * theme::grid);
     const bool one_offered = module.screens.offers(ScreenId::frmPortfolios);
-    for (int index = 0; index < 4; ++index) {
-        auto* picture = control::picture(u"portfolio"_s, u"Portfolio %1"_s.arg(index + 1), "");
+    const int columns = theme::large_text() ? 1 : 2;
+    for (int place = 0; place < 4; ++place) {
+        const int index =
+            3 - place;  // the rates begin with the lowest risk, the portfolios with the highest
+        const Portfolio& portfolio = portfolios().at(static_cast<std::size_t>(index));
+        auto* picture = control::picture(u"info"_s, portfolio.name, "");
         picture->setObjectName(u"picrate_%1"_s.arg(index));
+        picture->setIcon(allocation_picture(portfolio, 4 * theme::grid));
+        picture->setIconSize(QSize(4 * theme::grid, 4 * theme::grid));
         auto* text = control::paragraph(u"Click the picture for detailed information"_s);
         text->setObjectName(u"lblport_%1"_s.arg(index));
         text->setBuddy(picture);
         picture->setEnabled(one_offered);
         text->setEnabled(one_offered);
-        connect(picture, &QToolButton::clicked, this,
-                [this, index, picture] { show_portfolio(index, picture); });
-        grid->addWidget(picture, index / 2, 2 * (index % 2));
-        grid->addWidget(text, index / 2, 2 * (index % 2) + 1);
+        connect(picture, &QToolButton::clicked, this, [this, index, picture] {
+            show_portfolio(index, picture->mapTo(this, picture->rect().bottomLeft()));
+        });
+        lblport[static_cast<std::size_t>(index)] = text;
+        auto* words = new QVBoxLayout;
+        words->setSpacing(0);
+        words->addWidget(theme::label(portfolio.name, theme::Role::body));
+        words->addWidget(text);
+        const int at = 2 * (place % columns);
+        grid->addWidget(picture, place / columns, at);
+        grid->addLayout(words, place / columns, at + 1);
     }
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
@@ -119,12 +134,23 @@ void frmdrate::pick_one() {
     }
 }
 
-void frmdrate::show_portfolio(int index, QWidget* picture) {
-    const QPoint position = picture->mapTo(this, picture->rect().bottomLeft());
+void frmdrate::show_portfolio(int index, QPoint position) {
     scenario.portfolio_click_x = position.x();
     scenario.portfolio_click_y = position.y();
     scenario.portfolio_index = static_cast<std::int16_t>(index);
     module.screens.show(ScreenId::frmPortfolios);
+}
+
+// The words beside a picture may be clicked as well.
+bool frmdrate::eventFilter(QObject* watched, QEvent* event) {
+    const auto label = std::ranges::find(lblport, watched);
+    if (label != lblport.end() && event->type() == QEvent::MouseButtonRelease &&
+        (*label)->isEnabled()) {
+        const QPoint position = static_cast<QMouseEvent*>(event)->position().toPoint();
+        show_portfolio(static_cast<int>(label - lblport.begin()), (*label)->mapTo(this, position));
+        return true;
+    }
+    return Screen::eventFilter(watched, event);
 }
 
 void frmdrate::go_next() {

@@ -17,6 +17,7 @@ public:
     void load() override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void go_next() override;
     void go_previous() override;
 
@@ -25,9 +26,10 @@ private:
     void build_portfolios(QBoxLayout* column);
     bool chk_rate();
     void pick_one();
-    void show_portfolio(int index, QWidget* picture);
+    void show_portfolio(int index, QPoint position);
 
     std::array<QCheckBox*, 5> chkrate{};
+    std::array<QLabel*, 4> lblport{};  // by portfolio
 };
 
 }  // namespace kelvar

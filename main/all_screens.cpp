@@ -4,13 +4,19 @@
 #include "input/frmdist2.h"
 #include "input/frmdist3.h"
 #include "input/frmdrate.h"
+#include "output/frmlife.h"
 #include "output/frmlump.h"
 #include "output/frmparti.h"
 #include "output/frmperio.h"
+#include "output/frmvang.h"
+#include "output/frmvang1.h"
+#include "shell/frmPortfolios.h"
 #include "shell/frmclaim.h"
 #include "shell/frmdist.h"
+#include "shell/frmdnote.h"
 #include "shell/frmkelvd.h"
 #include "shell/main_window.h"
+#include "shell/notes.h"
 
 namespace kelvar {
 
@@ -33,6 +39,15 @@ void add_all_screens(MainWindow& window, Module1& module) {
     add<frmlump>(window, module, ScreenId::frmlump);
     add<frmperio>(window, module, ScreenId::frmperio);
     add<frmparti>(window, module, ScreenId::frmparti);
+    add<frmdnote>(window, module, ScreenId::frmdnote);
+    add<frmvang>(window, module, ScreenId::frmvang);
+    add<frmvang1>(window, module, ScreenId::frmvang1);
+    add<frmlife>(window, module, ScreenId::frmlife);
+    for (const Note& note : notes()) {
+        window.add(note.id, [&module, &note] { return new NoteScreen(module, note); });
+    }
+    window.add_modal(ScreenId::frmPortfolios,
+                     [&module](QWidget* parent) { return new frmPortfolios(module, parent); });
     window.add_modal(ScreenId::frmclaim, [](QWidget* parent) { return new frmclaim(parent); });
 }
 

@@ -28,26 +28,11 @@ namespace {
 constexpr double bar_width = 0.8;    // share of a label's room that its bars take
 constexpr double small_font = 0.85;  // of the values above the bars
 
-constexpr const char* whole_money = "$###,###,##0";
-
-QString money(double dollars) {
-    return to_qt(format_number(dollars, "$###,###,##0.00"));
-}
-
-// Ticks in our own money pattern, the bounds among them.
-void set_ticks(QCategoryAxis& axis, double upper) {
-    constexpr int steps = 5;
-    axis.setRange(0.0, upper);
-    for (int step = 0; step <= steps; ++step) {
-        const double value = upper * step / steps;
-        axis.append(to_qt(format_number(value, whole_money)), value);
-    }
-}
-
 }  // namespace
 
-BarChart::BarChart(const char* name, const QString& accessible_name)
-    : chart_(new QChart),
+BarChart::BarChart(const char* name, const QString& accessible_name, Unit unit)
+    : unit_(unit),
+      chart_(new QChart),
       view_(new QChartView(chart_)),
       series_(new QBarSeries),
       label_axis_(new QBarCategoryAxis),
@@ -83,7 +68,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
     view_->setRenderHint(QPainter::Antialiasing);
     view_->setFocusPolicy(Qt::NoFocus);
     view_->setFrameShape(QFrame::NoFrame);
-    view_->setMinimumHeight(10 * fontMetrics().height());
+    setMinimumHeight(16 * fontMetrics().height());
     readout_->setAlignment(Qt::AlignCenter);
     readout_->setWordWrap(true);
     readout_->setObjectName(u"lblreadout"_s);
@@ -101,7 +86,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
 
 void BarChart::show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper) {
     label_axis_->setCategories(labels);
-    set_ticks(*value_axis_, upper);
+    set_ticks(upper);
     for (const Set& set : sets) {
         add_set(set);
     }
@@ -110,7 +95,7 @@ void BarChart::show_bars(const QStringList& labels, const std::vector<Set>& sets
     for (qsizetype label = 0; label < labels.size(); ++label) {
         for (const Set& set : sets) {
             const double value = set.values[static_cast<std::size_t>(label)];
-            auto* text = new QGraphicsSimpleTextItem(to_qt(format_number(value, whole_money)), chart_);
+            auto* text = new QGraphicsSimpleTextItem(short_text(value), chart_);
             text->setFont(value_font);
             text->setBrush(palette().windowText());
             text->setZValue(20);
@@ -120,6 +105,25 @@ void BarChart::show_bars(const QStringList& labels, const std::vector<Set>& sets
     selected_ = 0;
     place_value_texts();
     say_selected();
+}
+
+// The bounds are among the ticks.
+void BarChart::set_ticks(double upper) {
+    constexpr int steps = 5;
+    value_axis_->setRange(0.0, upper);
+    for (int step = 0; step <= steps; ++step) {
+        const double value = upper * step / steps;
+        value_axis_->append(short_text(value), value);
+    }
+}
+
+QString BarChart::short_text(double value) const {
+    return to_qt(format_number(value, unit_ == Unit::dollars ? "$###,###,##0" : "##0"));
+}
+
+QString BarChart::full_text(double value) const {
+    return unit_ == Unit::dollars ? to_qt(format_number(value, "$###,###,##0.00"))
+                                  : short_text(value) + u" years"_s;
 }
 
 void BarChart::add_set(const Set& set) {
@@ -183,8 +187,8 @@ void BarChart::say_selected() {
     if (hasFocus()) {
         set->selectBar(label);
     }
-    const QString sentence =
-        label_axis_->at(label) + u": "_s + set->label() + u" "_s + money(set->at(label));
+    const QString sentence = label_axis_->at(label) + u": "_s + set->label() +
+                             (unit_ == Unit::dollars ? u" "_s : u": "_s) + full_text(set->at(label));
     readout_->setText(sentence);
     setAccessibleDescription(sentence);
 }

@@ -23,12 +23,14 @@ class BarChart : public QWidget {
 public:
     struct Set {
         QString name;
-        std::vector<double> values;  // dollars, one per label
+        std::vector<double> values;  // one per label
     };
 
-    BarChart(const char* name, const QString& accessible_name);
+    enum class Unit { dollars, years };
 
-    // Called once. `upper` is the upper bound of the axis in dollars. The first set is drawn solid, the
+    BarChart(const char* name, const QString& accessible_name, Unit unit = Unit::dollars);
+
+    // Called once. `upper` is the upper bound of the axis. The first set is drawn solid, the
     // second hatched, so that they differ without colour too.
     void show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper);
 
@@ -43,7 +45,11 @@ private:
     void select(int place);
     void say_selected();
     void place_value_texts();
+    void set_ticks(double upper);
+    QString short_text(double value) const;  // on the axis and above the bars
+    QString full_text(double value) const;   // in words below the chart
 
+    Unit unit_;
     QChart* chart_ = nullptr;
     QChartView* view_ = nullptr;
     QBarSeries* series_ = nullptr;

@@ -43,8 +43,7 @@ frmclaim::frmclaim(QWidget* parent) : QDialog(parent) {
     layout->setSpacing(2 * theme::grid);
     layout->addWidget(theme::label(u"Please Note:"_s, theme::Role::section, "lblnote1"));
 
-    auto* page = new QWidget;
-    page->setObjectName(u"content"_s);
+    auto* page = new ScrolledPage;
     auto* lines = new QVBoxLayout(page);
     lines->setContentsMargins(0, 0, theme::grid, 0);
     lines->setSpacing(theme::grid);

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "core/numbers.h"
+#include "shell/text.h"
+
 namespace kelvar {
 
 RecordTableModel::RecordTableModel(const Recordset& records, std::vector<Column> columns,
@@ -59,6 +62,22 @@ QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, 
         return QVariant(static_cast<int>(column.alignment | Qt::AlignVCenter) | Qt::TextWordWrap);
     }
     return {};
+}
+
+std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
+                                                   const QStringList& headings) {
+    const std::size_t age = lifexp.column("age");
+    const std::size_t multiple = lifexp.column("multiple");
+    const auto cell = [](std::size_t column) {
+        return [column](const Recordset& records, std::size_t row) {
+            return to_qt(as_text(records.cell(row, column)));
+        };
+    };
+    const auto sum = [age, multiple](const Recordset& records, std::size_t row) {
+        return to_qt(
+            number_text(as_number(records.cell(row, age)) + as_number(records.cell(row, multiple))));
+    };
+    return {{headings[0], cell(age)}, {headings[1], cell(multiple)}, {headings[2], sum}};
 }
 
 }  // namespace kelvar

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <functional>
 #include <vector>
 
@@ -38,5 +39,9 @@ private:
     std::size_t first_ = 0;
     std::size_t end_ = 0;
 };
+
+// Columns of the life expectancy table: age, divisor and their sum, without binary noise.
+std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
+                                                   const QStringList& headings);
 
 }  // namespace kelvar

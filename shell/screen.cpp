@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include "shell/text.h"
@@ -27,8 +28,7 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     column->setSpacing(0);
     build_title_band(layout, column);
 
-    auto* page = new QWidget;
-    page->setObjectName(u"content"_s);
+    auto* page = new ScrolledPage;
     content_ = new QVBoxLayout(page);
     const int side = theme::side_margin();
     content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
@@ -36,9 +36,7 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     scroll_ = new QScrollArea;
     scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::NoFocus);
-    scroll_->viewport()->setAutoFillBackground(false);
     scroll_->setWidget(page);
-    page->setAutoFillBackground(false);
     column->addWidget(scroll_, 1);
 
     build_navigation(layout, column);
@@ -81,6 +79,15 @@ void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
         connect(picprev, &QToolButton::clicked, this, [this] { go_previous(); });
         connect(cmdprev, &QPushButton::clicked, this, [this] { go_previous(); });
     }
+    if (layout.close_with != nullptr) {
+        Cmdnext = control::button(u"&OK"_s, layout.close_with);
+        Cmdnext->setDefault(true);
+        set_first_field(Cmdnext);
+        connect(Cmdnext, &QPushButton::clicked, this, [this] { go_next(); });
+        navigation_->addWidget(Cmdnext);
+        column->addWidget(bar);
+        return;
+    }
     if (layout.next) {
         Cmdnext = control::button(u"&Next"_s, "Cmdnext");
         Cmdnext->setDefault(true);
@@ -115,7 +122,28 @@ void Screen::arrange_tab_order() {
 }
 
 QWidget* Screen::last_focus() const {
-    return last_focus_ != nullptr && last_focus_->isEnabled() ? last_focus_.data() : cmdclose;
+    if (last_focus_ != nullptr && last_focus_->isEnabled()) {
+        return last_focus_;
+    }
+    return cmdclose != nullptr ? cmdclose : Cmdnext;
+}
+
+void Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
+    // A maximum width of the label would do, but its height would then be reckoned for the full width.
+    const int empty_share = theme::large_text() ? 0 : 1;
+    for (const auto& [heading, text] : paragraphs) {
+        if (!heading.isEmpty()) {
+            content_->addWidget(theme::label(heading, theme::Role::section));
+        }
+        if (!text.isEmpty()) {
+            auto* running = theme::label(text, theme::Role::body);
+            running->setWordWrap(true);
+            auto* row = new QHBoxLayout;
+            row->addWidget(running, 4);
+            row->addStretch(empty_share);
+            content_->addLayout(row);
+        }
+    }
 }
 
 void Screen::help_but() {
@@ -200,8 +228,19 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-// Enter is Next, unless the focus is on another button: then Enter presses that one.
+// Enter is Next, unless the focus is on another button: then Enter presses that one. Escape closes a
+// note. Page keys scroll a long text, whatever has the focus.
 void Screen::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && cmdclose == nullptr) {
+        Cmdnext->click();  // a note
+        return;
+    }
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        scroll_->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
+                                                        ? QAbstractSlider::SliderPageStepSub
+                                                        : QAbstractSlider::SliderPageStepAdd);
+        return;
+    }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QWidget::keyPressEvent(event);
         return;
@@ -221,6 +260,17 @@ void Screen::showEvent(QShowEvent* event) {
 void Screen::hideEvent(QHideEvent* event) {
     qApp->removeEventFilter(this);
     QWidget::hideEvent(event);
+}
+
+ScrolledPage::ScrolledPage() {
+    setObjectName(u"content"_s);
+}
+
+bool ScrolledPage::event(QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
+        setMinimumHeight(layout()->minimumHeightForWidth(width()));
+    }
+    return QWidget::event(event);
 }
 
 namespace control {

@@ -18,6 +18,12 @@ class QScrollArea;
 
 namespace kelvar {
 
+// A paragraph of a note; either part may be empty.
+struct Paragraph {
+    QString heading;
+    QString text;
+};
+
 class Screen : public QWidget {
     Q_OBJECT
 
@@ -29,6 +35,8 @@ public:
         bool help = true;
         bool previous = true;
         bool next = true;
+        // Name of the one button of a note, in place of the whole row: it goes back and says OK.
+        const char* close_with = nullptr;
     };
 
     Screen(Module1& module, const char* name, const Layout& layout);
@@ -44,7 +52,8 @@ public:
     QWidget* last_focus() const;
 
 protected:
-    // Actions of the navigation row. Close ends the program through the fixed closing order.
+    // Actions of the navigation row. The one button of a note is Next. Close ends the program through
+    // the fixed closing order.
     virtual void go_next() {}
     virtual void go_previous() {}
     virtual void help_but();
@@ -72,6 +81,8 @@ protected:
     // the event loop, so that the click that took the focus away is complete.
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
+    // Adds headed running text at a line length that reads well.
+    void add_paragraphs(const std::vector<Paragraph>& paragraphs);
     QVBoxLayout* content() const { return content_; }
     QHBoxLayout* navigation() const { return navigation_; }
 
@@ -102,6 +113,18 @@ private:
     std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
     QPointer<QWidget> last_focus_;
     bool error_shown_ = false;
+};
+
+// What scrolls in a scroll area. It is as high as its wrapped texts need at its width; left to itself
+// the scroll area would cut them off.
+class ScrolledPage : public QWidget {
+    Q_OBJECT
+
+public:
+    ScrolledPage();
+
+protected:
+    bool event(QEvent* event) override;
 };
 
 // Controls that every screen builds alike.

@@ -99,7 +99,7 @@ QString style_sheet(double base) {
         QHeaderView::section { background: %12; color: %13; font-weight: 600; border: none;
                                border-bottom: 1px solid %4; padding: 4px 8px; }
         QTableView { border: 1px solid %4; gridline-color: transparent; }
-        QTableView::item { border: 0px; padding: 0px 8px; }
+        kelvar--Grid::item { border: 0px; padding: 0px 8px; }
         QTableView:focus { border: 2px solid %5; }
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))

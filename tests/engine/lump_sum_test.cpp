@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/axis.h"
+#include "engine/duration.h"
 #include "engine/schedule.h"
 
 namespace kelvar::test {
@@ -34,6 +35,17 @@ TEST(Axis, RoundsUpToTheNextTwoDigits) {
     for (const auto& [largest, bound] : cases) {
         EXPECT_EQ(y_max(largest), bound) << largest;
     }
+}
+
+// The four figures that the note quotes, no return at all, and withdrawals that the growth covers.
+TEST(Duration, WholeYearsOrNever) {
+    EXPECT_EQ(years_payments_last(15.0, 5.0), 8);
+    EXPECT_EQ(years_payments_last(10.0, 5.0), 14);
+    EXPECT_EQ(years_payments_last(10.0, 6.0), 15);
+    EXPECT_EQ(years_payments_last(10.0, 8.0), 20);
+    EXPECT_EQ(years_payments_last(10.0, 0.0), 10);
+    EXPECT_EQ(years_payments_last(6.0, 6.0), std::nullopt);
+    EXPECT_EQ(years_payments_last(5.0, 6.0), std::nullopt);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,7 +15,6 @@
 
 #include "core/numbers.h"
 #include "main/all_screens.h"
-#include "shell/frmclaim.h"
 #include "shell/message_dialog.h"
 #include "shell/text.h"
 
@@ -38,9 +38,10 @@ UiTest::~UiTest() {
 }
 
 bool UiTest::eventFilter(QObject* watched, QEvent* event) {
-    if (auto* note = qobject_cast<frmclaim*>(watched);
-        note != nullptr && event->type() == QEvent::Show) {
-        ++notes_shown;
+    auto* note = qobject_cast<QDialog*>(watched);
+    const bool is_message = qobject_cast<MessageDialog*>(watched) != nullptr;
+    if (note != nullptr && !is_message && event->type() == QEvent::Show) {
+        notes_shown << note->objectName();
         QTimer::singleShot(0, note, [note] { QTest::keyClick(note, Qt::Key_Escape); });
     }
     auto* dialog = qobject_cast<MessageDialog*>(watched);

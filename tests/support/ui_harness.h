@@ -25,8 +25,8 @@ public:
     Date today{std::chrono::year{2020} / 1 / 15};
     // How yes/no messages are answered.
     bool answer_yes = false;
-    // How often the disclaimer was shown, and closed with Escape.
-    int notes_shown = 0;
+    // Names of the modal notes shown, each closed with Escape.
+    QStringList notes_shown;
     // Texts of the messages and questions shown since the last call.
     std::vector<std::string> take_messages();
 

@@ -46,7 +46,8 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     const QStringList result_row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s, u"cmdclose"_s};
     expect_tab_order({u"lblkelv"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
-    expect_tab_order({u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
+    expect_tab_order({u"pictime"_s, u"Picmethod"_s, u"piclengt"_s, u"piclast"_s, u"cmdchart"_s,
+                      u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
     EXPECT_EQ(focus_name(), u"mskbirth"_s);
     enter("mskbirth", u"06151950"_s);
@@ -74,9 +75,10 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
                      row);
     click("oplifeexp_0");
     click("Cmdnext");
-    expect_tab_order(
-        QStringList{u"chkrate_0"_s, u"chkrate_1"_s, u"chkrate_2"_s, u"chkrate_3"_s, u"chkrate_4"_s} +
-        row);
+    expect_tab_order(QStringList{u"chkrate_0"_s, u"chkrate_1"_s, u"chkrate_2"_s, u"chkrate_3"_s,
+                                 u"chkrate_4"_s, u"picrate_3"_s, u"picrate_2"_s, u"picrate_1"_s,
+                                 u"picrate_0"_s, u"picnote"_s} +
+                     row);
     click("chkrate_3");
     click("Cmdnext");
     expect_tab_order(QStringList{u"cmbrate"_s, u"grddist"_s} + result_row);
@@ -113,7 +115,18 @@ TEST_F(ScreenTest, FrequencyBoxesAllowOneTick) {
     }
     click("chkperiod_2");
     EXPECT_EQ(module->scenario.frequency, 0);
-    EXPECT_FALSE(find<QWidget>("optmethod_3")->isEnabled()) << "there is no rollover note yet";
+}
+
+TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
+    go_to_method();
+    click("optmethod_3");
+    EXPECT_EQ(screen_name(), u"frmderrmsg"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(screen_name(), u"frmdist2"_s);
+    EXPECT_FALSE(find<QWidget>("Cmdnext")->isEnabled());
+    EXPECT_FALSE(find<QWidget>("chkperiod_0")->isEnabled());
+    click("optmethod_1");
+    EXPECT_TRUE(find<QWidget>("Cmdnext")->isEnabled());
 }
 
 TEST_F(ScreenTest, MissingHelpFileGivesOneMessage) {

@@ -1,0 +1,39 @@
+#include "output/frmlife.h"
+
+#include "core/numbers.h"
+#include "shell/grid.h"
+#include "shell/record_table_model.h"
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+frmlife::frmlife(Module1& module1)
+    : Screen(module1, "frmlife", {.title = u"Please Note..."_s, .step = {}, .next = false}) {
+    content()->addWidget(
+        theme::label(u"Life Expectancy/Minimum Distribution Chart*"_s, theme::Role::section, "Label1"));
+}
+
+void frmlife::load() {
+    add_grid();
+    content()->addWidget(control::paragraph(u"* Life Expectancy=age+multiple"_s, "Label1_1"));
+}
+
+void frmlife::add_grid() {
+    const Recordset& lifexp = module.database().lifexp();
+    auto* grdlife = new Grid("grdlife", u"Life Expectancy/Minimum Distribution Chart"_s);
+    auto* rows = new RecordTableModel(
+        lifexp, life_columns(lifexp, {u"AGE"_s, u"MULTIPLE"_s, u"LIFE EXPECTANCY"_s}), this);
+    rows->show_rows(0, lifexp.RecordCount());
+    grdlife->setModel(rows);
+    content()->addWidget(grdlife, 1);
+    set_first_field(grdlife);
+}
+
+void frmlife::go_previous() {
+    module.screens.close(ScreenId::frmlife);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "shell/screen.h"
+
+namespace kelvar {
+
+// The whole single life expectancy and minimum distribution table, in the table's own order.
+class frmlife : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmlife(Module1& module);
+    void load() override;
+
+protected:
+    void go_previous() override;
+
+private:
+    void add_grid();
+};
+
+}  // namespace kelvar

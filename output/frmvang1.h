@@ -1,0 +1,22 @@
+#pragma once
+
+#include "shell/screen.h"
+
+namespace kelvar {
+
+// How to make payments last longer: the table of durations.
+class frmvang1 : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmvang1(Module1& module);
+
+protected:
+    void go_next() override;
+    void go_previous() override;
+
+private:
+    void build_table();
+};
+
+}  // namespace kelvar

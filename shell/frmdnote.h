@@ -1,0 +1,18 @@
+#pragma once
+
+#include "shell/screen.h"
+
+namespace kelvar {
+
+// All four portfolios.
+class frmdnote : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmdnote(Module1& module);
+
+protected:
+    void go_next() override;
+};
+
+}  // namespace kelvar

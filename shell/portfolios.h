@@ -1,0 +1,30 @@
+// The four pre-arranged portfolios and how one is shown.
+#pragma once
+
+#include <QGroupBox>
+#include <QPixmap>
+#include <QStringList>
+#include <array>
+
+namespace kelvar {
+
+struct Portfolio {
+    QString name;
+    QString overview_name;  // as the overview of all four spells it
+    int fixed_income_percent;
+    QString fixed_income;
+    QStringList fixed_income_funds;
+    QString equity;
+    QStringList equity_funds;
+};
+
+// From the highest risk to the lowest.
+const std::array<Portfolio, 4>& portfolios();
+
+// A pie of the shares: fixed income hatched, equity solid. `size` in pixels.
+QPixmap allocation_picture(const Portfolio& portfolio, int size);
+
+enum class PortfolioName { alone, in_overview };
+QGroupBox* portfolio_frame(int index, PortfolioName name);
+
+}  // namespace kelvar

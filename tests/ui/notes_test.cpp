@@ -1,0 +1,103 @@
+// Every way to a note or table leads there and back again.
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <QGroupBox>
+#include <QScreen>
+#include <QTableView>
+
+#include "shell/frmPortfolios.h"
+#include "tests/support/ui_harness.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Notes : public UiTest {
+public:
+    void there_and_back(const char* button, const char* screen, const char* back) {
+        const QString from = screen_name();
+        click(button);
+        EXPECT_EQ(screen_name(), QString::fromLatin1(screen)) << button;
+        click(back);
+        EXPECT_EQ(screen_name(), from) << back;
+    }
+};
+
+TEST_F(Notes, LeadThereAndBack) {
+    click("Cmdnext");
+    there_and_back("pictime", "frmtimin", "cmdok");
+    there_and_back("Picmethod", "frmethod", "cmdok");
+    there_and_back("piclengt", "frmlengt", "cmdok");
+    there_and_back("piclast", "frmvang", "cmdprev");
+    click("cmdchart");
+    there_and_back("Cmdnext", "frmvang1", "picprev");
+    click("picnext");
+    ASSERT_EQ(screen_name(), u"frmvang1"_s);
+    there_and_back("Cmdnext", "frmlife", "cmdprev");
+    there_and_back("pichart", "frmlife", "picprev");
+}
+
+TEST_F(Notes, OnTheRatesScreen) {
+    go_to_rates();
+    there_and_back("picnote", "frmdnote", "cmdnoteok");
+    click("picrate_2");
+    EXPECT_EQ(module->scenario.portfolio_index, 2);
+    click("lblport_0");
+    EXPECT_EQ(module->scenario.portfolio_index, 0);
+    EXPECT_EQ(notes_shown, (QStringList{u"frmPortfolios"_s, u"frmPortfolios"_s}));
+    EXPECT_EQ(screen_name(), u"frmdrate"_s);
+}
+
+// Wherever the user pointed, the note stays on the screen; it spells the name that the overview
+// misspells.
+TEST_F(Notes, OnePortfolioStaysOnTheScreen) {
+    module->scenario.portfolio_index = 2;
+    for (const double far : {-5000.0, 5000.0}) {
+        module->scenario.portfolio_click_x = far;
+        module->scenario.portfolio_click_y = far;
+        const frmPortfolios note(*module, window.get());
+        EXPECT_TRUE(window->screen()->availableGeometry().contains(note.pos()));
+        EXPECT_EQ(note.findChild<QGroupBox*>(u"framPort_2"_s)->title(),
+                  u"Moderately Low Return/Risk Portfolio"_s);
+    }
+}
+
+TEST_F(Notes, DurationTableSaysACellInWords) {
+    for (const char* button : {"Cmdnext", "piclast", "Cmdnext"}) {
+        click(button);
+    }
+    auto* table = find<QTableView>("grdduration");
+    const auto say = [&](const QString& withdrawal, const QString& rate) {
+        for (int row = 1; row < table->model()->rowCount(); ++row) {
+            for (int column = 1; column < table->model()->columnCount(); ++column) {
+                if (table->model()->index(row, 0).data() == withdrawal &&
+                    table->model()->index(0, column).data() == rate) {
+                    table->setCurrentIndex(table->model()->index(row, column));
+                }
+            }
+        }
+        return text_of("lblcell").toStdString();
+    };
+    EXPECT_EQ(say(u"10%"_s, u"6%"_s), "10 % a year at 6 % lasts 15 years");
+    EXPECT_EQ(say(u"5%"_s, u"8%"_s), "5 % a year at 8 % never empties the account");
+    table->setCurrentIndex(table->model()->index(0, 3));
+    EXPECT_EQ(text_of("lblcell"), QString());
+}
+
+TEST_F(Notes, LifeTableShowsTheWholeTableInItsOwnOrder) {
+    for (const char* button : {"Cmdnext", "piclast", "Cmdnext", "Cmdnext"}) {
+        click(button);
+    }
+    const auto* rows = find<QTableView>("grdlife")->model();
+    EXPECT_EQ(rows->rowCount(), 105);
+    EXPECT_EQ(rows->index(0, 0).data().toString(), u"120"_s);
+    EXPECT_EQ(rows->index(51, 1).data().toString(), u"19.6"_s);
+    EXPECT_EQ(rows->index(51, 2).data().toString(), u"88.6"_s);
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
