@@ -1,7 +1,6 @@
 #include "input/frmdist2.h"
 
 #include <QButtonGroup>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QKeyEvent>
@@ -13,6 +12,7 @@
 
 #include "core/numbers.h"
 #include "input/distribution_rules.h"
+#include "input/frequency_boxes.h"
 #include "input/lists.h"
 #include "shell/text.h"
 #include "shell/theme.h"
@@ -79,24 +79,11 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
     return card;
 }
 
-frmdist2::Boxes frmdist2::frequency_boxes(const char* name, QBoxLayout* column) {
-    const QString captions[] = {u"Monthl&y"_s, u"&Quarterly"_s, u"Se&mi-Annually"_s, u"Ann&ually"_s};
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(theme::side_margin(), 0, 0, 0);
-    row->setSpacing(2 * theme::grid);
-    Boxes boxes{};
-    for (int index = 0; index < 4; ++index) {
-        auto* box = new QCheckBox(captions[index]);
-        box->setObjectName(u"%1_%2"_s.arg(QString::fromLatin1(name)).arg(index));
-        row->addWidget(box);
-        boxes[static_cast<std::size_t>(index)] = box;
-    }
-    for (int index = 0; index < 4; ++index) {
-        connect(boxes[static_cast<std::size_t>(index)], &QCheckBox::clicked, this,
-                [this, boxes, index] { choose_frequency(boxes, index); });
-    }
-    row->addStretch(1);
-    column->addLayout(row);
+FrequencyBoxes* frmdist2::frequency_boxes(const char* name, QBoxLayout* column) {
+    auto* boxes = new FrequencyBoxes(QString::fromLatin1(name));
+    connect(boxes, &FrequencyBoxes::changed, this,
+            [this, boxes] { scenario.frequency = boxes->frequency(); });
+    column->addWidget(boxes);
     return boxes;
 }
 
@@ -219,13 +206,13 @@ void frmdist2::choose_method(int index) {
             scenario.method = periodic_payments;
             enable_cmd();
             en_f2();
-            take_over_frequency(chkperiod);
+            scenario.frequency = chkperiod->frequency();
             break;
         case 2:
             scenario.method = partial_lump_sum;
             enable_cmd();
             en_f3();
-            take_over_frequency(chkpartial);
+            scenario.frequency = chkpartial->frequency();
             take_partial_amount();
             take_commencement();
             break;
@@ -237,23 +224,12 @@ void frmdist2::choose_method(int index) {
     }
 }
 
-// At most one box of a group stays ticked.
-void frmdist2::choose_frequency(const Boxes& boxes, int index) {
-    for (int other = 0; other < 4; ++other) {
-        if (other != index) {
-            boxes[static_cast<std::size_t>(other)]->setChecked(false);
-        }
-    }
-    take_over_frequency(boxes);
+void frmdist2::en_f2() {
+    chkperiod->setEnabled(true);
 }
 
-void frmdist2::take_over_frequency(const Boxes& boxes) {
-    scenario.frequency = 0;
-    for (int index = 0; index < 4; ++index) {
-        if (boxes[static_cast<std::size_t>(index)]->isChecked()) {
-            scenario.frequency = frequency_of_box(index);
-        }
-    }
+void frmdist2::dis_f2() {
+    chkperiod->setEnabled(false);
 }
 
 void frmdist2::set_next_enabled(bool enabled) {
@@ -261,18 +237,12 @@ void frmdist2::set_next_enabled(bool enabled) {
     picnext->setEnabled(enabled);
 }
 
-void frmdist2::set_periodic_enabled(bool enabled) {
-    for (QCheckBox* box : chkperiod) {
-        box->setEnabled(enabled);
-    }
-}
-
 // An entry of the list was picked, or stepped to; only picking one moves on.
 void frmdist2::percentage_chosen() {
     const bool picked = cmbPercent->take_popup_used() && cmbPercent->hasFocus();
     clear_error();
     if (percentage_typed() && picked) {
-        focus_field(chkpartial[0]);
+        focus_field("chkpartial_0");
     }
 }
 
@@ -327,7 +297,7 @@ void frmdist2::partial_amount_left(Leaving leaving) {
     if (const Check check = partial_msg(scenario)) {
         refuse(check->text, check->field);
     } else if (leaving.by_tab) {
-        focus_field(chkpartial[0]);
+        focus_field("chkpartial_0");
     }
 }
 
@@ -365,7 +335,7 @@ bool frmdist2::eventFilter(QObject* watched, QEvent* event) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             clear_error();
             if (percentage_typed()) {
-                focus_field(chkpartial[0]);
+                focus_field("chkpartial_0");
             }
             return true;
         }

@@ -4,13 +4,13 @@
 
 #include "shell/screen.h"
 
-class QCheckBox;
 class QFrame;
 class QLineEdit;
 class QRadioButton;
 
 namespace kelvar {
 
+class FrequencyBoxes;
 class PopupList;
 
 // Method of distribution: lump sum, periodic payments, or an amount certain with payments after it.
@@ -28,24 +28,19 @@ protected:
     void go_previous() override;
 
 private:
-    using Boxes = std::array<QCheckBox*, 4>;
-
     void build_methods();
     void build_partial(QBoxLayout* column);
     void build_commencement(QBoxLayout* column);
     QFrame* method_card(int index, const QString& text, QBoxLayout*& column);
-    Boxes frequency_boxes(const char* name, QBoxLayout* column);
+    FrequencyBoxes* frequency_boxes(const char* name, QBoxLayout* column);
 
     void choose_method(int index);
-    void choose_frequency(const Boxes& boxes, int index);
-    void take_over_frequency(const Boxes& boxes);
 
     void enable_cmd() { set_next_enabled(true); }
     void disable_cmd() { set_next_enabled(false); }
     void set_next_enabled(bool enabled);
-    void en_f2() { set_periodic_enabled(true); }
-    void dis_f2() { set_periodic_enabled(false); }
-    void set_periodic_enabled(bool enabled);
+    void en_f2();
+    void dis_f2();
     void en_f3() { periodic_after_partial_->setEnabled(true); }
     void dis_f3() { periodic_after_partial_->setEnabled(false); }
 
@@ -62,8 +57,8 @@ private:
     void next_screen();
 
     std::array<QRadioButton*, 4> optmethod{};
-    Boxes chkperiod{};
-    Boxes chkpartial{};
+    FrequencyBoxes* chkperiod = nullptr;
+    FrequencyBoxes* chkpartial = nullptr;
     QWidget* periodic_after_partial_ = nullptr;
     QLineEdit* txtpartial = nullptr;
     PopupList* cmbPercent = nullptr;

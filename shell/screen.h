@@ -68,6 +68,7 @@ protected:
     void clear_error() { error_shown_ = false; }
 
     static void focus_field(QWidget* field);
+    void focus_field(std::string_view name);
 
     void set_first_field(QWidget* field) { last_focus_ = field; }
 
