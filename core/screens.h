@@ -44,6 +44,10 @@ public:
     // Destroys the screen; harmless when it was never created. Closing mdifrmd ends the program.
     virtual void close(ScreenId id) = 0;
 
+    // Opens the help file at the page of a screen and goes on. Throws std::runtime_error when the file
+    // cannot be opened.
+    virtual void show_help(const std::string& help_file, const std::string& screen_name) = 0;
+
     // Shows the message screen and waits until the user has closed it.
     virtual void show_message(const std::string& text) = 0;
     // Shows the yes/no message screen and waits; true for yes.

@@ -63,7 +63,7 @@ void frmdist1::build_value() {
 }
 
 void frmdist1::build_month() {
-    auto* framtime = control::frame(u"Choose the &Month You Wish to Begin Payments"_s, "framtime");
+    auto* framtime = control::frame(u"Choose the Month You Wish to Begin Payments"_s, "framtime");
     auto* grid = new QGridLayout(framtime);
     grid->setHorizontalSpacing(2 * theme::grid);
     grid->setVerticalSpacing(theme::grid);
@@ -71,8 +71,8 @@ void frmdist1::build_month() {
     Cmbfrstyear = control::list("Cmbfrstyear", u"First payment year"_s);
     lblage = theme::label({}, theme::Role::value, "lblage");
     lblage->setAccessibleName(u"Age at the first payment"_s);
-    auto* lblmonth = theme::label(u"Month"_s, theme::Role::body, "lbltime_0");
-    auto* lblyear = theme::label(u"Year"_s, theme::Role::body, "lbltime_1");
+    auto* lblmonth = theme::label(u"&Month"_s, theme::Role::body, "lbltime_0");
+    auto* lblyear = theme::label(u"&Year"_s, theme::Role::body, "lbltime_1");
     lblmonth->setBuddy(Cmbfrstmonth);
     lblyear->setBuddy(Cmbfrstyear);
     grid->addWidget(lblmonth, 0, 0);
@@ -148,9 +148,10 @@ void frmdist1::get_month() {
     control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
 }
 
+// A return to the menu keeps the old date of birth, but no age: then none has been entered here yet.
 void frmdist1::get_year() {
-    control::refill(Cmbfrstyear,
-                    year_entries(first_payment_years(scenario.birth_date, module.today())));
+    const Date birth = scenario.current_age == 0 ? no_date : scenario.birth_date;
+    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())));
 }
 
 void frmdist1::chk_year() {

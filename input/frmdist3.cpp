@@ -29,11 +29,11 @@ QString cell_text(const Recordset& records, std::size_t row, std::size_t column)
     return to_qt(as_text(records.cell(row, column)));
 }
 
-// The row of an age in `lifexp`, or the number of rows.
-std::size_t row_of_age(const Recordset& lifexp, int age) {
-    const std::size_t column = lifexp.column("age");
+// The first row of an age in a table, or the number of rows.
+std::size_t row_of_age(const Recordset& table, const char* field, int age) {
+    const std::size_t column = table.column(field);
     std::size_t row = 0;
-    while (row < lifexp.RecordCount() && as_number(lifexp.cell(row, column)) != age) {
+    while (row < table.RecordCount() && as_number(table.cell(row, column)) != age) {
         ++row;
     }
     return row;
@@ -194,7 +194,7 @@ std::vector<RecordTableModel::Column> frmdist3::age_columns(bool minimum_distrib
 void frmdist3::add_grid() {
     const Recordset& lifexp = module.database().lifexp();
     const bool minimum_distribution = payment_start_age(scenario) >= minimum_distribution_from;
-    const std::size_t border = row_of_age(lifexp, oldest_of_single_life_table);
+    const std::size_t border = row_of_age(lifexp, "age", oldest_of_single_life_table);
     const std::size_t first = minimum_distribution ? 0 : border;
     const std::size_t end = minimum_distribution ? border : lifexp.RecordCount();
     life_rows_->set_columns(age_columns(minimum_distribution));
@@ -203,7 +203,7 @@ void frmdist3::add_grid() {
     const int age = scenario.method == partial_lump_sum
                         ? payment_start_age(scenario)
                         : participant_lookup_age(scenario, module.today());
-    const std::size_t own = row_of_age(lifexp, age);
+    const std::size_t own = row_of_age(lifexp, "age", age);
     if (own >= first && own < end) {
         grdlife->selectRow(static_cast<int>(own - first));
     }
@@ -264,6 +264,10 @@ void frmdist3::choose_life(int index) {
         return;
     }
     if (joint_life_available(scenario.birth_date, module.today())) {
+        const std::size_t own =
+            row_of_age(module.database().joinlife(), "PartAge", payment_start_age(scenario));
+        grdlife1->scrollTo(grdlife1->model()->index(static_cast<int>(own), 0),
+                           QTableView::PositionAtTop);
         mskbenebirth->setFocus();
         return;
     }

@@ -96,6 +96,7 @@ void frmdist::build_options() {
         }
     }
     auto* cmdchart = control::button(u"Pa&yment Duration Chart"_s, "cmdchart");
+    cmdchart->setMinimumWidth(cmdchart->sizeHint().width() + 2 * theme::grid);
     cmdchart->setEnabled(module.screens.offers(ScreenId::frmvang));
     connect(cmdchart, &QPushButton::clicked, this, [this] { module.screens.show(ScreenId::frmvang); });
     grid->addWidget(cmdchart, row + 1, 0, 1, 3, Qt::AlignLeft);

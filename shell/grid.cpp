@@ -10,13 +10,14 @@ namespace kelvar {
 
 namespace {
 
-// Width of the longest text among some rows spread over the column; one more digit for the others.
+// Width of the longest text among the first rows, where every month occurs, and some spread over the
+// column; one more digit for the others.
 int contents_width(const QAbstractItemModel& model, int column, const QFontMetrics& metrics) {
-    constexpr int looked_at = 48;
+    constexpr int looked_at = 24;
     const int rows = model.rowCount();
     const int step = std::max(1, rows / looked_at);
     QString longest;
-    for (int row = 0; row < rows; row += step) {
+    for (int row = 0; row < rows; row += row < looked_at ? 1 : step) {
         const QString text = model.index(row, column).data().toString();
         longest = text.size() > longest.size() ? text : longest;
     }

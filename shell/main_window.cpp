@@ -8,6 +8,7 @@
 #include <cmath>
 #include <memory>
 
+#include "shell/help_window.h"
 #include "shell/message_dialog.h"
 #include "shell/screen.h"
 #include "shell/text.h"
@@ -119,12 +120,20 @@ void MainWindow::bring_topmost_to_front() {
     front_ = topmost;
     QWidget* field = front_->last_focus();  // before the stack gives the focus to one of its choice
     stack_->setCurrentWidget(front_);
+    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is to be seen after a click as well
     field->setFocus(Qt::OtherFocusReason);
     front_->activate();
 }
 
 Screen* MainWindow::visible_screen() const {
     return order_.empty() ? nullptr : screens_.at(order_.back());
+}
+
+void MainWindow::show_help(const std::string& help_file, const std::string& screen_name) {
+    if (!help_) {
+        help_ = std::make_unique<HelpWindow>(to_qt(help_file));
+    }
+    help_->show_page(to_qt(screen_name));
 }
 
 void MainWindow::show_message(const std::string& text) {
@@ -156,6 +165,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         ending_ = true;
         module_->close_all_screens();
     }
+    help_.reset();
     event->accept();
     QCoreApplication::quit();
 }

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "core/module1.h"
@@ -14,6 +15,7 @@ class QStackedWidget;
 
 namespace kelvar {
 
+class HelpWindow;
 class Screen;
 
 class MainWindow : public QMainWindow, public Screens {
@@ -40,6 +42,7 @@ public:
     void show(ScreenId id) override;
     void hide(ScreenId id) override;
     void close(ScreenId id) override;
+    void show_help(const std::string& help_file, const std::string& screen_name) override;
     void show_message(const std::string& text) override;
     bool ask(const std::string& text) override;
 
@@ -65,6 +68,7 @@ private:
     std::map<ScreenId, Screen*> screens_;
     std::vector<ScreenId> order_;  // shown screens, the one in front last
     Screen* front_ = nullptr;      // the one that was last brought to the front
+    std::unique_ptr<HelpWindow> help_;
     bool message_open_ = false;
     bool ending_ = false;
 };

@@ -1,5 +1,6 @@
 #include "shell/screen.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QFrame>
@@ -11,7 +12,9 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <stdexcept>
 
+#include "shell/focus_ring.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -147,7 +150,11 @@ void Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
 }
 
 void Screen::help_but() {
-    module.report("The help file " + scenario.help_file + " cannot be opened.");
+    try {
+        module.screens.show_help(scenario.help_file, to_utf8(objectName()));
+    } catch (const std::runtime_error& error) {
+        module.report(error.what());
+    }
 }
 
 void Screen::report_once(std::string_view text, QWidget* field) {
@@ -185,7 +192,9 @@ void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
 }
 
 void Screen::left(QWidget* field, bool by_tab) {
-    QWidget* now = QApplication::focusWidget();
+    // An open list has the focus itself; the control it belongs to counts.
+    QWidget* now = QApplication::activePopupWidget() != nullptr ? window()->focusWidget()
+                                                                : QApplication::focusWidget();
     if (!isVisible() || now == nullptr || now == field || now->window() != window()) {
         return;  // the window itself lost the focus, or a message has brought it back
     }
@@ -206,10 +215,14 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         if (widget != nullptr && (widget == this || isAncestorOf(widget))) {
             clear_error();
         }
+    } else if (type == QEvent::MouseButtonDblClick && widget != nullptr &&
+               widget->parentWidget() == navigation_->parentWidget()) {
+        return true;  // the first click may have been on the screen before, on the same spot
     } else if (type == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
         event->ignore();  // scrolling the page must not change a choice under the pointer
         return true;
     } else if (type == QEvent::FocusOut) {
+        delete focus_ring_;
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
         const bool stays = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
                            reason == Qt::ActiveWindowFocusReason;
@@ -220,15 +233,28 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
                     this, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
             }
         }
+    } else if ((type == QEvent::Move || type == QEvent::Resize) && focus_ring_ != nullptr &&
+               watched == focus_ring_->control()) {
+        focus_ring_->surround();
     } else if (type == QEvent::FocusIn) {
         if (widget != nullptr && isAncestorOf(widget)) {
-            last_focus_ = widget;
+            mark_focus(widget);
         }
         if (widget != nullptr && scroll_->widget()->isAncestorOf(widget)) {
+            last_focus_ = widget;  // not the navigation row: Enter is Next when the screen comes back
             scroll_->ensureWidgetVisible(widget, theme::grid, theme::grid);
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Tables and charts mark the focus themselves.
+void Screen::mark_focus(QWidget* control) {
+    delete focus_ring_;
+    if (qobject_cast<QAbstractButton*>(control) != nullptr ||
+        qobject_cast<QLineEdit*>(control) != nullptr || qobject_cast<QComboBox*>(control) != nullptr) {
+        focus_ring_ = new FocusRing(control);
+    }
 }
 
 // Enter is Next, unless the focus is on another button: then Enter presses that one. Escape closes a
@@ -242,6 +268,10 @@ void Screen::keyPressEvent(QKeyEvent* event) {
         scroll_->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
                                                         ? QAbstractSlider::SliderPageStepSub
                                                         : QAbstractSlider::SliderPageStepAdd);
+        return;
+    }
+    if (event->key() == Qt::Key_F1 && cmdhelp != nullptr) {
+        help_but();
         return;
     }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
@@ -313,6 +343,14 @@ QLabel* paragraph(const QString& text, const char* name) {
 }
 
 bool refill(QComboBox* list, const QStringList& entries) {
+    QStringList present;
+    for (int index = 0; index < list->count(); ++index) {
+        present << list->itemText(index);
+    }
+    if (present == entries) {
+        return true;  // the list may be open
+    }
+    list->hidePopup();
     const QSignalBlocker quiet(list);
     const QString chosen = list->currentText();
     list->clear();

@@ -18,6 +18,8 @@ class QScrollArea;
 
 namespace kelvar {
 
+class FocusRing;
+
 // A paragraph of a note; either part may be empty.
 struct Paragraph {
     QString heading;
@@ -107,12 +109,14 @@ private:
     void build_title_band(const Layout& layout, QVBoxLayout* column);
     void build_navigation(const Layout& layout, QVBoxLayout* column);
     void left(QWidget* field, bool by_tab);
+    void mark_focus(QWidget* control);
 
     QVBoxLayout* content_ = nullptr;
     QHBoxLayout* navigation_ = nullptr;
     QScrollArea* scroll_ = nullptr;
     std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
     QPointer<QWidget> last_focus_;
+    QPointer<FocusRing> focus_ring_;
     bool error_shown_ = false;
 };
 

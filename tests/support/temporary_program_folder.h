@@ -12,7 +12,8 @@ namespace kelvar::test {
 class TemporaryProgramFolder {
 public:
     TemporaryProgramFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "kelvar-test-XXXXXX").string();
+        std::string name = (std::filesystem::temp_directory_path() / "kelvar-test-").string();
+        name.append(6, 'X');  // for mkdtemp to fill in
         if (mkdtemp(name.data()) == nullptr) {
             throw std::runtime_error("cannot make a temporary folder");
         }

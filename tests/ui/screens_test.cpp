@@ -1,6 +1,9 @@
 // What holds for every screen and for the program around them.
 
 #include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMouseEvent>
 #include <QProcess>
 #include <QPushButton>
 #include <QTimer>
@@ -97,6 +100,36 @@ TEST_F(ScreenTest, TitleLabelLeavesTheTitleOpenUnderTheMenu) {
     EXPECT_EQ(screen_name(), u"frmkelvd"_s);
     click("Cmdnext");
     EXPECT_EQ(screen_name(), u"frmdist"_s);
+}
+
+// The list that the mouse opened has the focus by then; the box is left all the same.
+TEST_F(ScreenTest, ClickIntoAListTakesOverTheBoxBefore) {
+    go_to_participant();
+    type_into("txtcurvalue", u"250000"_s);
+    click("mskbirth");
+    EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), u"250,000.00"_s);
+    type_into("mskbirth", u"06151990"_s);
+    click("Cmbfrstmonth");
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->count(), 42);  // 2020 to 2061
+    EXPECT_EQ(text_of("lblage"), u"29"_s);
+    type_into("mskbirth", u"13011950"_s);
+    click("Cmbfrstmonth");
+    EXPECT_EQ(take_messages(), std::vector<std::string>{"Invalid birth date."});
+    EXPECT_EQ(focus_name(), u"mskbirth"_s);
+}
+
+TEST_F(ScreenTest, DoubleClickPressesNextOnce) {
+    go_to_length();
+    auto* next = find<QPushButton>("Cmdnext");
+    const QPointF spot = next->rect().center();
+    for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, spot, next->mapToGlobal(spot), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(next, &event);
+    }
+    EXPECT_TRUE(take_messages().empty());
+    EXPECT_EQ(screen_name(), u"frmdist3"_s);
+    EXPECT_EQ(focus_name(), u"optlength_0"_s);
 }
 
 TEST_F(ScreenTest, CloseEndsTheProgram) {

@@ -1,0 +1,112 @@
+// The shipped help file: a page for every screen with Help, no dead link, and a window that refuses
+// what is no help file.
+
+#include "shell/help_window.h"
+
+#include <QApplication>
+#include <QHelpSearchQueryWidget>
+#include <QHelpSearchResultWidget>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTextBrowser>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/ui_harness.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString shown_page(const HelpWindow& help) {
+    return help.findChild<QTextBrowser*>(u"helppages"_s)->source().fileName();
+}
+
+TEST(Help, HasAPageForEveryScreenAndNoDeadLinks) {
+    HelpWindow help(QStringLiteral(KELVAR_HELP_FILE));
+    auto* pages = help.findChild<QTextBrowser*>(u"helppages"_s);
+    QStringList open{u"frmdist"_s,  u"frmdist1"_s, u"frmdist2"_s, u"frmdist3"_s,
+                     u"frmdrate"_s, u"frmlump"_s,  u"frmperio"_s, u"frmparti"_s,
+                     u"frmvang"_s,  u"frmvang1"_s, u"frmlife"_s,  u"index"_s};
+    QStringList seen;
+    const QRegularExpression link(u"href=\"([a-z0-9]+)\\.html\""_s);
+    while (!open.isEmpty()) {
+        const QString page = open.takeFirst();
+        seen << page;
+        help.show_page(page);
+        EXPECT_EQ(shown_page(help).toStdString(), (page + u".html"_s).toStdString());
+        EXPECT_GT(pages->toPlainText().size(), 80) << page.toStdString();
+        auto links = link.globalMatch(pages->toHtml());
+        while (links.hasNext()) {
+            const QString target = links.next().captured(1);
+            if (!seen.contains(target) && !open.contains(target)) {
+                open << target;
+            }
+        }
+    }
+    EXPECT_TRUE(seen.contains(u"figures"_s));
+    help.show_page(u"no such screen"_s);
+    EXPECT_EQ(shown_page(help), u"index.html"_s);
+}
+
+TEST(Help, SearchFindsAWord) {
+    HelpWindow help(QStringLiteral(KELVAR_HELP_FILE));
+    auto* query = help.findChild<QHelpSearchQueryWidget*>(u"query"_s);
+    auto* results = help.findChild<QHelpSearchResultWidget*>(u"results"_s)->findChild<QTextBrowser*>();
+    const auto found = [&] {
+        query->setSearchInput(u"beneficiary"_s);  // again and again until the pages are indexed
+        emit query->search();
+        QTest::qWait(50);
+        return results->toPlainText().contains(u"Glossary"_s);
+    };
+    EXPECT_TRUE(QTest::qWaitFor(found));
+}
+
+TEST(Help, RefusesWhatIsNoHelpFile) {
+    const TemporaryProgramFolder folder;
+    const std::filesystem::path file = folder.path() / "vestoraq.hlp";
+    const auto expect_refusal = [&](const char* name) {
+        try {
+            const HelpWindow help(QString::fromStdString(file.string()));
+            ADD_FAILURE() << name << " was opened";
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find(file.string()), std::string::npos) << error.what();
+        }
+    };
+    expect_refusal("missing");
+    std::ofstream(file).flush();
+    expect_refusal("empty");
+    std::ofstream(file) << "This is not a help file, whatever its name says.";
+    expect_refusal("text");
+    std::filesystem::copy_file(folder.database(), file,
+                               std::filesystem::copy_options::overwrite_existing);
+    expect_refusal("another database");
+    std::filesystem::copy_file(KELVAR_HELP_FILE, file,
+                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) / 4);
+    expect_refusal("cut off");
+}
+
+// Help opens at the screen's page and stays open while the user works; F1 does the same.
+TEST_F(UiTest, HelpStaysOpenBesideTheProgram) {
+    std::filesystem::copy_file(KELVAR_HELP_FILE, folder.path() / "vestoraq.hlp");
+    go_to_participant();
+    click("cmdhelp");
+    HelpWindow* help = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        help = qobject_cast<HelpWindow*>(top) != nullptr ? qobject_cast<HelpWindow*>(top) : help;
+    }
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(shown_page(*help), u"frmdist1.html"_s);
+    click("cmdprev");
+    EXPECT_TRUE(help->isVisible());
+    press(Qt::Key_F1);
+    EXPECT_EQ(shown_page(*help), u"frmdist.html"_s);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
