@@ -25,7 +25,7 @@ void pause() {
 frmkelvd::frmkelvd(Module1& module1)
     : Screen(module1, "frmkelvd", {.title = {}, .step = {}, .help = false, .previous = false}) {
     auto* picture = new QLabel;
-    picture->setPixmap(theme::icon(u"kelvar"_s).pixmap(96, 96));
+    picture->setPixmap(theme::picture(u"kelvar"_s, 12 * theme::grid));
     auto* lblkelv = new QPushButton(u"Kelvar"_s);
     lblkelv->setObjectName(u"lblkelv"_s);
     lblkelv->setAutoDefault(true);

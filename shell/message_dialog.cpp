@@ -19,7 +19,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& text, QWidget* parent) : 
     setAccessibleName(text);
 
     auto* sign = new QLabel;
-    sign->setPixmap(theme::icon(question ? u"question"_s : u"warning"_s).pixmap(48, 48));
+    sign->setPixmap(theme::picture(question ? u"question"_s : u"warning"_s, 6 * theme::grid));
     auto* lblmsg = theme::label(text, theme::Role::body, "lblmsg");
     lblmsg->setWordWrap(true);
     lblmsg->setTextInteractionFlags(Qt::TextSelectableByMouse);

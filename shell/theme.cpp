@@ -127,10 +127,14 @@ const char* role_name(Role role) {
     }
 }
 
-QPixmap render(const QByteArray& drawing, const QColor& color, int size) {
-    QByteArray coloured = drawing;
-    coloured.replace("currentColor", color.name().toUtf8());
-    QSvgRenderer renderer(coloured);
+QByteArray drawing(const QString& name) {
+    QFile file(u":/icons/"_s + name + u".svg"_s);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QPixmap render(QByteArray drawing, const QColor& color, int size) {
+    drawing.replace("currentColor", color.name().toUtf8());
+    QSvgRenderer renderer(drawing);
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
@@ -176,22 +180,16 @@ QLabel* label(const QString& text, Role role, const char* name) {
     return label;
 }
 
-QIcon icon(const QString& name, Ink ink) {
-    QFile file(u":/icons/"_s + name + u".svg"_s);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QByteArray drawing = file.readAll();
-    const QColor color = ink == Ink::accent ? colors_.accent
-                         : ink == Ink::band ? colors_.band_text
-                                            : colors_.text;
+QIcon icon(const QString& name) {
+    constexpr int size = 48;  // sharp on a screen of double density
     const QColor disabled = QApplication::palette().color(QPalette::Disabled, QPalette::ButtonText);
-    QIcon icon;
-    for (const int size : {24, 48, 96}) {
-        icon.addPixmap(render(drawing, color, size), QIcon::Normal);
-        icon.addPixmap(render(drawing, disabled, size), QIcon::Disabled);
-    }
+    QIcon icon(picture(name, size));
+    icon.addPixmap(render(drawing(name), disabled, size), QIcon::Disabled);
     return icon;
+}
+
+QPixmap picture(const QString& name, int size) {
+    return render(drawing(name), colors_.accent, size);
 }
 
 }  // namespace kelvar::theme

@@ -39,8 +39,9 @@ const Colors& colors();
 enum class Role { body, title, subtitle, section, value, note };
 QLabel* label(const QString& text, Role role, const char* name = nullptr);
 
-// One of our own drawings from shell/icons, in the text or accent colour of the palette.
-enum class Ink { text, accent, band };
-QIcon icon(const QString& name, Ink ink = Ink::accent);
+// One of our own drawings from shell/icons in the accent colour: for a button, or as a picture of a
+// size in device-independent pixels.
+QIcon icon(const QString& name);
+QPixmap picture(const QString& name, int size);
 
 }  // namespace kelvar::theme
