@@ -38,7 +38,7 @@ protected:
     void set_result(QWidget* result);
     // Covers the result area and says why nothing is shown.
     virtual void get_cover(const QString& reason);
-    virtual void uncover();
+    void uncover();
 
     // The disclaimer, after the first successful computation.
     void show_note();

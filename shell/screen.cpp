@@ -342,13 +342,13 @@ QLabel* paragraph(const QString& text, const char* name) {
     return label;
 }
 
-bool refill(QComboBox* list, const QStringList& entries) {
+void refill(QComboBox* list, const QStringList& entries) {
     QStringList present;
     for (int index = 0; index < list->count(); ++index) {
         present << list->itemText(index);
     }
     if (present == entries) {
-        return true;  // the list may be open
+        return;
     }
     list->hidePopup();
     const QSignalBlocker quiet(list);
@@ -357,7 +357,6 @@ bool refill(QComboBox* list, const QStringList& entries) {
     list->addItems(entries);
     const int kept = list->findText(chosen);
     list->setCurrentIndex(kept >= 0 ? kept : 0);
-    return kept >= 0;
 }
 
 }  // namespace control

@@ -143,8 +143,9 @@ QGroupBox* frame(const QString& caption, const char* name);
 QBoxLayout* row();
 // A wrapped label for running text.
 QLabel* paragraph(const QString& text, const char* name = nullptr);
-// Replaces the entries of a list and keeps the chosen one if it is still there; true when it is.
-bool refill(QComboBox* list, const QStringList& entries);
+// Replaces the entries of a list and keeps the chosen one if it is still there, else chooses the first.
+// Gives no signal. An open list whose entries stay the same stays open.
+void refill(QComboBox* list, const QStringList& entries);
 
 }  // namespace control
 
