@@ -2,8 +2,10 @@
 // computed, stored and shown; the joint life table. On the offscreen platform unless another is set.
 #include <benchmark/benchmark.h>
 
+#include <QBuffer>
 #include <QComboBox>
 #include <QDialog>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QTableView>
 #include <QTimer>
@@ -12,6 +14,8 @@
 
 #include "engine/store.h"
 #include "main/all_screens.h"
+#include "output/report.h"
+#include "output/report_templates.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
 #include "shell/screen.h"
@@ -135,6 +139,39 @@ void joint_table_until_painted(benchmark::State& state) {
     state.counters["rows"] = joint->model()->rowCount();
 }
 
+// Summary and schedule, from the work tables to a finished PDF in memory.
+void reports_to_pdf(benchmark::State& state) {
+    OpenResult open;
+    double bytes = 0.0;
+    for (auto _ : state) {
+        QByteArray pdf;
+        QBuffer buffer(&pdf);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        std::vector<QString> reports;
+        for (const std::string& name : report_templates(periodic_payments, by_life_expectancy)) {
+            reports.push_back(
+                fill_template(std::filesystem::path(KELVAR_REPORTS) / name, open.folder.database()));
+        }
+        draw_reports(reports, open.module.today(), writer);
+        bytes = static_cast<double>(pdf.size());
+    }
+    state.counters["bytes"] = bytes;
+}
+
+void chart_until_painted(benchmark::State& state) {
+    OpenResult open;
+    for (auto _ : state) {
+        open.window.show(ScreenId::frmcperi);
+        open.window.repaint();
+        state.PauseTiming();
+        open.window.close(ScreenId::frmcperi);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
 BENCHMARK_CAPTURE(start, empty_window, KELVAR_EMPTY_WINDOW)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
@@ -151,6 +188,8 @@ BENCHMARK_CAPTURE(result_until_painted, partial, partial_lump_sum, ScreenId::frm
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK(joint_table_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(chart_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(reports_to_pdf)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

@@ -21,15 +21,15 @@ Module1::Module1(Screens& screens_of_program, std::filesystem::path program_fold
       clock_(std::move(clock)) {}
 
 void Module1::open_database() {
-    scenario.help_file = (program_folder_ / "vestoraq.hlp").string();
-    database_ = std::make_unique<Database>(program_folder_ / "vestoraq.mdb");
+    scenario.help_file = program_file("vestoraq.hlp").string();
+    database_ = std::make_unique<Database>(program_file(database_name));
     scenario.fee_amount = yearly_fee;
     scenario.over_72_flag = 0;
 }
 
 Database& Module1::database() {
     if (!database_) {
-        throw DatabaseError(program_folder_ / "vestoraq.mdb", "the database is not open");
+        throw DatabaseError(program_file(database_name), "the database is not open");
     }
     return *database_;
 }

@@ -23,8 +23,12 @@ public:
     Scenario scenario;
     Screens& screens;
 
+    // Full path of a file that lies beside the program.
+    std::filesystem::path program_file(std::string_view name) const { return program_folder_ / name; }
+
     // Opens the database, names the help file, sets the yearly fee. Throws DatabaseError.
     void open_database();
+    static constexpr const char* database_name = "vestoraq.mdb";
     // The open database; throws DatabaseError before open_database.
     Database& database();
 

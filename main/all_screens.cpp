@@ -4,6 +4,8 @@
 #include "input/frmdist2.h"
 #include "input/frmdist3.h"
 #include "input/frmdrate.h"
+#include "output/frmcpart.h"
+#include "output/frmcperi.h"
 #include "output/frmlife.h"
 #include "output/frmlump.h"
 #include "output/frmparti.h"
@@ -39,6 +41,8 @@ void add_all_screens(MainWindow& window, Module1& module) {
     add<frmlump>(window, module, ScreenId::frmlump);
     add<frmperio>(window, module, ScreenId::frmperio);
     add<frmparti>(window, module, ScreenId::frmparti);
+    add<frmcperi>(window, module, ScreenId::frmcperi);
+    add<frmcpart>(window, module, ScreenId::frmcpart);
     add<frmdnote>(window, module, ScreenId::frmdnote);
     add<frmvang>(window, module, ScreenId::frmvang);
     add<frmvang1>(window, module, ScreenId::frmvang1);

@@ -1,22 +1,15 @@
 #include "output/bar_chart.h"
 
-#include <QBarCategoryAxis>
-#include <QBarSeries>
-#include <QBarSet>
-#include <QCategoryAxis>
-#include <QChart>
 #include <QChartView>
 #include <QGraphicsLayout>
-#include <QGraphicsSimpleTextItem>
+#include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "core/numbers.h"
 #include "shell/screen.h"
-#include "shell/text.h"
 #include "shell/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -25,53 +18,38 @@ namespace kelvar {
 
 namespace {
 
-constexpr double bar_width = 0.8;    // share of a label's room that its bars take
-constexpr double small_font = 0.85;  // of the values above the bars
+// Black on white with a grid that survives a copier, whatever the screen's colours are.
+BarDrawing::Look paper_look(QFont font) {
+    font.setPointSizeF(11.0);  // also where the screen's texts are larger
+    return {.font = font,
+            .paper = Qt::white,
+            .text = Qt::black,
+            .lines = QColor(0xb0, 0xb0, 0xb0),
+            .bars = QColor(0x17, 0x40, 0x5f)};
+}
 
 }  // namespace
 
-BarChart::BarChart(const char* name, const QString& accessible_name, Unit unit)
-    : unit_(unit),
-      chart_(new QChart),
-      view_(new QChartView(chart_)),
-      series_(new QBarSeries),
-      label_axis_(new QBarCategoryAxis),
-      value_axis_(new QCategoryAxis),
-      readout_(theme::label({}, theme::Role::value)),
+BarChart::BarChart(const char* name, const QString& accessible_name)
+    : drawing_(new BarDrawing({.font = font(),
+                               .paper = palette().color(QPalette::Base),
+                               .text = palette().color(QPalette::WindowText),
+                               .lines = theme::colors().border,
+                               .bars = theme::colors().accent})),
+      readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
     setFocusPolicy(Qt::StrongFocus);
-    const QColor text = palette().color(QPalette::WindowText);
-    chart_->legend()->hide();
-    // Room for half a line above the highest tick and half a label beside the outer ones.
-    chart_->setMargins({theme::grid, fontMetrics().height(), theme::grid, 0});
-    chart_->layout()->setContentsMargins(0, 0, 0, 0);
-    chart_->setBackgroundBrush(palette().base());
-    chart_->setBackgroundRoundness(0);
-    chart_->addSeries(series_);
-    series_->setBarWidth(bar_width);
-    value_axis_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
-    value_axis_->setGridLineColor(theme::colors().border);
-    label_axis_->setGridLineVisible(false);
-    for (QAbstractAxis* axis : std::initializer_list<QAbstractAxis*>{label_axis_, value_axis_}) {
-        axis->setLabelsColor(text);
-        axis->setLabelsFont(font());
-        axis->setLinePenColor(theme::colors().border);
-    }
-    chart_->addAxis(label_axis_, Qt::AlignBottom);
-    chart_->addAxis(value_axis_, Qt::AlignLeft);
-    series_->attachAxis(label_axis_);
-    series_->attachAxis(value_axis_);
-    connect(chart_, &QChart::plotAreaChanged, this, [this] { place_value_texts(); });
+    connect(drawing_, &BarDrawing::pointed_at, this, [this](int place) { select(place); });
 
-    view_->setRenderHint(QPainter::Antialiasing);
-    view_->setFocusPolicy(Qt::NoFocus);
-    view_->setFrameShape(QFrame::NoFrame);
+    auto* view = new QChartView(drawing_);
+    view->setRenderHint(QPainter::Antialiasing);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setFrameShape(QFrame::NoFrame);
     setMinimumHeight(16 * fontMetrics().height());
     readout_->setAlignment(Qt::AlignCenter);
     readout_->setWordWrap(true);
-    readout_->setObjectName(u"lblreadout"_s);
     QBoxLayout* keys = control::row();
     legend_->setLayout(keys);
     keys->setContentsMargins(0, 0, 0, 0);
@@ -80,140 +58,73 @@ BarChart::BarChart(const char* name, const QString& accessible_name, Unit unit)
     column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
     column->setSpacing(theme::grid / 2);
     column->addWidget(legend_);
-    column->addWidget(view_, 1);
+    column->addWidget(view, 1);
     column->addWidget(readout_);
 }
 
-void BarChart::show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper) {
-    label_axis_->setCategories(labels);
-    set_ticks(upper);
-    for (const Set& set : sets) {
-        add_set(set);
+void BarChart::show_bars(const BarData& bars) {
+    data_ = bars;
+    drawing_->draw(bars);
+    legend_->setVisible(bars.sets.size() > 1);
+    for (std::size_t set = 0; set < bars.sets.size(); ++set) {
+        add_legend_key(set);
     }
-    QFont value_font = font();
-    value_font.setPointSizeF(font().pointSizeF() * small_font);
-    for (qsizetype label = 0; label < labels.size(); ++label) {
-        for (const Set& set : sets) {
-            const double value = set.values[static_cast<std::size_t>(label)];
-            auto* text = new QGraphicsSimpleTextItem(short_text(value), chart_);
-            text->setFont(value_font);
-            text->setBrush(palette().windowText());
-            text->setZValue(20);
-            value_texts_.push_back(text);
-        }
-    }
-    selected_ = 0;
-    place_value_texts();
     say_selected();
 }
 
-// The bounds are among the ticks.
-void BarChart::set_ticks(double upper) {
-    constexpr int steps = 5;
-    value_axis_->setRange(0.0, upper);
-    for (int step = 0; step <= steps; ++step) {
-        const double value = upper * step / steps;
-        value_axis_->append(short_text(value), value);
-    }
-}
-
-QString BarChart::short_text(double value) const {
-    return to_qt(format_number(value, unit_ == Unit::dollars ? "$###,###,##0" : "##0"));
-}
-
-QString BarChart::full_text(double value) const {
-    return unit_ == Unit::dollars ? to_qt(format_number(value, "$###,###,##0.00"))
-                                  : short_text(value) + u" years"_s;
-}
-
-void BarChart::add_set(const Set& set) {
-    const bool second = !series_->barSets().isEmpty();
-    auto* bars = new QBarSet(set.name);
-    for (const double value : set.values) {
-        bars->append(value);
-    }
-    const QColor accent = theme::colors().accent;
-    bars->setBrush(second ? QBrush(accent, Qt::BDiagPattern) : QBrush(accent));
-    bars->setPen(QPen(accent, 1.5));
-    bars->setSelectedColor(palette().color(QPalette::WindowText));
-    series_->append(bars);
-    const int number = static_cast<int>(series_->barSets().size()) - 1;
-    connect(bars, &QBarSet::hovered, this, [this, number](bool inside, int label) {
-        if (inside) {
-            select(label * static_cast<int>(series_->count()) + number);
-        }
-    });
-    add_legend_key(*bars);
-}
-
-void BarChart::add_legend_key(const QBarSet& set) {
+void BarChart::add_legend_key(std::size_t set) {
     const int side = 2 * theme::grid;
+    const QColor accent = theme::colors().accent;
     QPixmap key(side, side);
     key.fill(palette().color(QPalette::Base));
     QPainter painter(&key);
-    painter.setPen(set.pen());
-    painter.setBrush(set.brush());
+    painter.setPen(QPen(accent, 1.5));
+    painter.setBrush(set == 0 ? QBrush(accent) : QBrush(accent, Qt::BDiagPattern));
     painter.drawRect(1, 1, side - 3, side - 3);
     painter.end();
     auto* picture = new QLabel;
     picture->setPixmap(key);
     auto* entry = new QHBoxLayout;
     entry->addWidget(picture);
-    entry->addWidget(theme::label(set.label(), theme::Role::body));
+    entry->addWidget(theme::label(data_.sets[set].name, theme::Role::body));
     entry->addStretch(1);
     auto* keys = static_cast<QBoxLayout*>(legend_->layout());
     keys->addLayout(entry);
     keys->addStretch(1);
 }
 
+void BarChart::paint_on_paper(QPainter& painter, const QRectF& area) const {
+    constexpr double width = 900.0;  // how large the texts are beside the bars
+    QGraphicsScene scene;
+    auto* drawing = new BarDrawing(paper_look(font()));
+    scene.addItem(drawing);
+    drawing->draw(data_);
+    drawing->resize(width, width * area.height() / area.width());
+    drawing->layout()->activate();
+    scene.render(&painter, area, drawing->boundingRect());
+}
+
 void BarChart::select(int place) {
-    if (value_texts_.empty()) {
+    if (drawing_->places() == 0) {
         return;
     }
-    selected_ = std::clamp(place, 0, static_cast<int>(value_texts_.size()) - 1);
+    selected_ = std::clamp(place, 0, drawing_->places() - 1);
     say_selected();
 }
 
 void BarChart::say_selected() {
-    const int sets = static_cast<int>(series_->count());
-    if (sets == 0 || value_texts_.empty()) {
+    if (drawing_->places() == 0) {
         return;
     }
-    const int label = selected_ / sets;
-    for (QBarSet* set : series_->barSets()) {
-        set->deselectAllBars();
-    }
-    QBarSet* set = series_->barSets().at(selected_ % sets);
-    if (hasFocus()) {
-        set->selectBar(label);
-    }
-    const QString sentence = label_axis_->at(label) + u": "_s + set->label() +
-                             (unit_ == Unit::dollars ? u" "_s : u": "_s) + full_text(set->at(label));
+    drawing_->mark(hasFocus() ? selected_ : -1);
+    const std::size_t place = static_cast<std::size_t>(selected_);
+    const BarSet& set = data_.sets[place % data_.sets.size()];
+    const std::size_t label = place / data_.sets.size();
+    const QString sentence = data_.labels.at(static_cast<qsizetype>(label)) + u": "_s + set.name +
+                             (data_.unit == BarUnit::dollars ? u" "_s : u": "_s) +
+                             full_text(set.values[label], data_.unit);
     readout_->setText(sentence);
     setAccessibleDescription(sentence);
-}
-
-// The values stand above their bars where they fit beside each other.
-void BarChart::place_value_texts() {
-    const int sets = static_cast<int>(series_->count());
-    if (sets == 0 || label_axis_->count() == 0) {
-        return;
-    }
-    const double room = chart_->plotArea().width() / label_axis_->count() * bar_width / sets;
-    const bool fits = std::ranges::all_of(value_texts_, [&](const QGraphicsSimpleTextItem* text) {
-        return text->boundingRect().width() + theme::grid <= room;
-    });
-    for (std::size_t place = 0; place < value_texts_.size(); ++place) {
-        QGraphicsSimpleTextItem* text = value_texts_[place];
-        const int set = static_cast<int>(place) % sets;
-        const int label = static_cast<int>(place) / sets;
-        const double x = label - bar_width / 2 + bar_width * (set + 0.5) / sets;
-        const QPointF top = chart_->mapToPosition({x, series_->barSets().at(set)->at(label)}, series_);
-        const QSizeF size = text->boundingRect().size();
-        text->setPos(top.x() - size.width() / 2,
-                     std::max(chart_->plotArea().top() - size.height(), top.y() - size.height() - 2));
-        text->setVisible(fits);
-    }
 }
 
 void BarChart::keyPressEvent(QKeyEvent* event) {
@@ -228,7 +139,7 @@ void BarChart::keyPressEvent(QKeyEvent* event) {
             select(0);
             break;
         case Qt::Key_End:
-            select(static_cast<int>(value_texts_.size()) - 1);
+            select(drawing_->places() - 1);
             break;
         default:
             QWidget::keyPressEvent(event);

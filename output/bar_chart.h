@@ -1,19 +1,12 @@
-// A bar chart over a value axis from 0: one group of bars per label, one bar per set in each group.
-// Values stand above the bars where there is room; arrow keys or the pointer say each one in words.
+// A bar chart on a screen: arrow keys or the pointer say each bar in words below it.
 #pragma once
 
-#include <QStringList>
 #include <QWidget>
-#include <vector>
 
-class QBarCategoryAxis;
-class QBarSeries;
-class QBarSet;
-class QCategoryAxis;
-class QChart;
-class QChartView;
-class QGraphicsSimpleTextItem;
+#include "output/bar_drawing.h"
+
 class QLabel;
+class QPainter;
 
 namespace kelvar {
 
@@ -21,18 +14,12 @@ class BarChart : public QWidget {
     Q_OBJECT
 
 public:
-    struct Set {
-        QString name;
-        std::vector<double> values;  // one per label
-    };
+    BarChart(const char* name, const QString& accessible_name);
 
-    enum class Unit { dollars, years };
-
-    BarChart(const char* name, const QString& accessible_name, Unit unit = Unit::dollars);
-
-    // Called once. `upper` is the upper bound of the axis. The first set is drawn solid, the
-    // second hatched, so that they differ without colour too.
-    void show_bars(const QStringList& labels, const std::vector<Set>& sets, double upper);
+    // Called once.
+    void show_bars(const BarData& bars);
+    // Draws the same bars as they look best on paper.
+    void paint_on_paper(QPainter& painter, const QRectF& area) const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -40,25 +27,15 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void add_set(const Set& set);
-    void add_legend_key(const QBarSet& set);
+    void add_legend_key(std::size_t set);
     void select(int place);
     void say_selected();
-    void place_value_texts();
-    void set_ticks(double upper);
-    QString short_text(double value) const;  // on the axis and above the bars
-    QString full_text(double value) const;   // in words below the chart
 
-    Unit unit_;
-    QChart* chart_ = nullptr;
-    QChartView* view_ = nullptr;
-    QBarSeries* series_ = nullptr;
-    QBarCategoryAxis* label_axis_ = nullptr;
-    QCategoryAxis* value_axis_ = nullptr;
+    BarData data_;
+    BarDrawing* drawing_ = nullptr;
     QLabel* readout_ = nullptr;
     QWidget* legend_ = nullptr;
-    std::vector<QGraphicsSimpleTextItem*> value_texts_;  // by label, then by set
-    int selected_ = 0;                                   // place in the same order
+    int selected_ = 0;
 };
 
 }  // namespace kelvar

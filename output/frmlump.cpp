@@ -42,6 +42,7 @@ void frmlump::get_value() {
     if (scenario.lump_start_value <= 0.0) {
         lblstartvalue->clear();
         lbltotalvalue->clear();
+        print_buttons->setEnabled(false);
         get_cover(
             u"There is no payment to show because nothing is left in the account at that date."_s);
         return;
@@ -51,6 +52,7 @@ void frmlump::get_value() {
         show_money(lblstartvalue, scenario.lump_start_value);
         show_money(lbltotalvalue, scenario.lump_start_value);
         uncover();
+        print_buttons->setEnabled(true);
         Database::Transaction transaction(module.database());
         add_table(module.database(), heading());
         transaction.commit();
@@ -59,16 +61,18 @@ void frmlump::get_value() {
 }
 
 void frmlump::get_chart() {
-    QStringList labels;
-    BarChart::Set at_payment{.name = u"Total Pay Back (including  interest)"_s, .values = {}};
-    BarChart::Set today{.name = u"Current Account Balance"_s, .values = {}};
+    BarData bars;
+    BarSet at_payment{.name = u"Total Pay Back (including  interest)"_s, .values = {}};
+    BarSet today{.name = u"Current Account Balance"_s, .values = {}};
     for (const double rate : scenario.selected_rates) {
-        labels << to_qt(number_text(rate)) + u"%"_s;
+        bars.labels << to_qt(number_text(rate)) + u"%"_s;
         at_payment.values.push_back(start_value_at(rate));
         today.values.push_back(scenario.present_value);
     }
     const double last = at_payment.values.empty() ? 0.0 : at_payment.values.back();
-    grphlump->show_bars(labels, {at_payment, today}, y_max(last));
+    bars.sets = {at_payment, today};
+    bars.upper = y_max(last);
+    grphlump->show_bars(bars);
 }
 
 double frmlump::start_value_at(double rate) const {

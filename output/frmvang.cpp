@@ -21,8 +21,8 @@ const QString higher_return =
 
 constexpr double upper_years = 25.0;
 
-BarChart::Set years_at(double withdrawal, const std::vector<int>& returns) {
-    BarChart::Set set{.name = u"%1% withdrawn each year"_s.arg(withdrawal), .values = {}};
+BarSet years_at(double withdrawal, const std::vector<int>& returns) {
+    BarSet set{.name = u"%1% withdrawn each year"_s.arg(withdrawal), .values = {}};
     for (const int percent : returns) {
         set.values.push_back(years_payments_last(withdrawal, percent).value_or(0));
     }
@@ -35,15 +35,17 @@ frmvang::frmvang(Module1& module1)
     : Screen(module1, "frmvang",
              {.title = u"How to make your distribution payments last longer"_s, .step = {}}) {
     add_paragraphs({{{}, lead}});
-    auto* chart =
-        new BarChart("grphvang", u"Years that payments last by annual return"_s, BarChart::Unit::years);
+    auto* chart = new BarChart("grphvang", u"Years that payments last by annual return"_s);
     // At these returns the withdrawals shown always empty the account some day.
     const std::vector<int> returns{4, 5, 6, 7, 8};
-    QStringList labels;
+    BarData bars{.labels = {},
+                 .sets = {years_at(10.0, returns), years_at(15.0, returns)},
+                 .upper = upper_years,
+                 .unit = BarUnit::years};
     for (const int percent : returns) {
-        labels << u"%1%"_s.arg(percent);
+        bars.labels << u"%1%"_s.arg(percent);
     }
-    chart->show_bars(labels, {years_at(10.0, returns), years_at(15.0, returns)}, upper_years);
+    chart->show_bars(bars);
     content()->addWidget(chart);
     add_paragraphs({{{}, smaller_withdrawals}, {{}, higher_return}});
     set_first_field(Cmdnext);

@@ -4,11 +4,12 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QStackedWidget>
 
 #include "core/numbers.h"
 #include "engine/schedule.h"
+#include "output/report.h"
+#include "output/report_templates.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -47,9 +48,23 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     result_->addWidget(lblcover);
     content()->addWidget(result_, 1);
 
-    cmdprint = control::button(u"Prin&t"_s, "cmdprint");
-    cmdprint->setEnabled(false);
-    navigation()->insertWidget(1, cmdprint);
+    print_buttons = new PrintButtons(navigation());
+    connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
+        print(module, this, destination, [this] { return print_job(); });
+    });
+}
+
+// The summary and then the schedule that suits the scenario, as one job.
+PrintJob ResultScreen::print_job() const {
+    std::vector<QString> reports;
+    for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
+        reports.push_back(
+            fill_template(module.program_file(name), module.program_file(Module1::database_name)));
+    }
+    return {.title = report_title(reports.front()),
+            .draw = [reports, printed = module.today()](QPagedPaintDevice& device) {
+                draw_reports(reports, printed, device);
+            }};
 }
 
 QFrame* ResultScreen::rate_list() {

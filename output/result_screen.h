@@ -2,6 +2,7 @@
 // print button, the note shown once per visit.
 #pragma once
 
+#include "output/printing.h"
 #include "shell/screen.h"
 
 class QFrame;
@@ -45,10 +46,11 @@ protected:
 
     QLabel* lblsub = nullptr;
     QComboBox* cmbrate = nullptr;
-    QPushButton* cmdprint = nullptr;
+    PrintButtons* print_buttons = nullptr;  // disabled while there is nothing to print
 
 private:
     QFrame* rate_list();
+    PrintJob print_job() const;
 
     QGridLayout* values_ = nullptr;
     QStackedWidget* result_ = nullptr;

@@ -59,8 +59,8 @@ ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, 
 void ScheduleScreen::build_chart_buttons() {
     cmdchart = control::button(u"Ch&art"_s, "cmdchart");
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
-    navigation()->insertWidget(2, cmdchart);
-    navigation()->insertWidget(3, pichart);
+    navigation()->insertWidget(3, cmdchart);
+    navigation()->insertWidget(4, pichart);
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
     connect(pichart, &QToolButton::clicked, this, [this] { show_chart(); });
 }
@@ -150,7 +150,8 @@ void ScheduleScreen::dis_mnu(int what) {
     if (what != 0 && what != 1) {
         return;
     }
-    const bool enabled = what == 0 && module.screens.offers(chart_);
+    const bool enabled = what == 0;
+    print_buttons->setEnabled(enabled);
     cmdchart->setEnabled(enabled);
     pichart->setEnabled(enabled);
     if (what == 1) {

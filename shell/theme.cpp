@@ -92,6 +92,7 @@ QString style_sheet(double base) {
         QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
         QLabel[role="value"] { font-weight: 600; }
         QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QToolButton::menu-indicator { image: none; }
         QComboBox { combobox-popup: 0; }
         QCheckBox::indicator, QRadioButton::indicator { width: %15px; height: %15px; }
         QLabel:disabled { color: %14; }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,6 +20,8 @@
 #include "shell/text.h"
 
 namespace kelvar::test {
+
+using namespace Qt::StringLiterals;
 
 UiTest::UiTest() {
     qApp->installEventFilter(this);
@@ -42,7 +45,13 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
     const bool is_message = qobject_cast<MessageDialog*>(watched) != nullptr;
     if (note != nullptr && !is_message && event->type() == QEvent::Show) {
         notes_shown << note->objectName();
-        QTimer::singleShot(0, note, [note] { QTest::keyClick(note, Qt::Key_Escape); });
+        QTimer::singleShot(0, note, [this, note] {
+            if (qobject_cast<QFileDialog*>(note) != nullptr && !save_as.isEmpty()) {
+                save(note);
+            } else {
+                QTest::keyClick(note, Qt::Key_Escape);
+            }
+        });
     }
     auto* dialog = qobject_cast<MessageDialog*>(watched);
     if (dialog != nullptr && event->type() == QEvent::Show) {
@@ -55,6 +64,12 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
         });
     }
     return false;
+}
+
+void UiTest::save(QDialog* file_dialog) {
+    auto* name = file_dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
+    name->setText(save_as);
+    QTest::keyClick(name, Qt::Key_Return);
 }
 
 std::vector<std::string> UiTest::take_messages() {

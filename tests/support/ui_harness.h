@@ -14,6 +14,8 @@
 #include "shell/screen.h"
 #include "tests/support/temporary_program_folder.h"
 
+class QDialog;
+
 namespace kelvar::test {
 
 class UiTest : public ::testing::Test, public QObject {
@@ -25,6 +27,8 @@ public:
     Date today{std::chrono::year{2020} / 1 / 15};
     // How yes/no messages are answered.
     bool answer_yes = false;
+    // Where a PDF is saved when the program asks; empty cancels.
+    QString save_as;
     // Names of the modal notes shown, each closed with Escape.
     QStringList notes_shown;
     // Texts of the messages and questions shown since the last call.
@@ -72,6 +76,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void save(QDialog* file_dialog);
+
     std::vector<std::string> messages_;
 };
 

@@ -46,7 +46,9 @@ public:
 TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     const QStringList row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s,
                           u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s};
-    const QStringList result_row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s, u"cmdclose"_s};
+    const QStringList print{u"cmdhelp"_s, u"cmdprint"_s, u"cmdprintmenu"_s};
+    const QStringList chart{u"cmdchart"_s, u"pichart"_s};
+    const QStringList back{u"picprev"_s, u"cmdprev"_s, u"cmdclose"_s};
     expect_tab_order({u"lblkelv"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
     expect_tab_order({u"pictime"_s, u"Picmethod"_s, u"piclengt"_s, u"piclast"_s, u"cmdchart"_s,
@@ -84,7 +86,9 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
                      row);
     click("chkrate_3");
     click("Cmdnext");
-    expect_tab_order(QStringList{u"cmbrate"_s, u"grddist"_s} + result_row);
+    expect_tab_order(QStringList{u"cmbrate"_s, u"grddist"_s} + print + chart + back);
+    click("cmdchart");
+    expect_tab_order(QStringList{u"grphsche"_s} + print + back);
 }
 
 TEST_F(ScreenTest, HaveTheStandardSize) {

@@ -1,0 +1,34 @@
+#include "engine/yearly_totals.h"
+
+#include "core/numbers.h"
+
+namespace kelvar {
+
+double get_amount(const Recordset& schedule, int year) {
+    const std::size_t year_column = schedule.column("Year");
+    const std::size_t payment_column = schedule.column("payment");
+    double amount = 0.0;
+    for (std::size_t row = 0; row < schedule.RecordCount(); ++row) {
+        if (as_number(schedule.cell(row, year_column)) == year) {
+            amount += as_number(schedule.cell(row, payment_column));
+        }
+    }
+    return round_to_cents(amount);
+}
+
+YearlyTotals yearly_totals(Recordset& schedule) {
+    YearlyTotals totals;
+    if (schedule.RecordCount() == 0) {
+        return totals;
+    }
+    schedule.MoveFirst();
+    totals.first_year = static_cast<int>(schedule.number("Year"));
+    schedule.MoveLast();
+    const int last_year = static_cast<int>(schedule.number("Year"));
+    for (int year = totals.first_year; year <= last_year; ++year) {
+        totals.amounts.push_back(get_amount(schedule, year));
+    }
+    return totals;
+}
+
+}  // namespace kelvar

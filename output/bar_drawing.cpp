@@ -1,0 +1,189 @@
+#include "output/bar_drawing.h"
+
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QCategoryAxis>
+#include <QFontMetricsF>
+#include <QGraphicsLayout>
+#include <QGraphicsSimpleTextItem>
+#include <QLegend>
+#include <algorithm>
+
+#include "core/numbers.h"
+#include "shell/text.h"
+#include "shell/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr double bar_width = 0.8;    // share of a label's room that its bars take
+constexpr double small_font = 0.85;  // of the values above the bars
+constexpr double gap = theme::grid;  // between texts
+
+}  // namespace
+
+QString short_text(double value, BarUnit unit) {
+    return to_qt(format_number(value, unit == BarUnit::dollars ? "$###,###,##0" : "##0"));
+}
+
+QString full_text(double value, BarUnit unit) {
+    return unit == BarUnit::dollars ? to_qt(format_number(value, "$###,###,##0.00"))
+                                    : short_text(value, unit) + u" years"_s;
+}
+
+BarDrawing::BarDrawing(const Look& look)
+    : look_(look),
+      series_(new QBarSeries),
+      label_axis_(new QBarCategoryAxis),
+      value_axis_(new QCategoryAxis) {
+    legend()->hide();
+    // Room for half a line above the highest tick, and for the labels below, which are texts of ours.
+    const int line = static_cast<int>(QFontMetricsF(look.font).height());
+    setMargins({theme::grid, line, theme::grid, line + theme::grid / 2});
+    layout()->setContentsMargins(0, 0, 0, 0);
+    setBackgroundBrush(look.paper);
+    setBackgroundRoundness(0);
+    addSeries(series_);
+    series_->setBarWidth(bar_width);
+    value_axis_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+    value_axis_->setGridLineColor(look.lines);
+    value_axis_->setLabelsColor(look.text);
+    value_axis_->setLabelsFont(look.font);
+    value_axis_->setLinePenColor(look.lines);
+    label_axis_->setGridLineVisible(false);
+    label_axis_->setLabelsVisible(false);
+    label_axis_->setLinePenColor(look.lines);
+    addAxis(label_axis_, Qt::AlignBottom);
+    addAxis(value_axis_, Qt::AlignLeft);
+    series_->attachAxis(label_axis_);
+    series_->attachAxis(value_axis_);
+    connect(this, &QChart::plotAreaChanged, this, [this] { place_texts(); });
+}
+
+void BarDrawing::draw(const BarData& data) {
+    unit_ = data.unit;
+    label_axis_->setCategories(data.labels);
+    set_ticks(data.upper);
+    for (const BarSet& set : data.sets) {
+        add_set(set);
+    }
+    QFont value_font = look_.font;
+    value_font.setPointSizeF(look_.font.pointSizeF() * small_font);
+    for (qsizetype label = 0; label < data.labels.size(); ++label) {
+        label_texts_.push_back(add_text(data.labels.at(label), look_.font));
+        for (const BarSet& set : data.sets) {
+            const double value = set.values[static_cast<std::size_t>(label)];
+            value_texts_.push_back(add_text(short_text(value, unit_), value_font));
+        }
+    }
+    place_texts();
+}
+
+// The bounds are among the ticks.
+void BarDrawing::set_ticks(double upper) {
+    constexpr int steps = 5;
+    value_axis_->setRange(0.0, upper);
+    for (int step = 0; step <= steps; ++step) {
+        const double value = upper * step / steps;
+        value_axis_->append(short_text(value, unit_), value);
+    }
+}
+
+void BarDrawing::add_set(const BarSet& set) {
+    const int number = static_cast<int>(series_->count());
+    auto* bars = new QBarSet(set.name);
+    for (const double value : set.values) {
+        bars->append(value);
+    }
+    bars->setBrush(number == 0 ? QBrush(look_.bars) : QBrush(look_.bars, Qt::BDiagPattern));
+    bars->setPen(QPen(look_.bars, 1.5));
+    bars->setSelectedColor(look_.text);
+    series_->append(bars);
+    connect(bars, &QBarSet::hovered, this, [this, number](bool inside, int label) {
+        if (inside) {
+            emit pointed_at(label * static_cast<int>(series_->count()) + number);
+        }
+    });
+}
+
+QGraphicsSimpleTextItem* BarDrawing::add_text(const QString& text, const QFont& font) {
+    auto* item = new QGraphicsSimpleTextItem(text, this);
+    item->setFont(font);
+    item->setBrush(look_.text);
+    item->setZValue(20);
+    return item;
+}
+
+void BarDrawing::mark(int place) {
+    for (QBarSet* set : series_->barSets()) {
+        set->deselectAllBars();
+    }
+    if (place >= 0) {
+        const int sets = static_cast<int>(series_->count());
+        series_->barSets().at(place % sets)->selectBar(place / sets);
+    }
+}
+
+void BarDrawing::place_texts() {
+    if (label_texts_.empty()) {
+        return;
+    }
+    const double slot = plotArea().width() / static_cast<double>(label_texts_.size());
+    place_labels(slot);
+    place_values(slot);
+}
+
+// Every label, or every second, fifth, tenth and so on, so that none touches the next.
+void BarDrawing::place_labels(double slot) {
+    const double widest = label_texts_.back()->boundingRect().width() + gap;
+    std::size_t step = 1;
+    for (const std::size_t larger : {2U, 5U, 10U, 20U, 50U}) {
+        if (widest > slot * static_cast<double>(step)) {
+            step = larger;
+        }
+    }
+    const QRectF plot = plotArea();
+    double free_from = 0.0;
+    for (std::size_t label = 0; label < label_texts_.size(); ++label) {
+        QGraphicsSimpleTextItem* text = label_texts_[label];
+        const double width = text->boundingRect().width();
+        const double middle = plot.left() + slot * (static_cast<double>(label) + 0.5);
+        const double left = std::clamp(middle - width / 2, 0.0, std::max(0.0, size().width() - width));
+        text->setPos(left, plot.bottom() + theme::grid / 2.0);
+        text->setVisible(label % step == 0 && left >= free_from);
+        if (text->isVisible()) {
+            free_from = left + width + gap;
+        }
+    }
+}
+
+// Above their bars when all of them fit beside each other.
+void BarDrawing::place_values(double slot) {
+    const int sets = static_cast<int>(series_->count());
+    const double room = slot * bar_width / sets;
+    const bool fits = std::ranges::all_of(value_texts_, [&](const QGraphicsSimpleTextItem* text) {
+        return text->boundingRect().width() + gap <= room;
+    });
+    for (int place = 0; place < places(); ++place) {
+        QGraphicsSimpleTextItem* text = value_texts_[static_cast<std::size_t>(place)];
+        const QPointF top = bar_top(place);
+        const QSizeF size = text->boundingRect().size();
+        text->setPos(top.x() - size.width() / 2,
+                     std::max(plotArea().top() - size.height(), top.y() - size.height() - 2));
+        text->setVisible(fits);
+    }
+}
+
+QPointF BarDrawing::bar_top(int place) {
+    const int sets = static_cast<int>(series_->count());
+    const int set = place % sets;
+    const int label = place / sets;
+    const double x = label - bar_width / 2 + bar_width * (set + 0.5) / sets;
+    return mapToPosition({x, series_->barSets().at(set)->at(label)}, series_);
+}
+
+}  // namespace kelvar

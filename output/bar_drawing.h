@@ -1,0 +1,81 @@
+// The drawing of a bar chart, for the screen and for paper: one group of bars per label over a value
+// axis from 0. Values stand above the bars, and labels below them, where there is room.
+#pragma once
+
+#include <QChart>
+#include <QFont>
+#include <QStringList>
+#include <vector>
+
+class QBarCategoryAxis;
+class QBarSeries;
+class QBarSet;
+class QCategoryAxis;
+class QGraphicsSimpleTextItem;
+
+namespace kelvar {
+
+struct BarSet {
+    QString name;
+    std::vector<double> values;  // one per label
+};
+
+enum class BarUnit { dollars, years };
+
+// What is drawn. `upper` is the upper bound of the axis.
+struct BarData {
+    QStringList labels;
+    std::vector<BarSet> sets;
+    double upper = 1.0;
+    BarUnit unit = BarUnit::dollars;
+};
+
+class BarDrawing : public QChart {
+    Q_OBJECT
+
+public:
+    struct Look {
+        QFont font;
+        QColor paper;
+        QColor text;
+        QColor lines;
+        QColor bars;
+    };
+
+    explicit BarDrawing(const Look& look);
+
+    // Called once. The first set is drawn solid, the second hatched, so that they differ without colour
+    // too.
+    void draw(const BarData& data);
+
+    // Places count the bars by label, then by set.
+    int places() const { return static_cast<int>(value_texts_.size()); }
+    // Marks this bar alone; -1 none.
+    void mark(int place);
+
+signals:
+    void pointed_at(int place);
+
+private:
+    void add_set(const BarSet& set);
+    void set_ticks(double upper);
+    QGraphicsSimpleTextItem* add_text(const QString& text, const QFont& font);
+    void place_texts();
+    void place_values(double slot);
+    void place_labels(double slot);
+    QPointF bar_top(int place);
+
+    Look look_;
+    BarUnit unit_ = BarUnit::dollars;
+    QBarSeries* series_ = nullptr;
+    QBarCategoryAxis* label_axis_ = nullptr;
+    QCategoryAxis* value_axis_ = nullptr;
+    std::vector<QGraphicsSimpleTextItem*> label_texts_;
+    std::vector<QGraphicsSimpleTextItem*> value_texts_;
+};
+
+// "$1,200" or "14" on the axis; "$1,200.00" or "14 years" in words.
+QString short_text(double value, BarUnit unit);
+QString full_text(double value, BarUnit unit);
+
+}  // namespace kelvar

@@ -1,0 +1,52 @@
+// Pages on paper or in a PDF, each with its footer: title, date, page number.
+#pragma once
+
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <memory>
+#include <stdexcept>
+
+#include "core/dates.h"
+
+class QTextDocument;
+
+namespace kelvar {
+
+// HTML laid out in pages for a device. Points of fonts and pixels of distances are those of the device.
+std::unique_ptr<QTextDocument> lay_out(const QString& html, QPagedPaintDevice& device);
+
+// The text says what went wrong, for the user.
+class PrintError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class PagePainter {
+public:
+    // Throws PrintError when the device cannot be drawn on, as does every step below.
+    PagePainter(QPagedPaintDevice& device, Date printed, int page_count);
+
+    // Starts the next page and draws its footer.
+    void next_page(const QString& title);
+    // Sends the last page off.
+    void finish();
+
+    QPainter& painter() { return painter_; }
+    // Where the content of a page goes, in device pixels; the same on every page.
+    QRectF body() const { return body_; }
+
+    // Draws one page, counted from 0, of a document that was laid out for the same device.
+    void draw(const QTextDocument& document, int page);
+
+private:
+    void draw_footer(const QString& title);
+
+    QPagedPaintDevice& device_;
+    QPainter painter_;
+    QRectF body_;
+    Date printed_;
+    int page_count_;
+    int page_ = 0;
+};
+
+}  // namespace kelvar

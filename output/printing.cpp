@@ -1,0 +1,121 @@
+#include "output/printing.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QToolButton>
+
+#include "output/page_painter.h"
+#include "shell/hourglass.h"
+#include "shell/screen.h"
+#include "shell/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+// Three quarters of an inch.
+const QMarginsF margins(54.0, 54.0, 54.0, 54.0);
+
+void print_on(const QPrinterInfo& where, const PrintJob& job) {
+    const Hourglass hourglass;
+    QPrinter printer(where, QPrinter::HighResolution);
+    printer.setDocName(job.title);
+    printer.setPageOrientation(job.orientation);
+    printer.setPageMargins(margins, QPageLayout::Point);
+    job.draw(printer);
+    if (printer.printerState() == QPrinter::Error) {
+        throw PrintError("The printer " + to_utf8(where.printerName()) + " reports an error.");
+    }
+}
+
+void write_pdf(const QString& name, const PrintJob& job) {
+    const Hourglass hourglass;
+    QSaveFile file(name);
+    const auto refuse = [&] {
+        throw PrintError("The file " + to_utf8(QDir::toNativeSeparators(name)) +
+                         " cannot be written: " + to_utf8(file.errorString()) + ".");
+    };
+    if (!file.open(QIODevice::WriteOnly)) {
+        refuse();
+    }
+    {
+        QPdfWriter writer(&file);
+        writer.setTitle(job.title);
+        writer.setCreator(u"Kelvar"_s);
+        writer.setPageSize(QPageSize(QPageSize::Letter));
+        writer.setPageOrientation(job.orientation);
+        writer.setPageMargins(margins, QPageLayout::Point);
+        job.draw(writer);
+    }
+    if (!file.commit()) {
+        refuse();
+    }
+}
+
+// Empty when the user cancels.
+QString ask_for_pdf_file(QWidget* window, const QString& title) {
+    QFileDialog dialog(window, u"Save as PDF"_s);
+    dialog.setObjectName(u"savepdf"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(u"PDF files (*.pdf)"_s);
+    dialog.setDefaultSuffix(u"pdf"_s);
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog.setDirectory(documents.exists() ? documents : QDir::home());
+    dialog.selectFile(title + u".pdf"_s);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+void print(Module1& module, QWidget* window, Destination destination,
+           const std::function<PrintJob()>& prepare) {
+    try {
+        PrintJob job;
+        QPrinterInfo printer;
+        {
+            const Hourglass hourglass;
+            job = prepare();
+            if (destination == Destination::printer) {
+                printer = QPrinterInfo::defaultPrinter();
+            }
+        }
+        if (!printer.isNull()) {
+            print_on(printer, job);
+        } else if (const QString file = ask_for_pdf_file(window, job.title); !file.isEmpty()) {
+            write_pdf(file, job);
+        }
+    } catch (const std::exception& error) {
+        module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
+    }
+}
+
+PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
+    cmdprint = control::button(u"Prin&t"_s, "cmdprint");
+    connect(cmdprint, &QPushButton::clicked, this, [this] { emit chosen(Destination::printer); });
+
+    auto* menu = new QMenu(cmdprint);
+    menu->addAction(u"&Print"_s, this, [this] { emit chosen(Destination::printer); });
+    menu->addAction(u"&Save as PDF..."_s, this, [this] { emit chosen(Destination::pdf_file); });
+    cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
+    cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
+    cmdprintmenu->setMenu(menu);
+    navigation->insertWidget(1, cmdprint);
+    navigation->insertWidget(2, cmdprintmenu);
+}
+
+void PrintButtons::setEnabled(bool enabled) {
+    cmdprint->setEnabled(enabled);
+    cmdprintmenu->setEnabled(enabled);
+}
+
+}  // namespace kelvar

@@ -1,0 +1,32 @@
+// The report engine: fills templates from the work tables and draws them as pages. It knows no screen;
+// what it prints was stored.
+//
+// A template is HTML with Mustache tags. It sees the heading row as `distrib` and the payments as
+// `schedule`, in their order, each field under its own name. Dollar amounts that are stored as numbers
+// can also be had written out: `curvalue` is 250000, `curvalue_money` $250,000.00. Beside the fields
+// there are `schedule_total_money`, the sum of all rows, and one of `by_number_of_payments`,
+// `by_dollar_amount` and `by_life_expectancy` is true. A tag that names anything else is an error, so
+// that a slip of the pen leaves no gap in a printout.
+#pragma once
+
+#include <QPagedPaintDevice>
+#include <QString>
+#include <filesystem>
+#include <vector>
+
+#include "core/dates.h"
+
+namespace kelvar {
+
+// The finished text of one report, as HTML. Throws PrintError when the template is missing, empty or
+// faulty, and DatabaseError when the database cannot be read.
+QString fill_template(const std::filesystem::path& template_file,
+                      const std::filesystem::path& database_file);
+
+// What the <title> of a finished report says.
+QString report_title(const QString& html);
+
+// Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError.
+void draw_reports(const std::vector<QString>& reports, Date printed, QPagedPaintDevice& device);
+
+}  // namespace kelvar

@@ -1,0 +1,76 @@
+#include "engine/yearly_totals.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/axis.h"
+#include "engine/store.h"
+#include "tests/support/sql.h"
+#include "tests/support/temporary_program_folder.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Amounts = std::vector<double>;
+
+class YearlyTotalsTest : public ::testing::Test {
+protected:
+    // Stores payments of these years and amounts in the work table.
+    void fill(const std::vector<std::pair<int, double>>& payments) {
+        PaymentSchedule schedule;
+        for (const auto& [year, amount] : payments) {
+            PaymentRow row;
+            row.payment = amount;
+            row.date = std::chrono::year{year} / 7 / 15;
+            schedule.rows.push_back(row);
+        }
+        store(database, schedule, {});
+    }
+
+    TemporaryProgramFolder folder;
+    Database database{folder.database()};
+};
+
+TEST_F(YearlyTotalsTest, OneAmountForEachYearFromFirstToLastRow) {
+    fill({{2026, 100.10}, {2026, 0.05}, {2027, 250.0}, {2030, 12.34}});
+    const YearlyTotals totals = yearly_totals(database.schedule());
+    EXPECT_EQ(totals.first_year, 2026);
+    EXPECT_EQ(totals.amounts, (Amounts{100.15, 250.0, 0.0, 0.0, 12.34}));  // 2028 and 2029: none
+    EXPECT_EQ(get_amount(database.schedule(), 2025), 0.0);
+}
+
+// Twelve payments of 8,333.33 and 8,333.37 are 100,000.00 and not a hair less: the axis shows the step
+// above.
+TEST_F(YearlyTotalsTest, SumsAreWholeCents) {
+    std::vector<std::pair<int, double>> payments(11, {2026, 8333.33});
+    payments.emplace_back(2026, 8333.37);
+    fill(payments);
+    const YearlyTotals totals = yearly_totals(database.schedule());
+    EXPECT_EQ(totals.amounts, Amounts{100000.0});
+    EXPECT_EQ(y_max(totals.amounts[0]), 110000.0);
+}
+
+TEST_F(YearlyTotalsTest, NoRowsGiveNoYears) {
+    EXPECT_TRUE(yearly_totals(database.schedule()).amounts.empty());
+}
+
+TEST_F(YearlyTotalsTest, LongScheduleAddsUpToItsTotal) {
+    const PaymentSchedule schedule =
+        LevelPaymentSchedule({250000.0, 2020y / 7 / 15, 12, 5.0, 80.0}, 828);
+    store(database, schedule, {});
+    const YearlyTotals totals = yearly_totals(database.schedule());
+    EXPECT_EQ(totals.amounts.size(), 70u);  // July 2020 to June 2089
+    double sum = 0.0;
+    for (const double amount : totals.amounts) {
+        sum += amount;
+    }
+    EXPECT_NEAR(sum, schedule.total_paid, 0.001);
+    EXPECT_EQ(sql_rows(folder.database(),
+                       "SELECT printf('%.2f', sum(payment)) FROM schedule WHERE Year = '2055'")[0],
+              std::to_string(totals.amounts[35]).substr(0, 8));
+}
+
+}  // namespace
+
+}  // namespace kelvar::test

@@ -1,0 +1,186 @@
+// Charts and printing, driven through the screens; every print goes to a PDF file.
+
+#include <QComboBox>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <filesystem>
+
+#include "output/bar_chart.h"
+#include "shell/grid.h"
+#include "shell/text.h"
+#include "tests/support/ui_harness.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Printing : public UiTest {
+public:
+    Printing() {
+        for (const auto& report : std::filesystem::directory_iterator(KELVAR_REPORTS)) {
+            std::filesystem::copy(report, folder.path());
+        }
+        save_as = to_qt((folder.path() / "out.pdf").string());
+    }
+
+    void go_to_result(const char* rate = "chkrate_1") {
+        click("Cmdnext");
+        click(rate);
+        click("Cmdnext");
+    }
+    void go_to_partial_result() {
+        go_to_method();
+        click("optmethod_2");
+        enter("txtpartial", u"100000"_s);
+        click("chkpartial_0");
+        choose("cmbscnmonth", u"October"_s);
+        click("Cmdnext");
+        click("optlength_0");
+        enter("txtnumber", u"30"_s);
+        go_to_result();
+        ASSERT_EQ(screen_name(), u"frmparti"_s);
+    }
+
+    // Pages of the file that Print wrote; 0 when there is none.
+    int printed_pages() {
+        QFile file(save_as);
+        const bool there = file.open(QIODevice::ReadOnly);
+        const int pages = there ? static_cast<int>(file.readAll().count("/Type /Page\n")) : 0;
+        file.remove();
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+        return pages;
+    }
+};
+
+TEST_F(Printing, PeriodicChartAndReports) {
+    go_to_rates();
+    click("chkrate_1");
+    click("Cmdnext");
+    const auto rows = work_table_rows();
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 9);  // the summary and 349 rows
+    click("pichart");
+    EXPECT_EQ(screen_name(), u"frmcperi"_s);
+    EXPECT_EQ(text_of("lbltitle"), u"Periodic Payments - Monthly (Over Life Expectancy)"_s);
+    EXPECT_EQ(text_of("lblfrequency"), u"Monthly Payments"_s);
+    EXPECT_EQ(text_of("lblperiod"), u"(July, 2020 - July, 2049)"_s);
+    EXPECT_EQ(text_of("lblrate"), u"BASED ON  5% ANNUAL RETURN "_s);
+    EXPECT_EQ(text_of("lblnumber"), u"Number of Payments: 349"_s);
+    EXPECT_EQ(text_of("lblcurvalue"), u"$250,000.00"_s);
+    EXPECT_EQ(text_of("lbltotalvalue"), u"$578,796.05"_s);
+    EXPECT_EQ(focus_name(), u"grphsche"_s);
+    EXPECT_EQ(text_of("lblreadout"), u"2020: Total paid $4,405.80"_s);  // 6 x 734.30
+    press(Qt::Key_Right);
+    EXPECT_EQ(text_of("lblreadout"), u"2021: Total paid $9,036.72"_s);  // 12 x 753.06
+    press(Qt::Key_End);
+    EXPECT_TRUE(text_of("lblreadout").startsWith(u"2049: "_s));
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 1);
+    click("cmdprev");
+    EXPECT_EQ(screen_name(), u"frmperio"_s);
+    EXPECT_EQ(grid_rows(), rows);
+    EXPECT_EQ(work_table_rows(), rows);
+    EXPECT_EQ(notes_shown.count(u"frmclaim"_s), 1);
+}
+
+TEST_F(Printing, PartialChartHasTheLumpSumAsItsOwnPoint) {
+    go_to_partial_result();
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 2);
+    click("cmdchart");
+    EXPECT_EQ(screen_name(), u"frmcpart"_s);
+    EXPECT_EQ(text_of("lbltitle"), u"Partial Lump Sum Payments"_s);
+    EXPECT_EQ(text_of("lblpartial"), u"$100,000.00"_s);
+    EXPECT_EQ(find<QLabel>("lblpartial")->accessibleName(), u"Lump Sum (7/2020):"_s);
+    EXPECT_EQ(text_of("lblreadout"), u"Lump Sum: Total paid $100,000.00"_s);
+    press(Qt::Key_Right);
+    EXPECT_TRUE(text_of("lblreadout").startsWith(u"2020: "_s));  // October to December, no lump sum
+    EXPECT_FALSE(text_of("lblreadout").contains(u"$100,"_s));
+    press(Qt::Key_End);
+    EXPECT_TRUE(text_of("lblreadout").startsWith(u"2023: "_s));
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 1);
+    click("picprev");
+    EXPECT_EQ(screen_name(), u"frmparti"_s);
+}
+
+TEST_F(Printing, ChartNeedsTwoYears) {
+    go_to_length();
+    click("optlength_0");
+    enter("txtnumber", u"6"_s);
+    go_to_result();
+    for (const char* button : {"cmdchart", "pichart"}) {
+        click(button);
+        EXPECT_EQ(take_messages(),
+                  std::vector<std::string>{"This chart is only available for distribution payments "
+                                           "spread over two calendar years or longer."});
+        EXPECT_EQ(screen_name(), u"frmperio"_s);
+    }
+}
+
+TEST_F(Printing, LumpSumPrintsOnePage) {
+    go_to_method();
+    click("optmethod_0");
+    go_to_result();
+    ASSERT_EQ(screen_name(), u"frmlump"_s);
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 1);
+}
+
+TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
+    go_to_length();
+    click("optlength_1");
+    enter("txtfixamount", u"1400"_s);
+    click("Cmdnext");
+    click("chkrate_1");
+    click("chkrate_4");
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), u"frmperio"_s);
+    EXPECT_TRUE(find<QWidget>("cmdprint")->isEnabled());
+    choose("cmbrate", u" 8%"_s);
+    EXPECT_EQ(take_messages().size(), 1u);
+    for (const char* button : {"cmdprint", "cmdprintmenu", "cmdchart", "pichart"}) {
+        EXPECT_FALSE(find<QWidget>(button)->isEnabled()) << button;
+    }
+}
+
+// Whatever goes wrong is one message; the schedule stays and the next print works.
+TEST_F(Printing, FailuresAreOneMessageEach) {
+    go_to_partial_result();
+    const auto rows = grid_rows();
+    const auto template_file = folder.path() / "schedule.rpt";
+    const auto hidden = folder.path() / "hidden";
+
+    std::filesystem::rename(template_file, hidden);
+    click("cmdprint");
+    auto messages = take_messages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].find(template_file.string()), std::string::npos) << messages[0];
+    EXPECT_FALSE(notes_shown.contains(u"savepdf"_s));
+    std::filesystem::rename(hidden, template_file);
+
+    const QString good = std::exchange(save_as, u"/proc/out.pdf"_s);
+    click("cmdprint");
+    messages = take_messages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].find("/proc/out.pdf"), std::string::npos) << messages[0];
+
+    save_as.clear();
+    click("cmdprint");
+    EXPECT_TRUE(take_messages().empty());
+
+    EXPECT_EQ(grid_rows(), rows);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    save_as = good;
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 2);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
