@@ -35,7 +35,8 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
                                .paper = palette().color(QPalette::Base),
                                .text = palette().color(QPalette::WindowText),
                                .lines = theme::colors().border,
-                               .bars = theme::colors().accent})),
+                               .bars = theme::colors().accent,
+                               .steps = theme::large_text() ? 2 : 5})),
       readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
     setObjectName(QString::fromLatin1(name));
@@ -47,7 +48,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
     view->setRenderHint(QPainter::Antialiasing);
     view->setFocusPolicy(Qt::NoFocus);
     view->setFrameShape(QFrame::NoFrame);
-    setMinimumHeight(16 * fontMetrics().height());
+    setMinimumHeight((theme::large_text() ? 12 : 16) * fontMetrics().height());
     readout_->setAlignment(Qt::AlignCenter);
     readout_->setWordWrap(true);
     QBoxLayout* keys = control::row();

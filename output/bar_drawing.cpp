@@ -41,9 +41,6 @@ BarDrawing::BarDrawing(const Look& look)
       label_axis_(new QBarCategoryAxis),
       value_axis_(new QCategoryAxis) {
     legend()->hide();
-    // Room for half a line above the highest tick, and for the labels below, which are texts of ours.
-    const int line = static_cast<int>(QFontMetricsF(look.font).height());
-    setMargins({theme::grid, line, theme::grid, line + theme::grid / 2});
     layout()->setContentsMargins(0, 0, 0, 0);
     setBackgroundBrush(look.paper);
     setBackgroundRoundness(0);
@@ -67,6 +64,11 @@ BarDrawing::BarDrawing(const Look& look)
 void BarDrawing::draw(const BarData& data) {
     unit_ = data.unit;
     label_axis_->setCategories(data.labels);
+    // Room for half a line above the highest tick, and for the labels below, which are texts of ours
+    // and begin below the lowest tick's text.
+    const bool two_lines = data.labels.join(QChar()).contains(u' ');
+    const int line = line_height();
+    setMargins({theme::grid, line, theme::grid, line / 2 + (two_lines ? 2 : 1) * line});
     set_ticks(data.upper);
     for (const BarSet& set : data.sets) {
         add_set(set);
@@ -83,12 +85,15 @@ void BarDrawing::draw(const BarData& data) {
     place_texts();
 }
 
+int BarDrawing::line_height() const {
+    return static_cast<int>(QFontMetricsF(look_.font).height());
+}
+
 // The bounds are among the ticks.
 void BarDrawing::set_ticks(double upper) {
-    constexpr int steps = 5;
     value_axis_->setRange(0.0, upper);
-    for (int step = 0; step <= steps; ++step) {
-        const double value = upper * step / steps;
+    for (int step = 0; step <= look_.steps; ++step) {
+        const double value = upper * step / look_.steps;
         value_axis_->append(short_text(value, unit_), value);
     }
 }
@@ -137,7 +142,8 @@ void BarDrawing::place_texts() {
     place_values(slot);
 }
 
-// Every label, or every second, fifth, tenth and so on, so that none touches the next.
+// Every label, or every second, fifth, tenth and so on, so that none touches the next. A wide label of
+// two words takes two lines.
 void BarDrawing::place_labels(double slot) {
     const double widest = label_texts_.back()->boundingRect().width() + gap;
     std::size_t step = 1;
@@ -150,10 +156,14 @@ void BarDrawing::place_labels(double slot) {
     double free_from = 0.0;
     for (std::size_t label = 0; label < label_texts_.size(); ++label) {
         QGraphicsSimpleTextItem* text = label_texts_[label];
+        text->setText(text->text().replace(u'\n', u' '));
+        if (text->boundingRect().width() + gap > slot) {
+            text->setText(text->text().replace(u' ', u'\n'));
+        }
         const double width = text->boundingRect().width();
         const double middle = plot.left() + slot * (static_cast<double>(label) + 0.5);
         const double left = std::clamp(middle - width / 2, 0.0, std::max(0.0, size().width() - width));
-        text->setPos(left, plot.bottom() + theme::grid / 2.0);
+        text->setPos(left, plot.bottom() + line_height() / 2.0);
         text->setVisible(label % step == 0 && left >= free_from);
         if (text->isVisible()) {
             free_from = left + width + gap;

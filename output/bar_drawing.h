@@ -40,6 +40,7 @@ public:
         QColor text;
         QColor lines;
         QColor bars;
+        int steps = 5;  // of the value axis
     };
 
     explicit BarDrawing(const Look& look);
@@ -60,6 +61,7 @@ private:
     void add_set(const BarSet& set);
     void set_ticks(double upper);
     QGraphicsSimpleTextItem* add_text(const QString& text, const QFont& font);
+    int line_height() const;
     void place_texts();
     void place_values(double slot);
     void place_labels(double slot);
