@@ -101,6 +101,7 @@ void frmdist2::build_partial(QBoxLayout* card) {
     cmbPercent->setObjectName(u"cmbPercent"_s);
     cmbPercent->setAccessibleName(u"Partial amount as a percentage of the balance"_s);
     cmbPercent->setEditable(true);
+    cmbPercent->lineEdit()->setAccessibleName(cmbPercent->accessibleName());
     cmbPercent->setInsertPolicy(QComboBox::NoInsert);
     cmbPercent->setCompleter(nullptr);
     cmbPercent->setMinimumContentsLength(6);
@@ -219,7 +220,9 @@ void frmdist2::choose_method(int index) {
         default:
             scenario.method = no_method;
             disable_cmd();
-            module.screens.show(ScreenId::frmderrmsg);
+            // Later, because an arrow key chooses the option first and then gives it the focus.
+            QMetaObject::invokeMethod(
+                this, [this] { module.screens.show(ScreenId::frmderrmsg); }, Qt::QueuedConnection);
             break;
     }
 }

@@ -1,5 +1,6 @@
 #include "output/bar_chart.h"
 
+#include <QAccessible>
 #include <QChartView>
 #include <QGraphicsLayout>
 #include <QGraphicsScene>
@@ -9,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "output/accessible_bar_chart.h"
 #include "shell/screen.h"
 #include "shell/theme.h"
 
@@ -42,6 +44,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
     setFocusPolicy(Qt::StrongFocus);
+    make_bar_charts_accessible();
     connect(drawing_, &BarDrawing::pointed_at, this, [this](int place) { select(place); });
 
     auto* view = new QChartView(drawing_);
@@ -118,14 +121,22 @@ void BarChart::say_selected() {
         return;
     }
     drawing_->mark(hasFocus() ? selected_ : -1);
-    const std::size_t place = static_cast<std::size_t>(selected_);
+    readout_->setText(sentence(selected_));
+    setAccessibleDescription(sentence(selected_));
+    if (hasFocus()) {
+        QAccessibleEvent event(this, QAccessible::Focus);
+        event.setChild(selected_);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+QString BarChart::sentence(int bar) const {
+    const std::size_t place = static_cast<std::size_t>(bar);
     const BarSet& set = data_.sets[place % data_.sets.size()];
     const std::size_t label = place / data_.sets.size();
-    const QString sentence = data_.labels.at(static_cast<qsizetype>(label)) + u": "_s + set.name +
-                             (data_.unit == BarUnit::dollars ? u" "_s : u": "_s) +
-                             full_text(set.values[label], data_.unit);
-    readout_->setText(sentence);
-    setAccessibleDescription(sentence);
+    return data_.labels.at(static_cast<qsizetype>(label)) + u": "_s + set.name +
+           (data_.unit == BarUnit::dollars ? u" "_s : u": "_s) +
+           full_text(set.values[label], data_.unit);
 }
 
 void BarChart::keyPressEvent(QKeyEvent* event) {

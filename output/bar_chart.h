@@ -1,4 +1,5 @@
-// A bar chart on a screen: arrow keys or the pointer say each bar in words below it.
+// A bar chart on a screen: arrow keys or the pointer say each bar in words below it, and to screen
+// readers.
 #pragma once
 
 #include <QWidget>
@@ -20,6 +21,12 @@ public:
     void show_bars(const BarData& bars);
     // Draws the same bars as they look best on paper.
     void paint_on_paper(QPainter& painter, const QRectF& area) const;
+
+    // Bars are counted by label, then by set.
+    int bars() const { return drawing_->places(); }
+    int selected() const { return selected_; }
+    // What a bar shows, such as "2021: Total paid $9,036.72".
+    QString sentence(int bar) const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

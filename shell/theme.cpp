@@ -63,7 +63,7 @@ QPalette palette() {
     palette.setColor(QPalette::ToolTipText, c.text);
     palette.setColor(QPalette::BrightText, c.warning);
     palette.setColor(QPalette::Link, c.accent);
-    palette.setColor(QPalette::Highlight, dark_ ? QColor(0x2f, 0x7f, 0xb8) : c.accent);
+    palette.setColor(QPalette::Highlight, dark_ ? QColor(0x2a, 0x74, 0xaa) : c.accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, disabled);

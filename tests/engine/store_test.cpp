@@ -1,6 +1,7 @@
 #include "engine/store.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -101,6 +102,58 @@ TEST_F(Store, AFailureInTheMiddleLeavesTheOldScheduleWhole) {
     }
 }
 
+// A store that really runs out of room, or whose folder goes away, in a process of its own: the rows
+// and the heading from before are all still there.
+TEST(StoreOnABadDisk, KeepsTheOldSchedule) {
+    struct Case {
+        const char* name;
+        void (*damage)(const std::filesystem::path& folder);
+        void (*repair)(const std::filesystem::path& folder);
+    };
+    static const auto moved = [](const std::filesystem::path& folder) {
+        return folder.string() + "-moved";
+    };
+    const Case cases[] = {
+        {"no room for more than the file has",
+         [](const std::filesystem::path& folder) {
+             std::signal(SIGXFSZ, SIG_IGN);
+             const rlim_t size = std::filesystem::file_size(folder / "vestoraq.mdb");
+             const rlimit limit{size, size};
+             setrlimit(RLIMIT_FSIZE, &limit);
+         },
+         [](const std::filesystem::path&) {}},
+        {"the folder has gone",
+         [](const std::filesystem::path& folder) { std::filesystem::rename(folder, moved(folder)); },
+         [](const std::filesystem::path& folder) { std::filesystem::rename(moved(folder), folder); }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const TemporaryProgramFolder folder;
+        {
+            Database database(folder.database());
+            store(database, level(5000.0, 7), {{"payments", std::int64_t{7}}});
+        }
+        const Rows rows = file_rows(folder.database());
+        const Rows heading = heading_in_file(folder.database());
+        EXPECT_EXIT(
+            {
+                Database database(folder.database());
+                c.damage(folder.path());
+                try {
+                    store(database, level(90000.0, 3000), {{"payments", std::int64_t{3000}}});
+                } catch (const DatabaseError& error) {
+                    std::fputs(error.what(), stderr);
+                    _exit(1);
+                }
+                _exit(0);
+            },
+            ::testing::ExitedWithCode(1), "vestoraq.mdb: .+");
+        c.repair(folder.path());
+        EXPECT_EQ(file_rows(folder.database()), rows);
+        EXPECT_EQ(heading_in_file(folder.database()), heading);
+    }
+}
+
 // Stores two schedules in turn until it is killed; a byte on `started` tells that it is at work.
 [[noreturn]] void store_for_ever(const std::filesystem::path& file, int started) {
     try {
@@ -130,7 +183,7 @@ TEST(StoreKilled, LeavesAWholeSchedule) {
     }
     std::mt19937 random(20260715);
     std::uniform_int_distribution<int> microseconds(0, 30'000);
-    for (int run = 0; run < 20; ++run) {
+    for (int run = 0; run < 200; ++run) {
         int started[2];
         ASSERT_EQ(pipe(started), 0);
         const pid_t child = fork();

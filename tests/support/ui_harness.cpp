@@ -9,6 +9,8 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -25,6 +27,11 @@ using namespace Qt::StringLiterals;
 
 UiTest::UiTest() {
     qApp->installEventFilter(this);
+    start_program();
+}
+
+void UiTest::start_program() {
+    window.reset();
     window = std::make_unique<MainWindow>();
     module = std::make_unique<Module1>(*window, folder.path(), [this] { return today; });
     add_all_screens(*window, *module);
@@ -46,12 +53,18 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
     if (note != nullptr && !is_message && event->type() == QEvent::Show) {
         notes_shown << note->objectName();
         QTimer::singleShot(0, note, [this, note] {
-            if (qobject_cast<QFileDialog*>(note) != nullptr && !save_as.isEmpty()) {
+            if (auto* overwrite = qobject_cast<QMessageBox*>(note)) {
+                overwrite->button(QMessageBox::Yes)->click();
+            } else if (qobject_cast<QFileDialog*>(note) != nullptr && !save_as.isEmpty()) {
                 save(note);
             } else {
                 QTest::keyClick(note, Qt::Key_Escape);
             }
         });
+    }
+    auto* menu = qobject_cast<QMenu*>(watched);
+    if (menu != nullptr && event->type() == QEvent::Show) {
+        QTimer::singleShot(0, menu, [this, menu] { choose_from(menu); });
     }
     auto* dialog = qobject_cast<MessageDialog*>(watched);
     if (dialog != nullptr && event->type() == QEvent::Show) {
@@ -70,6 +83,17 @@ void UiTest::save(QDialog* file_dialog) {
     auto* name = file_dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
     name->setText(save_as);
     QTest::keyClick(name, Qt::Key_Return);
+}
+
+void UiTest::choose_from(QMenu* menu) {
+    for (QAction* action : menu->actions()) {
+        if (!menu_entry.isEmpty() && action->text() == menu_entry) {
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return);
+            return;
+        }
+    }
+    menu->close();
 }
 
 std::vector<std::string> UiTest::take_messages() {

@@ -15,6 +15,7 @@
 #include "tests/support/temporary_program_folder.h"
 
 class QDialog;
+class QMenu;
 
 namespace kelvar::test {
 
@@ -23,12 +24,17 @@ public:
     UiTest();
     ~UiTest() override;
 
+    // Starts the program at its title screen; again after it was ended.
+    void start_program();
+
     // Today for the program; takes effect at once.
     Date today{std::chrono::year{2020} / 1 / 15};
     // How yes/no messages are answered.
     bool answer_yes = false;
     // Where a PDF is saved when the program asks; empty cancels.
     QString save_as;
+    // Entry of the next menus that is chosen; empty closes them.
+    QString menu_entry;
     // Names of the modal notes shown, each closed with Escape.
     QStringList notes_shown;
     // Texts of the messages and questions shown since the last call.
@@ -77,6 +83,7 @@ public:
 
 private:
     void save(QDialog* file_dialog);
+    void choose_from(QMenu* menu);
 
     std::vector<std::string> messages_;
 };

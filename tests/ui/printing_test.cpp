@@ -80,6 +80,9 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_TRUE(text_of("lblreadout").startsWith(u"2049: "_s));
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
+    menu_entry = u"&Save as PDF..."_s;
+    click("cmdprintmenu");
+    EXPECT_EQ(printed_pages(), 1);
     click("cmdprev");
     EXPECT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(grid_rows(), rows);

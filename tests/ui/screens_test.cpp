@@ -156,10 +156,17 @@ TEST_F(ScreenTest, FrequencyBoxesAllowOneTick) {
 
 TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
     go_to_method();
-    click("optmethod_3");
-    EXPECT_EQ(screen_name(), u"frmderrmsg"_s);
-    press(Qt::Key_Escape);
-    EXPECT_EQ(screen_name(), u"frmdist2"_s);
+    for (const bool by_mouse : {true, false}) {
+        if (by_mouse) {
+            click("optmethod_3");
+        } else {
+            click("optmethod_2");
+            press(Qt::Key_Down);
+        }
+        EXPECT_EQ(screen_name(), u"frmderrmsg"_s);
+        press(Qt::Key_Return);  // reaches the note, whichever way led to it
+        EXPECT_EQ(screen_name(), u"frmdist2"_s);
+    }
     EXPECT_FALSE(find<QWidget>("Cmdnext")->isEnabled());
     EXPECT_FALSE(find<QWidget>("chkperiod_0")->isEnabled());
     click("optmethod_1");

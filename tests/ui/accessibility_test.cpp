@@ -1,0 +1,247 @@
+// What people who see little, use no mouse or a screen reader rely on; held for every screen.
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableView>
+#include <cmath>
+#include <set>
+
+#include "output/bar_chart.h"
+#include "shell/theme.h"
+#include "tests/support/stations.h"
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// A desktop with other fonts or colours, for as long as it lives.
+class Desktop {
+public:
+    Desktop(double points, bool dark) {
+        QPalette palette = QApplication::palette();
+        palette.setColor(QPalette::Window, dark ? Qt::black : Qt::white);
+        QFont font = QApplication::font();
+        font.setPointSizeF(points);
+        set(font, palette);
+    }
+    ~Desktop() { set(font_before_, palette_before_); }
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+private:
+    static void set(const QFont& font, const QPalette& palette) {
+        QApplication::setFont(font);
+        QApplication::setPalette(palette);
+        theme::apply(*static_cast<QApplication*>(QCoreApplication::instance()));
+    }
+
+    QFont font_before_ = QApplication::font();
+    QPalette palette_before_ = QApplication::palette();
+};
+
+std::string name_of(const QObject* object) {
+    return object == nullptr ? "none" : object->objectName().toStdString();
+}
+
+class EveryScreen : public UiTest, public ::testing::WithParamInterface<Station> {
+public:
+    void SetUp() override {
+        GetParam().go(*this);
+        ASSERT_EQ(screen_name().toStdString(), GetParam().name);
+        ASSERT_TRUE(take_messages().empty());
+    }
+
+    template <class Widget>
+    QList<Widget*> visible() {
+        QList<Widget*> all = window->visible_screen()->findChildren<Widget*>();
+        all.removeIf([](const Widget* widget) { return !widget->isVisible(); });
+        return all;
+    }
+};
+
+// Options that exclude each other share one stop.
+const QObject* tab_stop(QWidget* control) {
+    const auto* option = qobject_cast<QAbstractButton*>(control);
+    return option != nullptr && option->group() != nullptr && option->group()->exclusive()
+               ? static_cast<const QObject*>(option->group())
+               : control;
+}
+
+QImage surroundings(const QWidget* control) {
+    return control->parentWidget()->grab(control->geometry().adjusted(-4, -4, 4, 4)).toImage();
+}
+
+TEST_P(EveryScreen, TabReachesEveryControlDownThePageAndTheFocusIsSeen) {
+    std::set<const QObject*> expected;
+    for (QWidget* control : visible<QWidget>()) {
+        if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+            control->focusProxy() == nullptr && qobject_cast<QScrollArea*>(control) == nullptr) {
+            expected.insert(tab_stop(control));
+        }
+    }
+    std::set<const QObject*> reached;
+    int upwards = 0;
+    for (QWidget* control = window->focusWidget(); reached.insert(tab_stop(control)).second;
+         control = window->focusWidget()) {
+        const QImage with_focus = surroundings(control);
+        const QRect place(control->mapTo(window.get(), QPoint()), control->size());
+        press(Qt::Key_Tab);
+        const QWidget* next = window->focusWidget();
+        EXPECT_TRUE(next == control || surroundings(control) != with_focus)
+            << name_of(control) << " shows no focus";
+        upwards += next->mapTo(window.get(), QPoint(0, next->height())).y() <= place.top() ? 1 : 0;
+    }
+    for (const QObject* control : expected) {
+        EXPECT_TRUE(reached.contains(control))
+            << name_of(control) << ' ' << control->metaObject()->className() << " is not reached";
+    }
+    EXPECT_LE(upwards, 1) << "only once round is upwards";
+}
+
+void expect_readable(QAccessibleInterface* element) {
+    if (element == nullptr || element->state().invisible) {
+        return;
+    }
+    const std::string name = name_of(element->object());
+    if (QAccessibleTableInterface* table = element->tableInterface()) {
+        auto* view = qobject_cast<QTableView*>(element->object());
+        ASSERT_NE(view, nullptr) << name;
+        EXPECT_FALSE(element->text(QAccessible::Name).isEmpty()) << name;
+        ASSERT_EQ(table->rowCount(), view->model()->rowCount()) << name;
+        for (int column = 0; column < view->model()->columnCount(); ++column) {
+            const QString heading = view->model()->headerData(column, Qt::Horizontal).toString();
+            EXPECT_EQ(table->columnDescription(column), heading);
+            const bool headed = view->horizontalHeader()->isVisible();
+            EXPECT_EQ(table->cellAt(0, column)->text(QAccessible::Name),
+                      (headed ? heading + u": "_s : QString()) +
+                          view->model()->index(0, column).data().toString());
+        }
+        return;
+    }
+    if (element->state().focusable) {
+        EXPECT_FALSE(element->text(QAccessible::Name).isEmpty())
+            << name << ", role " << element->role();
+    }
+    const QAccessible::Role role = element->role();
+    const bool acts = !element->state().disabled;
+    if (acts && (role == QAccessible::PushButton || role == QAccessible::RadioButton ||
+                 role == QAccessible::CheckBox || role == QAccessible::ButtonMenu)) {
+        ASSERT_NE(element->actionInterface(), nullptr) << name;
+        EXPECT_FALSE(element->actionInterface()->actionNames().isEmpty()) << name;
+    }
+    for (int child = 0; child < element->childCount(); ++child) {
+        expect_readable(element->child(child));
+    }
+}
+
+TEST_P(EveryScreen, ScreenReadersGetANameForEveryControlAndTheCellsOfTables) {
+    expect_readable(QAccessible::queryAccessibleInterface(window->visible_screen()));
+}
+
+TEST_P(EveryScreen, BarsOfAChartAreItsChildren) {
+    for (BarChart* chart : visible<BarChart>()) {
+        QAccessibleInterface* element = QAccessible::queryAccessibleInterface(chart);
+        EXPECT_EQ(element->role(), QAccessible::Chart);
+        ASSERT_EQ(element->childCount(), chart->bars());
+        chart->setFocus();
+        press(Qt::Key_End);
+        QAccessibleInterface* last = element->child(chart->bars() - 1);
+        EXPECT_EQ(element->focusChild(), last);
+        EXPECT_TRUE(last->state().focused);
+        EXPECT_EQ(element->indexOfChild(last), chart->bars() - 1);
+        EXPECT_EQ(last->text(QAccessible::Name), text_of("lblreadout"));
+        EXPECT_FALSE(element->child(0)->state().focused);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, EveryScreen, ::testing::ValuesIn(stations()), station_name);
+
+struct LargeDesktop {
+    Desktop desktop{22.0, false};
+};
+
+// Twice the usual size of the texts, in a window that stays as large as it was.
+class LargeText : private LargeDesktop, public EveryScreen {};
+
+TEST_P(LargeText, IsNotClipped) {
+    EXPECT_EQ(window->visible_screen()->size(), QSize(869, 680));
+    for (const QScrollArea* area : visible<QScrollArea>()) {
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << "needs sideways scrolling";
+    }
+    for (const QLabel* label : visible<QLabel>()) {
+        const QSize needed =
+            label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+        EXPECT_TRUE(needed.width() <= label->width() && needed.height() <= label->height())
+            << name_of(label) << ": " << label->text().toStdString();
+    }
+    for (const QAbstractButton* button : visible<QAbstractButton>()) {
+        EXPECT_GE(button->width(), button->minimumSizeHint().width()) << name_of(button);
+        EXPECT_GE(button->height(), button->minimumSizeHint().height()) << name_of(button);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, LargeText, ::testing::ValuesIn(stations()), station_name);
+
+double luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double first = luminance(one) + 0.05;
+    const double second = luminance(other) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+// Level AA: 4.5 for texts, 3 for what is no text.
+TEST(Contrast, IsEnoughInLightAndDark) {
+    for (const bool dark : {false, true}) {
+        const Desktop desktop(11.0, dark);
+        const theme::Colors& c = theme::colors();
+        const QPalette p = QApplication::palette();
+        EXPECT_EQ(c.window.lightness() < 128, dark);
+        struct Pair {
+            const char* name;
+            QColor one;
+            QColor other;
+            double least;
+        };
+        const Pair pairs[] = {
+            {"text on window", c.text, c.window, 4.5},
+            {"text on card", c.text, c.card, 4.5},
+            {"text in field", c.text, c.field, 4.5},
+            {"text in second row", c.text, p.color(QPalette::AlternateBase), 4.5},
+            {"text on button", p.color(QPalette::ButtonText), p.color(QPalette::Button), 4.5},
+            {"title", c.band_text, c.band, 4.5},
+            {"note on window", c.note, c.window, 4.5},
+            {"note on card", c.note, c.card, 4.5},
+            {"note in field", c.note, c.field, 4.5},
+            {"section on window", c.accent, c.window, 4.5},
+            {"section on card", c.accent, c.card, 4.5},
+            {"selection", p.color(QPalette::HighlightedText), p.color(QPalette::Highlight), 4.5},
+            {"bars and focus ring", c.accent, c.field, 3.0},
+            {"chosen bar", c.text, c.accent, 1.5},
+            {"warning sign", c.warning, c.window, 3.0},
+        };
+        for (const Pair& pair : pairs) {
+            EXPECT_GE(contrast(pair.one, pair.other), pair.least)
+                << pair.name << (dark ? ", dark" : ", light");
+        }
+    }
+    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21.0, 0.01);
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
