@@ -4,7 +4,9 @@
 
 #include <QBuffer>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialog>
+#include <QEvent>
 #include <QPdfWriter>
 #include <QProcess>
 #include <QTableView>
@@ -12,14 +14,11 @@
 #include <chrono>
 #include <filesystem>
 
-#include "engine/store.h"
 #include "main/all_screens.h"
 #include "output/report.h"
 #include "output/report_templates.h"
-#include "shell/application.h"
 #include "shell/main_window.h"
 #include "shell/screen.h"
-#include "shell/theme.h"
 #include "tests/support/temporary_program_folder.h"
 
 namespace kelvar {
@@ -74,27 +73,6 @@ struct OpenResult {
     MainWindow window;
     Module1 module;
 };
-
-PaymentSchedule compute(const Module1& module) {
-    const FirstPayment first = first_payment(module.today(), 7, 2020);
-    const double value = value_at_first_payment(250000.0, 5.0, 80.0, module.today(), first);
-    return LevelPaymentSchedule({value, first.date, 12, 5.0, 80.0}, longest);
-}
-
-void share_compute(benchmark::State& state) {
-    OpenResult open;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(compute(open.module));
-    }
-}
-
-void share_store(benchmark::State& state) {
-    OpenResult open;
-    const PaymentSchedule schedule = compute(open.module);
-    for (auto _ : state) {
-        store(open.module.database(), schedule, {{"rate", " 5%"}});
-    }
-}
 
 // Picking another rate: computes, stores and paints.
 void another_rate_until_painted(benchmark::State& state) {
@@ -178,8 +156,6 @@ BENCHMARK_CAPTURE(start, empty_window, KELVAR_EMPTY_WINDOW)
 BENCHMARK_CAPTURE(start, title_screen, KELVAR_TITLE_WINDOW)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK(share_compute)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(share_store)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(another_rate_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(result_until_painted, lump_sum, lump_sum, ScreenId::frmlump)
     ->Unit(benchmark::kMillisecond)
@@ -194,13 +170,3 @@ BENCHMARK(reports_to_pdf)->Unit(benchmark::kMillisecond)->UseRealTime();
 }  // namespace
 
 }  // namespace kelvar
-
-int main(int argc, char** argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    kelvar::Application application(argc, argv);
-    kelvar::theme::apply(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

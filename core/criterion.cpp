@@ -28,7 +28,7 @@ public:
         if (length == 0) {
             fail();
         }
-        const std::string word{rest_.substr(0, length)};
+        std::string word{rest_.substr(0, length)};
         rest_.remove_prefix(length);
         return word;
     }

@@ -41,10 +41,10 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
                                .steps = theme::large_text() ? 2 : 5})),
       readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
+    make_bar_charts_accessible();
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
     setFocusPolicy(Qt::StrongFocus);
-    make_bar_charts_accessible();
     connect(drawing_, &BarDrawing::pointed_at, this, [this](int place) { select(place); });
 
     auto* view = new QChartView(drawing_);

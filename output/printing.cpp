@@ -64,7 +64,7 @@ void write_pdf(const QString& name, const PrintJob& job) {
 
 // Empty when the user cancels.
 QString ask_for_pdf_file(QWidget* window, const QString& title) {
-    QFileDialog dialog(window, u"Save as PDF"_s);
+    QFileDialog dialog(window->window(), u"Save as PDF"_s);
     dialog.setObjectName(u"savepdf"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF files (*.pdf)"_s);

@@ -218,6 +218,9 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
     } else if (type == QEvent::MouseButtonDblClick && widget != nullptr &&
                widget->parentWidget() == navigation_->parentWidget()) {
         return true;  // the first click may have been on the screen before, on the same spot
+    } else if (type == QEvent::Shortcut && widget != nullptr && isAncestorOf(widget) &&
+               press_by_shortcut(qobject_cast<QAbstractButton*>(watched), *event)) {
+        return true;
     } else if (type == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
         event->ignore();  // scrolling the page must not change a choice under the pointer
         return true;
@@ -246,6 +249,22 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Alt and a letter press a button at once, after what leaving the field before has to say. The toolkit
+// would do it a moment later, also behind a message that has come up in between.
+bool Screen::press_by_shortcut(QAbstractButton* button, const QEvent& event) {
+    if (button == nullptr || static_cast<const QShortcutEvent&>(event).isAmbiguous()) {
+        return false;
+    }
+    button->setFocus(Qt::ShortcutFocusReason);
+    const auto press = [button] {
+        if (QApplication::activeModalWidget() == nullptr) {
+            button->click();
+        }
+    };
+    QMetaObject::invokeMethod(button, press, Qt::QueuedConnection);
+    return true;
 }
 
 // Tables and charts mark the focus themselves.

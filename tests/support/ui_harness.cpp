@@ -133,11 +133,6 @@ void UiTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     settle();
 }
 
-void UiTest::press_mnemonic(Qt::Key key) {
-    press(key, Qt::AltModifier);
-    QTest::qWait(150);
-}
-
 void UiTest::type_into(const char* name, const QString& text) {
     auto* box = find<QWidget>(name);
     box->setFocus(Qt::TabFocusReason);

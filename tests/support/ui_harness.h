@@ -62,8 +62,6 @@ public:
 
     void click(const char* name);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    // Alt and a letter; waits until the button that it presses has come up again.
-    void press_mnemonic(Qt::Key key);
     // Puts the focus on the box, replaces what it holds and leaves it with Tab.
     void enter(const char* name, const QString& text);
     // The same without leaving it.

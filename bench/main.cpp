@@ -1,0 +1,103 @@
+// Runs all benchmarks and prints one table: each figure with its limit and the raw cost underneath,
+// which no program on this machine can go below.
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+
+#include <map>
+#include <string>
+
+#include "shell/application.h"
+#include "shell/theme.h"
+
+namespace {
+
+// Limit of a row: so many times the raw cost, and so many milliseconds more. 0 and 0: no limit.
+struct Row {
+    const char* what;
+    const char* benchmark;
+    const char* raw;
+    double times_raw = 0.0;
+    double more = 0.0;
+};
+
+constexpr const char* no_raw = "";
+constexpr const char* commit = "bare_commit_of_one_row/real_time";
+constexpr double frame = 16.0;  // milliseconds
+
+constexpr Row rows[] = {
+    {"engine: level schedule of 828 payments / its bare pow", "schedule<level>", "bare_powers<level>",
+     3.0},
+    {"engine: 828 payments of a fixed amount / its bare pow", "schedule<fixed>", "bare_powers<fixed>",
+     3.0},
+    {"compute and store 828 payments / bare commit", "compute_and_store/real_time", commit},
+    {"another rate: compute, store, paint 828 payments / bare commit",
+     "another_rate_until_painted/real_time", commit, 1.0, frame},
+    {"partial lump sum opened, 828 payments painted / bare commit",
+     "result_until_painted/partial/real_time", commit, 1.0, frame},
+    {"lump sum at four rates opened and painted / bare commit",
+     "result_until_painted/lump_sum/real_time", commit, 1.0, frame},
+    {"yearly chart of 828 payments opened and painted", "chart_until_painted/real_time", no_raw},
+    {"joint life table of 2,343 rows painted", "joint_table_until_painted/real_time", no_raw},
+    {"summary and 828 payments to PDF", "reports_to_pdf/real_time", no_raw, 0.0, 1000.0},
+    {"start to the title screen / empty Qt window", "start/title_screen/real_time",
+     "start/empty_window/real_time", 2.0},
+};
+
+std::string time_text(double milliseconds) {
+    return milliseconds < 1.0 ? fmt::format("{:.1f} us", milliseconds * 1000.0)
+                              : fmt::format("{:.1f} ms", milliseconds);
+}
+
+class Table : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context&) override { return true; }
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.error_occurred) {
+                fmt::print(stderr, "{}: {}\n", run.benchmark_name(), run.error_message);
+                continue;
+            }
+            const double per_second = benchmark::GetTimeUnitMultiplier(run.time_unit);
+            milliseconds_[run.benchmark_name()] = run.GetAdjustedRealTime() / per_second * 1000.0;
+        }
+    }
+
+    void Finalize() override {
+        fmt::print("| {:<63} | {:>9} | {:>9} | {:>8} |\n", "what / raw cost underneath", "measured",
+                   "limit", "raw cost");
+        fmt::print("|{:-<65}|{:->11}|{:->11}|{:->10}|\n", "", ":", ":", ":");
+        for (const Row& row : rows) {
+            print(row);
+        }
+    }
+
+private:
+    void print(const Row& row) const {
+        const auto measured = milliseconds_.find(row.benchmark);
+        if (measured == milliseconds_.end()) {
+            return;  // filtered out
+        }
+        const auto raw = milliseconds_.find(row.raw);
+        const double raw_time = raw == milliseconds_.end() ? 0.0 : raw->second;
+        const double limit = row.times_raw * raw_time + row.more;
+        fmt::print("| {:<63} | {:>9} | {:>9} | {:>8} |{}\n", row.what, time_text(measured->second),
+                   limit > 0.0 ? time_text(limit) : "", raw_time > 0.0 ? time_text(raw_time) : "",
+                   limit > 0.0 && measured->second > limit ? " over the limit" : "");
+    }
+
+    std::map<std::string, double> milliseconds_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    kelvar::Application application(argc, argv);
+    kelvar::theme::apply(application);
+    benchmark::Initialize(&argc, argv);
+    Table table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+}
