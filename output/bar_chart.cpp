@@ -27,7 +27,8 @@ BarDrawing::Look paper_look(QFont font) {
             .paper = Qt::white,
             .text = Qt::black,
             .lines = QColor(0xb0, 0xb0, 0xb0),
-            .bars = QColor(0x17, 0x40, 0x5f)};
+            .bars = QColor(0x17, 0x40, 0x5f),
+            .turn_values_beyond = 8};  // nobody can point at a bar on paper
 }
 
 }  // namespace
@@ -39,18 +40,18 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
                                .lines = theme::colors().border,
                                .bars = theme::colors().accent,
                                .steps = theme::large_text() ? 2 : 5})),
+      view_(new QChartView(drawing_)),
       readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
     make_bar_charts_accessible();
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
     setFocusPolicy(Qt::StrongFocus);
-    connect(drawing_, &BarDrawing::pointed_at, this, [this](int place) { select(place); });
-
-    auto* view = new QChartView(drawing_);
-    view->setRenderHint(QPainter::Antialiasing);
-    view->setFocusPolicy(Qt::NoFocus);
-    view->setFrameShape(QFrame::NoFrame);
+    view_->setRenderHint(QPainter::Antialiasing);
+    view_->setFocusPolicy(Qt::NoFocus);
+    view_->setFrameShape(QFrame::NoFrame);
+    view_->viewport()->setMouseTracking(true);
+    view_->viewport()->installEventFilter(this);
     setMinimumHeight((theme::large_text() ? 12 : 16) * fontMetrics().height());
     readout_->setAlignment(Qt::AlignCenter);
     readout_->setWordWrap(true);
@@ -62,7 +63,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
     column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
     column->setSpacing(theme::grid / 2);
     column->addWidget(legend_);
-    column->addWidget(view, 1);
+    column->addWidget(view_, 1);
     column->addWidget(readout_);
 }
 
@@ -73,7 +74,7 @@ void BarChart::show_bars(const BarData& bars) {
     for (std::size_t set = 0; set < bars.sets.size(); ++set) {
         add_legend_key(set);
     }
-    say_selected();
+    say_selected(hasFocus());
 }
 
 void BarChart::add_legend_key(std::size_t set) {
@@ -113,14 +114,30 @@ void BarChart::select(int place) {
         return;
     }
     selected_ = std::clamp(place, 0, drawing_->places() - 1);
-    say_selected();
+    say_selected(true);
 }
 
-void BarChart::say_selected() {
+void BarChart::choose(int label) {
+    selected_ = label * static_cast<int>(data_.sets.size());
+    say_selected(hasFocus());
+}
+
+bool BarChart::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseMove) {
+        const QPoint point = static_cast<QMouseEvent*>(event)->pos();
+        const int place = drawing_->place_at(drawing_->mapFromScene(view_->mapToScene(point)));
+        if (place >= 0 && place != selected_) {
+            select(place);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void BarChart::say_selected(bool marked) {
     if (drawing_->places() == 0) {
         return;
     }
-    drawing_->mark(hasFocus() ? selected_ : -1);
+    drawing_->mark(marked ? selected_ : -1);
     readout_->setText(sentence(selected_));
     setAccessibleDescription(sentence(selected_));
     if (hasFocus()) {
@@ -161,12 +178,12 @@ void BarChart::keyPressEvent(QKeyEvent* event) {
 
 void BarChart::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    say_selected();
+    say_selected(true);
 }
 
 void BarChart::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
-    say_selected();
+    say_selected(false);
 }
 
 }  // namespace kelvar

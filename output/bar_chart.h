@@ -6,6 +6,7 @@
 
 #include "output/bar_drawing.h"
 
+class QChartView;
 class QLabel;
 class QPainter;
 
@@ -28,7 +29,11 @@ public:
     // What a bar shows, such as "2021: Total paid $9,036.72".
     QString sentence(int bar) const;
 
+    // Says the first bar of this label, as if the arrow keys had chosen it.
+    void choose(int label);
+
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -36,10 +41,11 @@ protected:
 private:
     void add_legend_key(std::size_t set);
     void select(int place);
-    void say_selected();
+    void say_selected(bool marked);
 
     BarData data_;
     BarDrawing* drawing_ = nullptr;
+    QChartView* view_ = nullptr;
     QLabel* readout_ = nullptr;
     QWidget* legend_ = nullptr;
     int selected_ = 0;

@@ -68,7 +68,10 @@ void BarDrawing::draw(const BarData& data) {
     // and begin below the lowest tick's text.
     const bool two_lines = data.labels.join(QChar()).contains(u' ');
     const int line = line_height();
-    setMargins({theme::grid, line, theme::grid, line / 2 + (two_lines ? 2 : 1) * line});
+    const qsizetype bars = data.labels.size() * static_cast<qsizetype>(data.sets.size());
+    turned_ = look_.turn_values_beyond > 0 && bars > look_.turn_values_beyond;
+    setMargins(
+        {theme::grid, turned_ ? 4 * line : line, theme::grid, line / 2 + (two_lines ? 2 : 1) * line});
     set_ticks(data.upper);
     for (const BarSet& set : data.sets) {
         add_set(set);
@@ -99,20 +102,15 @@ void BarDrawing::set_ticks(double upper) {
 }
 
 void BarDrawing::add_set(const BarSet& set) {
-    const int number = static_cast<int>(series_->count());
+    const bool first = series_->count() == 0;
     auto* bars = new QBarSet(set.name);
     for (const double value : set.values) {
         bars->append(value);
     }
-    bars->setBrush(number == 0 ? QBrush(look_.bars) : QBrush(look_.bars, Qt::BDiagPattern));
+    bars->setBrush(first ? QBrush(look_.bars) : QBrush(look_.bars, Qt::BDiagPattern));
     bars->setPen(QPen(look_.bars, 1.5));
     bars->setSelectedColor(look_.text);
     series_->append(bars);
-    connect(bars, &QBarSet::hovered, this, [this, number](bool inside, int label) {
-        if (inside) {
-            emit pointed_at(label * static_cast<int>(series_->count()) + number);
-        }
-    });
 }
 
 QGraphicsSimpleTextItem* BarDrawing::add_text(const QString& text, const QFont& font) {
@@ -131,6 +129,17 @@ void BarDrawing::mark(int place) {
         const int sets = static_cast<int>(series_->count());
         series_->barSets().at(place % sets)->selectBar(place / sets);
     }
+}
+
+int BarDrawing::place_at(const QPointF& point) {
+    if (!plotArea().contains(point)) {
+        return -1;
+    }
+    const int sets = static_cast<int>(series_->count());
+    const double x = mapToValue(point, series_).x() + 0.5;  // each label has a room of 1
+    const int label = std::clamp(static_cast<int>(x), 0, places() / sets - 1);
+    const double share = (x - label - (1.0 - bar_width) / 2) / bar_width;
+    return label * sets + std::clamp(static_cast<int>(share * sets), 0, sets - 1);
 }
 
 void BarDrawing::place_texts() {
@@ -153,6 +162,8 @@ void BarDrawing::place_labels(double slot) {
         }
     }
     const QRectF plot = plotArea();
+    // A label in words stands for itself; the steps are counted from the first number.
+    const std::size_t first = label_texts_.front()->text().front().isDigit() ? 0 : 1;
     double free_from = 0.0;
     for (std::size_t label = 0; label < label_texts_.size(); ++label) {
         QGraphicsSimpleTextItem* text = label_texts_[label];
@@ -164,26 +175,33 @@ void BarDrawing::place_labels(double slot) {
         const double middle = plot.left() + slot * (static_cast<double>(label) + 0.5);
         const double left = std::clamp(middle - width / 2, 0.0, std::max(0.0, size().width() - width));
         text->setPos(left, plot.bottom() + line_height() / 2.0);
-        text->setVisible(label % step == 0 && left >= free_from);
+        const bool in_step = label < first || (label - first) % step == 0;
+        text->setVisible(in_step && left >= free_from);
         if (text->isVisible()) {
             free_from = left + width + gap;
         }
     }
 }
 
-// Above their bars when all of them fit beside each other.
+// Above their bars when all of them fit beside each other, if need be turned to read upwards.
 void BarDrawing::place_values(double slot) {
     const int sets = static_cast<int>(series_->count());
     const double room = slot * bar_width / sets;
     const bool fits = std::ranges::all_of(value_texts_, [&](const QGraphicsSimpleTextItem* text) {
-        return text->boundingRect().width() + gap <= room;
+        return turned_ ? text->boundingRect().height() <= room
+                       : text->boundingRect().width() + gap <= room;
     });
     for (int place = 0; place < places(); ++place) {
         QGraphicsSimpleTextItem* text = value_texts_[static_cast<std::size_t>(place)];
         const QPointF top = bar_top(place);
         const QSizeF size = text->boundingRect().size();
-        text->setPos(top.x() - size.width() / 2,
-                     std::max(plotArea().top() - size.height(), top.y() - size.height() - 2));
+        if (turned_) {
+            text->setRotation(-90.0);
+            text->setPos(top.x() - size.height() / 2, top.y() - 3);
+        } else {
+            text->setPos(top.x() - size.width() / 2,
+                         std::max(plotArea().top() - size.height(), top.y() - size.height() - 2));
+        }
         text->setVisible(fits);
     }
 }

@@ -40,7 +40,8 @@ public:
         QColor text;
         QColor lines;
         QColor bars;
-        int steps = 5;  // of the value axis
+        int steps = 5;               // of the value axis
+        int turn_values_beyond = 0;  // this many bars the values read upwards; 0 never
     };
 
     explicit BarDrawing(const Look& look);
@@ -53,9 +54,8 @@ public:
     int places() const { return static_cast<int>(value_texts_.size()); }
     // Marks this bar alone; -1 none.
     void mark(int place);
-
-signals:
-    void pointed_at(int place);
+    // The bar in whose column a point of the drawing lies; -1 outside.
+    int place_at(const QPointF& point);
 
 private:
     void add_set(const BarSet& set);
@@ -69,6 +69,7 @@ private:
 
     Look look_;
     BarUnit unit_ = BarUnit::dollars;
+    bool turned_ = false;  // the values above the bars
     QBarSeries* series_ = nullptr;
     QBarCategoryAxis* label_axis_ = nullptr;
     QCategoryAxis* value_axis_ = nullptr;

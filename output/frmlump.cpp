@@ -53,6 +53,7 @@ void frmlump::get_value() {
         show_money(lbltotalvalue, scenario.lump_start_value);
         uncover();
         print_buttons->setEnabled(true);
+        grphlump->choose(cmbrate->currentIndex());
         Database::Transaction transaction(module.database());
         add_table(module.database(), heading());
         transaction.commit();

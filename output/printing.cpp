@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPdfWriter>
@@ -26,6 +27,8 @@ namespace {
 // Three quarters of an inch.
 const QMarginsF margins(54.0, 54.0, 54.0, 54.0);
 
+constexpr const char* last_folder = "last_pdf_folder";  // a property of the main window
+
 void print_on(const QPrinterInfo& where, const PrintJob& job) {
     const Hourglass hourglass;
     QPrinter printer(where, QPrinter::HighResolution);
@@ -45,6 +48,11 @@ void write_pdf(const QString& name, const PrintJob& job) {
         throw PrintError("The file " + to_utf8(QDir::toNativeSeparators(name)) +
                          " cannot be written: " + to_utf8(file.errorString()) + ".");
     };
+    const QFileInfo there(name);
+    if (there.exists() && !there.isFile()) {
+        throw PrintError("The file " + to_utf8(QDir::toNativeSeparators(name)) +
+                         " cannot be written: it is a device or a folder.");
+    }
     if (!file.open(QIODevice::WriteOnly)) {
         refuse();
     }
@@ -62,17 +70,32 @@ void write_pdf(const QString& name, const PrintJob& job) {
     }
 }
 
+// Where the user saved last, or keeps documents.
+QDir folder_to_offer(const QWidget* main_window) {
+    const QDir last(main_window->property(last_folder).toString());
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    if (!main_window->property(last_folder).isNull() && last.exists()) {
+        return last;
+    }
+    return documents.exists() ? documents : QDir::home();
+}
+
 // Empty when the user cancels.
-QString ask_for_pdf_file(QWidget* window, const QString& title) {
-    QFileDialog dialog(window->window(), u"Save as PDF"_s);
+QString ask_for_pdf_file(QWidget* main_window, const QString& title) {
+    QFileDialog dialog(main_window, u"Save as PDF"_s);
     dialog.setObjectName(u"savepdf"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF files (*.pdf)"_s);
     dialog.setDefaultSuffix(u"pdf"_s);
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog.setDirectory(documents.exists() ? documents : QDir::home());
+    dialog.setDirectory(folder_to_offer(main_window));
     dialog.selectFile(title + u".pdf"_s);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    main_window->activateWindow();  // some window managers lose it when a file is replaced
+    if (!accepted) {
+        return {};
+    }
+    main_window->setProperty(last_folder, dialog.directory().absolutePath());
+    return dialog.selectedFiles().value(0);
 }
 
 }  // namespace
@@ -91,7 +114,8 @@ void print(Module1& module, QWidget* window, Destination destination,
         }
         if (!printer.isNull()) {
             print_on(printer, job);
-        } else if (const QString file = ask_for_pdf_file(window, job.title); !file.isEmpty()) {
+        } else if (const QString file = ask_for_pdf_file(window->window(), job.title);
+                   !file.isEmpty()) {
             write_pdf(file, job);
         }
     } catch (const std::exception& error) {

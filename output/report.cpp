@@ -1,10 +1,12 @@
 #include "output/report.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 #include <QTextDocument>
 #include <kainjow/mustache.hpp>
 #include <memory>
+#include <optional>
 
 #include "core/numbers.h"
 #include "core/records.h"
@@ -64,7 +66,7 @@ mustache::data fields_of(Database& database) {
     return fields;
 }
 
-// Remembers a name that nothing is known under.
+// Remembers the first name that nothing is known under.
 class Fields : public mustache::context<std::string> {
 public:
     explicit Fields(const mustache::data* data) : context(data) {}
@@ -75,25 +77,37 @@ public:
     const mustache::data* get_partial(const std::string& name) const override {
         return noted(name, context::get_partial(name));
     }
-    const std::string& unknown() const { return unknown_; }
+    const std::optional<std::string>& unknown() const { return unknown_; }
 
 private:
     const mustache::data* noted(const std::string& name, const mustache::data* found) const {
-        if (found == nullptr) {
+        if (found == nullptr && !unknown_) {
             unknown_ = name;
         }
         return found;
     }
 
-    mutable std::string unknown_;
+    mutable std::optional<std::string> unknown_;
 };
 
 [[noreturn]] void refuse(const std::filesystem::path& file, const std::string& why) {
     throw PrintError("The report template " + file.string() + " " + why);
 }
 
+// A pipe or a device could be read for ever, and sections inside each other cost their number squared.
+constexpr qint64 longest_template = 1'000'000;  // bytes
+constexpr qsizetype most_sections = 200;
+
 std::string read_template(const std::filesystem::path& file) {
-    QFile input(QString::fromStdString(file.string()));
+    const QString name = QString::fromStdString(file.string());
+    const QFileInfo info(name);
+    if (info.exists() && !info.isFile()) {
+        refuse(file, "is not a file.");
+    }
+    if (info.size() > longest_template) {
+        refuse(file, "is longer than a million bytes.");
+    }
+    QFile input(name);
     if (!input.open(QIODevice::ReadOnly)) {
         refuse(file, "cannot be read: " + to_utf8(input.errorString()) + ".");
     }
@@ -106,6 +120,9 @@ std::string read_template(const std::filesystem::path& file) {
     if (text.trimmed().isEmpty()) {
         refuse(file, "is empty.");
     }
+    if (bytes.count("{{#") + bytes.count("{{^") > most_sections) {
+        refuse(file, "has too many sections.");
+    }
     return bytes.toStdString();
 }
 
@@ -115,7 +132,8 @@ QString fill_template(const std::filesystem::path& template_file,
                       const std::filesystem::path& database_file) {
     mustache::mustache report(read_template(template_file));
     if (!report.is_valid()) {
-        refuse(template_file, "is faulty: " + report.error_message() + ".");
+        // The engine's message ends in a bare number, the place counted in characters.
+        refuse(template_file, "is faulty: " + report.error_message() + " characters from its start.");
     }
     Database database(database_file);
     const mustache::data data = fields_of(database);
@@ -124,8 +142,8 @@ QString fill_template(const std::filesystem::path& template_file,
     if (!report.is_valid()) {
         refuse(template_file, "is faulty: " + report.error_message() + ".");
     }
-    if (!fields.unknown().empty()) {
-        refuse(template_file, "names an unknown field: " + fields.unknown() + ".");
+    if (fields.unknown()) {
+        refuse(template_file, "names an unknown field: \"" + *fields.unknown() + "\".");
     }
     return to_qt(html);
 }

@@ -206,9 +206,22 @@ void Screen::left(QWidget* field, bool by_tab) {
     }
 }
 
+namespace {
+
+// Alt and a letter that presses nothing here must not end up in a box.
+bool types_with_alt(const QKeyEvent& key) {
+    return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text().front().isPrint();
+}
+
+}  // namespace
+
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     auto* widget = qobject_cast<QWidget*>(watched);
+    if (type == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr &&
+        types_with_alt(static_cast<const QKeyEvent&>(*event))) {
+        return true;
+    }
     if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
         type == QEvent::ShortcutOverride) {
         // Only keys and clicks on this screen: closing a message is still part of the same action.

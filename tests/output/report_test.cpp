@@ -147,27 +147,35 @@ TEST_F(Report, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
 }
 
 TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
+    std::string many_sections;
+    for (int i = 0; i < 10'000; ++i) {
+        many_sections = "{{#distrib}}" + many_sections + "{{/distrib}}";
+    }
     const std::pair<std::string, const char*> cases[] = {
         {"", "is empty"},
         {"  \n\t", "is empty"},
         {"<p>{{distrib.dtitle", "is faulty"},
         {"{{#schedule}}<p>", "is faulty"},
         {"{{/schedule}}", "is faulty"},
-        {"{{distrib.curvalu}}", "unknown field: distrib.curvalu"},
-        {"{{#schedule}}{{amount}}{{/schedule}}", "unknown field: amount"},
-        {"{{> other}}", "unknown field: other"},
+        {"{{distrib.curvalu}}", "unknown field: \"distrib.curvalu\""},
+        {"{{#schedule}}{{amount}}{{/schedule}}", "unknown field: \"amount\""},
+        {"{{> other}}", "unknown field: \"other\""},
+        {"{{}}", "unknown field: \"\""},
+        {std::string(1'000'001, 'x'), "longer than a million"},
+        {many_sections, "too many sections"},
         {std::string("\0\1\2", 3), "is not a text"},
         {"\xff\xfe", "is not a text"},
     };
     for (const auto& [text, fault] : cases) {
         try {
             own(text);
-            ADD_FAILURE() << "accepted: " << text;
+            ADD_FAILURE() << "accepted: " << text.substr(0, 100);
         } catch (const PrintError& error) {
             EXPECT_NE(std::string(error.what()).find(fault), std::string::npos) << error.what();
             EXPECT_NE(std::string(error.what()).find("own.rpt"), std::string::npos) << error.what();
         }
     }
+    EXPECT_THROW(fill_template("/dev/zero", folder.database()), PrintError);
     EXPECT_THROW(fill_template(folder.path() / "no.rpt", folder.database()), PrintError);
     EXPECT_THROW(
         fill_template(std::filesystem::path(KELVAR_REPORTS) / "partial.rpt", folder.path() / "no.mdb"),

@@ -1,5 +1,7 @@
 // Charts and printing, driven through the screens; every print goes to a PDF file.
 
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QFile>
 #include <QGuiApplication>
@@ -166,11 +168,16 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     EXPECT_FALSE(notes_shown.contains(u"savepdf"_s));
     std::filesystem::rename(hidden, template_file);
 
-    const QString good = std::exchange(save_as, u"/proc/out.pdf"_s);
-    click("cmdprint");
-    messages = take_messages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_NE(messages[0].find("/proc/out.pdf"), std::string::npos) << messages[0];
+    const QString good = save_as;
+    const std::string pipe = (folder.path() / "pipe.pdf").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& unwritable : {std::string("/proc/out.pdf"), pipe}) {
+        save_as = to_qt(unwritable);
+        click("cmdprint");
+        messages = take_messages();
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].find(unwritable), std::string::npos) << messages[0];
+    }
 
     save_as.clear();
     click("cmdprint");
