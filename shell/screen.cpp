@@ -215,11 +215,32 @@ bool types_with_alt(const QKeyEvent& key) {
 
 }  // namespace
 
+// What goes no further than the screen's event filter.
+bool Screen::keeps_back(QWidget* widget, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return qobject_cast<QLineEdit*>(widget) != nullptr &&
+                   types_with_alt(static_cast<const QKeyEvent&>(*event));
+        case QEvent::Shortcut:
+            return isAncestorOf(widget) &&
+                   press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event);
+        case QEvent::MouseButtonDblClick:  // the first click may have been on the screen before
+            return widget->parentWidget() == navigation_->parentWidget();
+        case QEvent::Wheel:  // scrolling the page must not change a choice under the pointer
+            if (qobject_cast<QComboBox*>(widget) == nullptr) {
+                return false;
+            }
+            event->ignore();
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (type == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr &&
-        types_with_alt(static_cast<const QKeyEvent&>(*event))) {
+    if (widget != nullptr && keeps_back(widget, event)) {
         return true;
     }
     if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
@@ -228,15 +249,6 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         if (widget != nullptr && (widget == this || isAncestorOf(widget))) {
             clear_error();
         }
-    } else if (type == QEvent::MouseButtonDblClick && widget != nullptr &&
-               widget->parentWidget() == navigation_->parentWidget()) {
-        return true;  // the first click may have been on the screen before, on the same spot
-    } else if (type == QEvent::Shortcut && widget != nullptr && isAncestorOf(widget) &&
-               press_by_shortcut(qobject_cast<QAbstractButton*>(watched), *event)) {
-        return true;
-    } else if (type == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
-        event->ignore();  // scrolling the page must not change a choice under the pointer
-        return true;
     } else if (type == QEvent::FocusOut) {
         delete focus_ring_;
         const auto reason = static_cast<QFocusEvent*>(event)->reason();

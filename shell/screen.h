@@ -110,6 +110,7 @@ private:
     void build_title_band(const Layout& layout, QVBoxLayout* column);
     void build_navigation(const Layout& layout, QVBoxLayout* column);
     void left(QWidget* field, bool by_tab);
+    bool keeps_back(QWidget* widget, QEvent* event);
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
     void mark_focus(QWidget* control);
 

@@ -149,7 +149,7 @@ TEST_F(Report, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
 TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
     std::string many_sections;
     for (int i = 0; i < 10'000; ++i) {
-        many_sections = "{{#distrib}}" + many_sections + "{{/distrib}}";
+        many_sections.insert(0, "{{#distrib}}").append("{{/distrib}}");
     }
     const std::pair<std::string, const char*> cases[] = {
         {"", "is empty"},
