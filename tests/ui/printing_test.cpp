@@ -182,6 +182,7 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     save_as.clear();
     click("cmdprint");
     EXPECT_TRUE(take_messages().empty());
+    EXPECT_FALSE(QFile::exists(good));
 
     EXPECT_EQ(grid_rows(), rows);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
