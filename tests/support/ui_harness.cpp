@@ -49,6 +49,9 @@ UiTest::~UiTest() {
 
 bool UiTest::eventFilter(QObject* watched, QEvent* event) {
     auto* note = qobject_cast<QDialog*>(watched);
+    if (note != nullptr && event->type() == QEvent::Show) {
+        QTimer::singleShot(0, note, [this, note] { look_at_dialog(*note); });
+    }
     const bool is_message = qobject_cast<MessageDialog*>(watched) != nullptr;
     if (note != nullptr && !is_message && event->type() == QEvent::Show) {
         notes_shown << note->objectName();

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,6 +36,8 @@ public:
     QString save_as;
     // Entry of the next menus that is chosen; empty closes them.
     QString menu_entry;
+    // Looks at every dialog, messages among them, while it is shown.
+    std::function<void(QDialog&)> look_at_dialog = [](QDialog&) {};
     // Names of the modal notes shown, each closed with Escape.
     QStringList notes_shown;
     // Texts of the messages and questions shown since the last call.

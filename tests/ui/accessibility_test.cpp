@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QButtonGroup>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
@@ -144,6 +145,23 @@ void expect_readable(QAccessibleInterface* element) {
 
 TEST_P(EveryScreen, ScreenReadersGetANameForEveryControlAndTheCellsOfTables) {
     expect_readable(QAccessible::queryAccessibleInterface(window->visible_screen()));
+}
+
+class Dialogs : public UiTest {};
+
+TEST_F(Dialogs, AreReadableAndHoldTheFocus) {
+    QStringList seen;
+    look_at_dialog = [&](QDialog& dialog) {
+        seen << dialog.objectName();
+        expect_readable(QAccessible::queryAccessibleInterface(&dialog));
+        EXPECT_NE(dialog.focusWidget(), nullptr) << name_of(&dialog);
+    };
+    go_to_participant();
+    click("Cmdnext");  // an empty birth date: a message
+    module->ask("Go on?");
+    window->show(ScreenId::frmclaim);
+    window->show(ScreenId::frmPortfolios);
+    EXPECT_EQ(seen.join(u' ').toStdString(), "frmmsg frmmsg1 frmclaim frmPortfolios");
 }
 
 TEST_P(EveryScreen, BarsOfAChartAreItsChildren) {
