@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     using namespace kelvar;
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Kelvar"));
+    Application::setDesktopFileName(QStringLiteral("io.github.kelvar.Kelvar"));
     theme::apply(application);
     try {
         const std::filesystem::path program_folder =

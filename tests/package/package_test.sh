@@ -1,0 +1,101 @@
+#!/usr/bin/env bash
+# package_test.sh BUILD: packs what BUILD holds, unpacks it elsewhere and uses it as its receiver would.
+set -euo pipefail
+
+build=$1
+source=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+id=io.github.kelvar.Kelvar
+work=$(mktemp -d)
+program=
+trap '[ -z "$program" ] || kill "$program" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || fail "$(cat "$work/cpack.log")"
+archives=("$work"/kelvar-*.tar.gz)
+[ ${#archives[@]} -eq 1 ] || fail "more than one archive: ${archives[*]}"
+place="$work/Alice's \"plans\" at \$5, 100%"
+mkdir "$place"
+tar -xzf "${archives[0]}" -C "$place"
+folder=$place/$(basename "${archives[0]}" .tar.gz)
+[ "$(ls "$place")" = "$(basename "$folder")" ] || fail "not one folder: $(ls "$place")"
+
+# --- What is in it
+for file in kelvar add-to-menu.sh; do
+    [ -x "$folder/$file" ] || fail "$file is missing or cannot be run"
+done
+for file in vestoraq.mdb vestoraq.hlp {periodic,partial,lumpsum,schedule,schefix,schelife}.rpt \
+    LICENSE README.txt $id.{svg,desktop,metainfo.xml}; do
+    [ -s "$folder/$file" ] || fail "$file is missing or empty"
+done
+for report in "$source"/data/reports/*.rpt; do
+    cmp "$report" "$folder/$(basename "$report")" || fail "a report template is not the one of the sources"
+done
+! readelf --wide --sections "$folder/kelvar" | grep -q ' \.symtab ' || fail "the program is not stripped"
+
+rows() { sqlite3 "$folder/vestoraq.mdb" "SELECT count(*) FROM $1"; }
+for table in lifexp joinlife rate; do
+    [ "$(rows $table)" -eq $(($(wc -l <"$source/data/$table.csv") - 1)) ] || fail "rows of $table: $(rows $table)"
+done
+[ "$(rows schedule)" -eq 0 ] || fail "the database holds a schedule"
+[ "$(rows "distrib WHERE coalesce(dtitle, curvalue, rate) IS NULL")" -eq 1 ] || fail "the heading is not blank"
+
+# --- Whether the packages its README names bring every library
+# Takes all alternatives of a dependency: those that are not installed have no libraries here.
+with_dependencies() {
+    local known='' next=$*
+    while [ -n "$next" ]; do
+        known=$(printf '%s\n' $known $next | sort -u)
+        next=$(dpkg-query -W -f='${Pre-Depends}, ${Depends}, ' $next 2>/dev/null |
+            sed 's/([^)]*)//g; s/:[a-z0-9]*//g' | tr ',|' '\n\n' | tr -d ' ' | grep . | sort -u |
+            comm -23 - <(echo "$known") || true)
+    done
+    echo "$known"
+}
+if command -v dpkg-query >/dev/null; then
+    named=$(sed -n 's/^sudo apt-get install //p' "$folder/README.txt")
+    [ -n "$named" ] || fail "README.txt names no packages"
+    for package in $named; do
+        dpkg-query -W "$package" >/dev/null || fail "$package, named in README.txt, is not installed here"
+    done
+    brought=$(with_dependencies $named)
+    libraries=$(ldd "$folder/kelvar")
+    ! grep 'not found' <<<"$libraries" || fail "libraries are missing"
+    # Loaded while it runs: the screen, the database of the help, the printers.
+    plugins=$(dirname "$(ldconfig -p | sed -n 's/.*libQt6Core\.so\.6 .*=> //p' | head -n 1)")/qt6/plugins
+    for library in $(awk '$3 ~ "^/" { print $3 }' <<<"$libraries") \
+        "$plugins"/{platforms/libqxcb,sqldrivers/libqsqlite,printsupport/libcupsprintersupport}.so; do
+        library=$(readlink -f "$library")
+        # Packages may still name a library by the folder that is now a link.
+        owner=$( (dpkg-query -S "$library" || dpkg-query -S "${library#/usr}") 2>/dev/null | sed 's/:.*//')
+        grep -qxF "${owner:-none}" <<<"$brought" ||
+            fail "$library belongs to ${owner:-no package}, which the packages in README.txt do not bring"
+    done
+    # Without it any font will do for the dependencies, but not for the look.
+    grep -qwF fonts-dejavu-core <<<"$named" || fail "README.txt does not name the font"
+fi
+
+# --- Whether it starts from there, whatever the current folder
+cd /
+export HOME=$work/home QT_QPA_PLATFORM=offscreen
+mkdir "$HOME"
+"$folder/kelvar" 2>"$work/errors" &
+program=$!
+sleep 2
+kill "$program" 2>/dev/null || fail "the program has ended by itself: $(cat "$work/errors")"
+wait "$program" 2>/dev/null || true
+program=
+! grep 'run-time error' "$work/errors" || fail "the program reports an error"
+
+# --- Whether the menu finds it
+XDG_DATA_HOME=$work/data "$folder/add-to-menu.sh" >/dev/null
+entry=$work/data/applications/$id.desktop
+value() { sed -n "s/^$1=//p" "$entry" | sed 's/\\\\/\\/g'; }
+# What Exec quotes, a shell quotes alike, but for the doubled percent sign.
+eval "set -- $(value Exec | sed 's/%%/%/g')"
+[ $# -eq 1 ] && [ "$1" = "$folder/kelvar" ] && [ -x "$1" ] || fail "the menu would start $*"
+[ "$(value Path)" = "$folder" ] || fail "the menu would start it in $(value Path)"
+[ -s "$(value Icon)" ] || fail "the menu has no icon"
