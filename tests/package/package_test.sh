@@ -94,7 +94,8 @@ program=
 XDG_DATA_HOME=$work/data "$folder/add-to-menu.sh" >/dev/null
 entry=$work/data/applications/$id.desktop
 value() { sed -n "s/^$1=//p" "$entry" | sed 's/\\\\/\\/g'; }
-# What Exec quotes, a shell quotes alike, but for the doubled percent sign.
+# What Exec quotes, a shell quotes alike, but for the percent sign, which must be doubled.
+! sed 's/%%//g' "$entry" | grep '^Exec=.*%' || fail "the menu would put a file in the place of the percent sign"
 eval "set -- $(value Exec | sed 's/%%/%/g')"
 [ $# -eq 1 ] && [ "$1" = "$folder/kelvar" ] && [ -x "$1" ] || fail "the menu would start $*"
 [ "$(value Path)" = "$folder" ] || fail "the menu would start it in $(value Path)"
