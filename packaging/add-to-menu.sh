@@ -5,15 +5,15 @@ set -eu
 id=io.github.kelvar.Kelvar
 folder=$(CDPATH='' cd -- "$(dirname -- "$0")" && pwd)
 case $folder in
-    *[=[:cntrl:]]*)
+    *[=%[:cntrl:]]*)
         echo "A menu cannot start a program from this folder, for the sake of its name: $folder" >&2
         exit 1
         ;;
 esac
 
-# Every value doubles its backslashes; inside the quotes of Exec a few signs need one, and % another %.
+# Every value doubles its backslashes; inside the quotes of Exec a few signs need one.
 value() { printf '%s' "$1" | sed 's/\\/\\\\/g'; }
-argument() { value "$(printf '%s' "$1" | sed 's/[\\"`$]/\\&/g; s/%/%%/g')"; }
+argument() { value "$(printf '%s' "$1" | sed 's/[\\"`$]/\\&/g')"; }
 
 menu=${XDG_DATA_HOME:-$HOME/.local/share}/applications
 mkdir -p -- "$menu"

@@ -17,7 +17,7 @@ fail() {
 cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || fail "$(cat "$work/cpack.log")"
 archives=("$work"/kelvar-*.tar.gz)
 [ ${#archives[@]} -eq 1 ] || fail "more than one archive: ${archives[*]}"
-place="$work/Alice's \"plans\" at \$5, 100%"
+place="$work/Alice's \"plans\" at \$5"
 mkdir "$place"
 tar -xzf "${archives[0]}" -C "$place"
 folder=$place/$(basename "${archives[0]}" .tar.gz)
@@ -94,9 +94,11 @@ program=
 XDG_DATA_HOME=$work/data "$folder/add-to-menu.sh" >/dev/null
 entry=$work/data/applications/$id.desktop
 value() { sed -n "s/^$1=//p" "$entry" | sed 's/\\\\/\\/g'; }
-# What Exec quotes, a shell quotes alike, but for the percent sign, which must be doubled.
-! sed 's/%%//g' "$entry" | grep '^Exec=.*%' || fail "the menu would put a file in the place of the percent sign"
-eval "set -- $(value Exec | sed 's/%%/%/g')"
+# What Exec quotes, a shell quotes alike.
+eval "set -- $(value Exec)"
 [ $# -eq 1 ] && [ "$1" = "$folder/kelvar" ] && [ -x "$1" ] || fail "the menu would start $*"
 [ "$(value Path)" = "$folder" ] || fail "the menu would start it in $(value Path)"
 [ -s "$(value Icon)" ] || fail "the menu has no icon"
+mv "$folder" "$place/100%"
+! XDG_DATA_HOME=$work/none "$place/100%/add-to-menu.sh" 2>/dev/null || fail "it writes an entry that no menu starts"
+[ ! -e "$work/none" ] || fail "a refused entry leaves something behind"
