@@ -323,8 +323,14 @@ void Database::require_writable() {
         throw DatabaseError(file_, "the file is read-only");
     }
     const Transaction rolled_back(*this);
-    distrib_->Edit();
-    distrib_->Update();
+    try {
+        distrib_->Delete();  // the same values once more would not be written
+    } catch (const DatabaseError&) {
+        if (connection_->getExtendedErrorCode() == SQLITE_READONLY_DIRECTORY) {
+            throw DatabaseError(file_, "the folder is read-only");
+        }
+        throw;
+    }
 }
 
 Database::Transaction::Transaction(Database& database) : database_(database) {

@@ -8,7 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
+#include <utility>
 
 #include "core/numbers.h"
 #include "input/distribution_rules.h"
@@ -33,6 +33,15 @@ public:
 private:
     bool popup_used_ = false;
 };
+
+namespace {
+
+// Going to the option of a method gives up what was being typed for another one, or takes it later.
+bool is_option(const QWidget* widget) {
+    return qobject_cast<const QRadioButton*>(widget) != nullptr;
+}
+
+}  // namespace
 
 frmdist2::frmdist2(Module1& module1)
     : Screen(module1, "frmdist2", {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s}) {
@@ -126,7 +135,7 @@ void frmdist2::build_partial(QBoxLayout* card) {
 
     on_leave(txtpartial, [this](Leaving leaving) { partial_amount_left(leaving); });
     on_leave(cmbPercent, [this](Leaving leaving) {
-        if (!leaving.to_navigation) {
+        if (!leaving.to_navigation && !is_option(leaving.to)) {
             percentage_typed();
         }
     });
@@ -214,7 +223,11 @@ void frmdist2::choose_method(int index) {
             enable_cmd();
             en_f3();
             scenario.frequency = chkpartial->frequency();
-            take_partial_amount();
+            if (percentage_edited_) {
+                percentage_typed();
+            } else {
+                take_partial_amount();
+            }
             take_commencement();
             break;
         default:
@@ -283,6 +296,8 @@ void frmdist2::take_partial_amount() {
     const auto amount = read_partial_amount(to_utf8(txtpartial->text()));
     scenario.partial_amount = amount.value_or(0.0);
     if (!amount) {
+        scenario.partial_percent.clear();
+        cmbPercent->clearEditText();
         return;
     }
     txtpartial->setText(to_qt(format_number(*amount, "###,###,##0.00")));
@@ -290,7 +305,7 @@ void frmdist2::take_partial_amount() {
 }
 
 void frmdist2::partial_amount_left(Leaving leaving) {
-    if (!txtpartial->isModified()) {
+    if (!txtpartial->isModified() || is_option(leaving.to)) {
         return;
     }
     take_partial_amount();

@@ -56,9 +56,8 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
         picture->setObjectName(u"picrate_%1"_s.arg(index));
         picture->setIcon(allocation_picture(portfolio, 4 * theme::grid));
         picture->setIconSize(QSize(4 * theme::grid, 4 * theme::grid));
-        auto* text = control::paragraph(u"Click the picture for detailed information"_s);
-        text->setObjectName(u"lblport_%1"_s.arg(index));
-        text->setBuddy(picture);
+        auto* text = control::words_beside(picture, u"Click the picture for detailed information"_s,
+                                           u"lblport_%1"_s.arg(index).toLatin1());
         picture->setEnabled(one_offered);
         text->setEnabled(one_offered);
         connect(picture, &QToolButton::clicked, this, [this, index, picture] {
@@ -80,8 +79,7 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
     auto* row = new QHBoxLayout;
     const bool all_offered = module.screens.offers(ScreenId::frmdnote);
     auto* picnote = control::picture(u"info"_s, u"All portfolios"_s, "picnote");
-    auto* lblnote = control::paragraph(u" Click here for more information"_s, "lblnote");
-    lblnote->setBuddy(picnote);
+    auto* lblnote = control::words_beside(picnote, u" Click here for more information"_s, "lblnote");
     picnote->setEnabled(all_offered);
     lblnote->setEnabled(all_offered);
     connect(picnote, &QToolButton::clicked, this, [this] { module.screens.show(ScreenId::frmdnote); });
@@ -141,7 +139,7 @@ void frmdrate::show_portfolio(int index, QPoint position) {
     module.screens.show(ScreenId::frmPortfolios);
 }
 
-// The words beside a picture may be clicked as well.
+// The words beside a portfolio show it where they were clicked.
 bool frmdrate::eventFilter(QObject* watched, QEvent* event) {
     const auto label = std::ranges::find(lblport, watched);
     if (label != lblport.end() && event->type() == QEvent::MouseButtonRelease &&

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "main/all_screens.h"
+#include "main/only_program.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
 #include "shell/theme.h"
@@ -14,6 +15,10 @@ int main(int argc, char** argv) {
     try {
         const std::filesystem::path program_folder =
             std::filesystem::path(Application::applicationDirPath().toStdString());
+        const OnlyProgram program(program_folder);
+        if (program.is_second()) {
+            return Application::report_already_open();
+        }
         MainWindow window;
         Module1 module(window, program_folder);
         add_all_screens(window, module);

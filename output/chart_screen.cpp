@@ -142,7 +142,7 @@ PrintJob ChartScreen::print_job() const {
     const QString headings =
         u"<h1>"_s + title.toHtmlEscaped() + u"</h1><table width=\"100%\"><tr><td>"_s + printed_lines_ +
         u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
-    return {.title = title,
+    return {.title = title + u" - Chart"_s,  // the list of payments has the same title
             .orientation = QPageLayout::Landscape,
             .draw = [this, title, headings](QPagedPaintDevice& device) {
                 PagePainter page(device, module.today(), 1);

@@ -94,7 +94,6 @@ QString ask_for_pdf_file(QWidget* main_window, const QString& title) {
     if (!accepted) {
         return {};
     }
-    main_window->setProperty(last_folder, dialog.directory().absolutePath());
     return dialog.selectedFiles().value(0);
 }
 
@@ -117,6 +116,7 @@ void print(Module1& module, QWidget* window, Destination destination,
         } else if (const QString file = ask_for_pdf_file(window->window(), job.title);
                    !file.isEmpty()) {
             write_pdf(file, job);
+            window->window()->setProperty(last_folder, QFileInfo(file).absolutePath());
         }
     } catch (const std::exception& error) {
         module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());

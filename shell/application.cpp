@@ -23,15 +23,24 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 int Application::report_run_time_error(const std::exception& error) {
-    fmt::print(stderr, "Kelvar: run-time error: {}\n", error.what());
+    return report(
+        std::string("run-time error: ") + error.what(),
+        u"Kelvar has to end because of a run-time error.\n\n"_s + QString::fromUtf8(error.what()));
+}
+
+int Application::report_already_open() {
+    return report("already open from this folder",
+                  u"Kelvar is already open. Please go on in its window, or close it first."_s);
+}
+
+int Application::report(const std::string& error, const QString& message) {
+    fmt::print(stderr, "Kelvar: {}\n", error);
     // Without a screen there is nobody to press OK.
     if (platformName() != u"offscreen"_s && platformName() != u"minimal"_s) {
         while (overrideCursor() != nullptr) {
             restoreOverrideCursor();
         }
-        const QString text =
-            u"Kelvar has to end because of a run-time error.\n\n"_s + QString::fromUtf8(error.what());
-        MessageDialog(MessageDialog::Kind::message, text, activeWindow()).exec();
+        MessageDialog(MessageDialog::Kind::message, message, activeWindow()).exec();
     }
     return 1;
 }

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <exception>
+#include <string>
 
 namespace kelvar {
 
@@ -16,8 +17,12 @@ public:
 
     // Says on standard error and in a message what failed. Returns the exit code of the program, 1.
     static int report_run_time_error(const std::exception& error);
+    // The same for a start while the program is already open from this folder.
+    static int report_already_open();
 
 private:
+    static int report(const std::string& error, const QString& message);
+
     bool failed_ = false;
 };
 

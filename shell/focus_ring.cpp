@@ -4,6 +4,8 @@
 
 #include "shell/theme.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvar {
 
 namespace {
@@ -15,14 +17,26 @@ constexpr double roundness = 4.0;
 }  // namespace
 
 FocusRing::FocusRing(QWidget* control) : QWidget(control->parentWidget()), control_(control) {
+    setObjectName(u"focusring"_s);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     surround();
-    show();
 }
 
 void FocusRing::surround() {
-    setGeometry(control_->geometry().adjusted(-distance, -distance, distance, distance));
+    const QRect around = control_->rect().adjusted(-distance, -distance, distance, distance);
+    QWidget* room = control_->parentWidget();
+    QRect place = around.translated(control_->pos());
+    while (!room->rect().contains(place) && !room->isWindow()) {
+        place.translate(room->pos());
+        room = room->parentWidget();
+    }
+    if (room != parentWidget()) {
+        setParent(room);
+    }
+    setGeometry(place);
+    raise();
+    show();
 }
 
 void FocusRing::paintEvent(QPaintEvent*) {

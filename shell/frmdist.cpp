@@ -81,8 +81,7 @@ void frmdist::build_options() {
         auto* picture = control::picture(u"info"_s, option.text.trimmed(), option.picture);
         picture->setAccessibleDescription(u"Click here for more information"_s);
         auto* label =
-            theme::label(u" Click here for more information"_s, theme::Role::note, option.label);
-        label->setBuddy(picture);
+            control::words_beside(picture, u" Click here for more information"_s, option.label);
         const bool offered = module.screens.offers(option.note);
         picture->setEnabled(offered);
         label->setEnabled(offered);

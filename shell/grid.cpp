@@ -66,6 +66,12 @@ void Grid::resizeEvent(QResizeEvent* event) {
     spread_columns();
 }
 
+// Whole rows are chosen, so the ends of a row are no place to go to.
+QModelIndex Grid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const bool to_an_end = action == MoveHome || action == MoveEnd;
+    return QTableView::moveCursor(action, to_an_end ? modifiers | Qt::ControlModifier : modifiers);
+}
+
 void Grid::measure_columns() {
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);

@@ -1,5 +1,5 @@
 // A read-only table of records: header that stays, alternating rows, columns wide enough for their
-// contents. Arrow keys move inside, Tab leaves it.
+// contents. Arrow keys move inside, Home and End go to the first and last row, Tab leaves it.
 #pragma once
 
 #include <QTableView>
@@ -16,6 +16,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     void measure_columns();

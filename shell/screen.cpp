@@ -224,6 +224,8 @@ bool Screen::keeps_back(QWidget* widget, QEvent* event) {
         case QEvent::Shortcut:
             return isAncestorOf(widget) &&
                    press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event);
+        case QEvent::MouseButtonRelease:
+            return press_by_words(qobject_cast<QLabel*>(widget), *event);
         case QEvent::MouseButtonDblClick:  // the first click may have been on the screen before
             return widget->parentWidget() == navigation_->parentWidget();
         case QEvent::Wheel:  // scrolling the page must not change a choice under the pointer
@@ -261,19 +263,38 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
                     this, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
             }
         }
-    } else if ((type == QEvent::Move || type == QEvent::Resize) && focus_ring_ != nullptr &&
-               watched == focus_ring_->control()) {
-        focus_ring_->surround();
+    } else if (type == QEvent::Move || type == QEvent::Resize) {
+        if (focus_ring_ != nullptr && widget != nullptr &&
+            (widget == focus_ring_->control() || widget->isAncestorOf(focus_ring_->control()))) {
+            focus_ring_->surround();
+        }
+        if (type == QEvent::Resize && watched == scroll_->widget()) {
+            // Controls come and go, also above the focus; later, when they have their places.
+            QMetaObject::invokeMethod(
+                this, [this] { keep_in_view(QApplication::focusWidget()); }, Qt::QueuedConnection);
+        }
     } else if (type == QEvent::FocusIn) {
         if (widget != nullptr && isAncestorOf(widget)) {
             mark_focus(widget);
         }
         if (widget != nullptr && scroll_->widget()->isAncestorOf(widget)) {
             last_focus_ = widget;  // not the navigation row: Enter is Next when the screen comes back
-            scroll_->ensureWidgetVisible(widget, theme::grid, theme::grid);
         }
+        keep_in_view(widget);
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Words beside a picture.
+bool Screen::press_by_words(const QLabel* words, const QEvent& event) {
+    auto* picture = words == nullptr ? nullptr : qobject_cast<QToolButton*>(words->buddy());
+    const auto& release = static_cast<const QMouseEvent&>(event);
+    if (picture == nullptr || !isAncestorOf(words) || release.button() != Qt::LeftButton ||
+        !words->rect().contains(release.position().toPoint())) {
+        return false;
+    }
+    picture->click();
+    return true;
 }
 
 // Alt and a letter press a button at once, after what leaving the field before has to say. The toolkit
@@ -290,6 +311,12 @@ bool Screen::press_by_shortcut(QAbstractButton* button, const QEvent& event) {
     };
     QMetaObject::invokeMethod(button, press, Qt::QueuedConnection);
     return true;
+}
+
+void Screen::keep_in_view(QWidget* focus) {
+    if (focus != nullptr && scroll_->widget()->isAncestorOf(focus)) {
+        scroll_->ensureWidgetVisible(focus, theme::grid, theme::grid);
+    }
 }
 
 // Tables and charts mark the focus themselves.
@@ -368,6 +395,14 @@ QToolButton* picture(const QString& icon, const QString& accessible_name, const 
     picture->setToolTip(accessible_name);
     picture->setFocusPolicy(Qt::StrongFocus);
     return picture;
+}
+
+QLabel* words_beside(QToolButton* picture, const QString& text, const char* name) {
+    QLabel* words = theme::label(text, theme::Role::note, name);
+    words->setWordWrap(theme::large_text());
+    words->setBuddy(picture);
+    words->setCursor(Qt::PointingHandCursor);
+    return words;
 }
 
 QGroupBox* frame(const QString& caption, const char* name) {

@@ -111,8 +111,10 @@ private:
     void build_navigation(const Layout& layout, QVBoxLayout* column);
     void left(QWidget* field, bool by_tab);
     bool keeps_back(QWidget* widget, QEvent* event);
+    bool press_by_words(const QLabel* words, const QEvent& event);
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
     void mark_focus(QWidget* control);
+    void keep_in_view(QWidget* focus);
 
     QVBoxLayout* content_ = nullptr;
     QHBoxLayout* navigation_ = nullptr;
@@ -141,6 +143,8 @@ namespace control {
 QPushButton* button(const QString& text, const char* name);
 // A picture that acts: a button for the mouse, the keyboard and screen readers.
 QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
+// The words beside a picture; a click on them presses it.
+QLabel* words_beside(QToolButton* picture, const QString& text, const char* name);
 QGroupBox* frame(const QString& caption, const char* name);
 // Side by side, or below each other when the text is large.
 QBoxLayout* row();

@@ -7,6 +7,8 @@
 #include <QSvgRenderer>
 #include <algorithm>
 
+#include "shell/outlined_style.h"
+
 using namespace Qt::StringLiterals;
 
 // The drawings are linked in from a static library, so they must be asked for. (The macro works in the
@@ -25,6 +27,7 @@ Colors make_colors(bool dark) {
                 .card = QColor(0x25, 0x2d, 0x35),
                 .field = QColor(0x36, 0x41, 0x4c),
                 .border = QColor(0x5a, 0x67, 0x74),
+                .outline = QColor(0x9a, 0xa7, 0xb3),
                 .band = QColor(0x0f, 0x2f, 0x46),
                 .band_text = QColor(0xff, 0xff, 0xff),
                 .text = QColor(0xe8, 0xed, 0xf2),
@@ -36,6 +39,7 @@ Colors make_colors(bool dark) {
             .card = QColor(0xff, 0xff, 0xff),
             .field = QColor(0xff, 0xff, 0xff),
             .border = QColor(0xc3, 0xcd, 0xd7),
+            .outline = QColor(0x73, 0x80, 0x8d),
             .band = QColor(0x17, 0x40, 0x5f),
             .band_text = QColor(0xff, 0xff, 0xff),
             .text = QColor(0x1d, 0x28, 0x33),
@@ -150,7 +154,7 @@ void apply(QApplication& application) {
     QLocale::setDefault(QLocale::c());
     dark_ = application.palette().color(QPalette::Window).lightness() < 128;
     colors_ = make_colors(dark_);
-    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setStyle(new OutlinedStyle);
     QFont font = application.font();
     font.setPointSizeF(std::max(11.0, font.pointSizeF()));
     application.setFont(font);

@@ -24,8 +24,9 @@ int side_margin();
 struct Colors {
     QColor window;
     QColor card;
-    QColor field;  // text boxes, lists, tables
-    QColor border;
+    QColor field;    // text boxes, lists, tables
+    QColor border;   // of cards and tables, and of what is disabled
+    QColor outline;  // of what can be filled in or ticked
     QColor band;
     QColor band_text;
     QColor text;

@@ -1,6 +1,7 @@
 #include "core/records.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <functional>
@@ -200,6 +201,29 @@ TEST_F(Records, AFileLockedByAnotherProgramIsAnError) {
     other.exec("ROLLBACK");
     add(1, 10.5);
     EXPECT_EQ(in_file(), Rows{"1 10.5"}) << "goes on when the other one is done";
+}
+
+// An administrator may write anywhere, so somebody else tries.
+TEST(DatabaseFile, FolderThatIsReadOnlyIsFoundOutWhenItIsOpened) {
+    using std::filesystem::perms;
+    const TemporaryProgramFolder folder;
+    std::filesystem::permissions(folder.database(), perms{0666});
+    std::filesystem::permissions(folder.path(), perms{0555});
+    EXPECT_EXIT(
+        {
+            if (geteuid() == 0 && setuid(65534) != 0) {
+                _exit(2);
+            }
+            try {
+                const Database database(folder.database());
+            } catch (const DatabaseError& error) {
+                std::fputs(error.what(), stderr);
+                _exit(1);
+            }
+            _exit(0);
+        },
+        ::testing::ExitedWithCode(1), "vestoraq.mdb: the folder is read-only");
+    std::filesystem::permissions(folder.path(), perms{0755});
 }
 
 TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {

@@ -13,6 +13,7 @@
 #include "engine/store.h"
 #include "output/page_painter.h"
 #include "output/report_templates.h"
+#include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
 
 namespace kelvar::test {
@@ -131,6 +132,10 @@ TEST_F(Report, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
         for (const QString& part : c.has_not) {
             EXPECT_FALSE(text.contains(part)) << c.name << " has " << part.toStdString();
         }
+    }
+    run_sql(folder.database(), "UPDATE distrib SET paylength = 2");
+    for (const char* name : {"periodic.rpt", "partial.rpt", "schefix.rpt"}) {
+        EXPECT_TRUE(text_of(shipped(name)).contains(fixed)) << name;
     }
 }
 

@@ -38,8 +38,17 @@ const std::vector<Station>& stations() {
         {"frmkelvd", [](UiTest&) {}},
         {"frmdist", [](UiTest& program) { program.click("Cmdnext"); }},
         {"frmdist1", [](UiTest& program) { program.go_to_participant(); }},
-        {"frmdist2", [](UiTest& program) { program.go_to_method(); }},
-        {"frmdist3", [](UiTest& program) { program.go_to_length(); }},
+        {"frmdist2",
+         [](UiTest& program) {
+             program.go_to_method();
+             program.click("optmethod_2");
+         }},
+        {"frmdist3",
+         [](UiTest& program) {
+             program.go_to_length();
+             program.click("optlength_2");
+             program.click("oplifeexp_1");
+         }},
         {"frmdrate", [](UiTest& program) { program.go_to_rates(); }},
         {"frmlump", [](UiTest& program) { go_to_result(program, "optmethod_0"); }},
         {"frmperio", [](UiTest& program) { go_to_result(program, "optmethod_1"); }},

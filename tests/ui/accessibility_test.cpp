@@ -4,9 +4,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
@@ -93,6 +97,10 @@ TEST_P(EveryScreen, TabReachesEveryControlDownThePageAndTheFocusIsSeen) {
     for (QWidget* control = window->focusWidget(); reached.insert(tab_stop(control)).second;
          control = window->focusWidget()) {
         const QImage with_focus = surroundings(control);
+        if (const auto* ring = window->visible_screen()->findChild<QWidget*>(u"focusring"_s)) {
+            EXPECT_EQ(ring->visibleRegion().boundingRect(), ring->rect())
+                << "part of the ring around " << name_of(control) << " is cut off";
+        }
         const QRect place(control->mapTo(window.get(), QPoint()), control->size());
         press(Qt::Key_Tab);
         const QWidget* next = window->focusWidget();
@@ -191,6 +199,10 @@ class LargeText : private LargeDesktop, public EveryScreen {};
 
 TEST_P(LargeText, IsNotClipped) {
     EXPECT_EQ(window->visible_screen()->size(), QSize(869, 680));
+    const QWidget* focus = window->focusWidget();
+    EXPECT_TRUE(focus->inherits("QTableView") || focus->inherits("kelvar::BarChart") ||
+                focus->visibleRegion().boundingRect() == focus->rect())
+        << name_of(focus) << " has the focus and is out of sight";
     for (const QScrollArea* area : visible<QScrollArea>()) {
         EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << "needs sideways scrolling";
     }
@@ -222,6 +234,31 @@ double contrast(const QColor& one, const QColor& other) {
     return std::max(first, second) / std::min(first, second);
 }
 
+// What can be filled in or ticked has its outline, inside the colours that Contrast looks at.
+TEST(Contrast, OutlinesAreDrawn) {
+    for (const bool dark : {false, true}) {
+        const Desktop desktop(11.0, dark);
+        QCheckBox box;
+        QRadioButton circle;
+        QLineEdit edit;
+        QComboBox list;
+        for (QWidget* control : std::initializer_list<QWidget*>{&box, &circle, &edit, &list}) {
+            const QImage image = control->grab().toImage();
+            int outlined = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QColor spot = image.pixelColor(x, y);
+                    const QColor& line = theme::colors().outline;
+                    const bool alike = std::abs(spot.red() - line.red()) < 30 &&
+                                       std::abs(spot.blue() - line.blue()) < 30;
+                    outlined += alike ? 1 : 0;
+                }
+            }
+            EXPECT_GE(outlined, 8) << control->metaObject()->className() << (dark ? ", dark" : "");
+        }
+    }
+}
+
 // Level AA: 4.5 for texts, 3 for what is no text.
 TEST(Contrast, IsEnoughInLightAndDark) {
     for (const bool dark : {false, true}) {
@@ -250,6 +287,8 @@ TEST(Contrast, IsEnoughInLightAndDark) {
             {"selection", p.color(QPalette::HighlightedText), p.color(QPalette::Highlight), 4.5},
             {"bars and focus ring", c.accent, c.field, 3.0},
             {"chosen bar", c.text, c.accent, 1.5},
+            {"box to fill in on card", c.outline, c.card, 3.0},
+            {"circle on window", c.outline, c.window, 3.0},
             {"warning sign", c.warning, c.window, 3.0},
         };
         for (const Pair& pair : pairs) {

@@ -29,6 +29,7 @@ public:
 TEST_F(Notes, LeadThereAndBack) {
     click("Cmdnext");
     there_and_back("pictime", "frmtimin", "cmdok");
+    there_and_back("lbltime", "frmtimin", "cmdok");  // the words beside the picture
     there_and_back("Picmethod", "frmethod", "cmdok");
     there_and_back("piclengt", "frmlengt", "cmdok");
     there_and_back("piclast", "frmvang", "cmdprev");
@@ -43,6 +44,7 @@ TEST_F(Notes, LeadThereAndBack) {
 TEST_F(Notes, OnTheRatesScreen) {
     go_to_rates();
     there_and_back("picnote", "frmdnote", "cmdnoteok");
+    there_and_back("lblnote", "frmdnote", "cmdnoteok");
     click("picrate_2");
     EXPECT_EQ(module->scenario.portfolio_index, 2);
     click("lblport_0");

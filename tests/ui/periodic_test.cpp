@@ -72,6 +72,12 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
         EXPECT_EQ(rows[i][3] != rows[i - 1][3], january) << "payment " << i + 1;
     }
     expect_sound_schedule();
+    auto* grid = find<Grid>("grddist");
+    grid->setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(grid->currentIndex().row(), 348);
+    press(Qt::Key_Home);
+    EXPECT_EQ(grid->currentIndex().row(), 0);
 
     choose("cmbrate", u" 8%"_s);
     const double at_8 =

@@ -1,5 +1,9 @@
 // What holds for every screen and for the program around them.
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
@@ -154,6 +158,29 @@ TEST_F(ScreenTest, FrequencyBoxesAllowOneTick) {
     EXPECT_EQ(module->scenario.frequency, 0);
 }
 
+TEST_F(ScreenTest, AmountOfAMethodThatIsGivenUpIsNotComplainedAbout) {
+    go_to_method();
+    click("optmethod_2");
+    enter("txtpartial", u"50000"_s);
+    EXPECT_EQ(find<QComboBox>("cmbPercent")->currentText(), u"20.00"_s);
+    for (const QString& text : {u"abc"_s, u"900000"_s, QString()}) {
+        type_into("txtpartial", text);
+        click("optmethod_0");
+        EXPECT_TRUE(take_messages().empty()) << text.toStdString();
+        EXPECT_EQ(module->scenario.partial_amount, 0.0);
+        click("optmethod_2");
+    }
+    EXPECT_EQ(find<QComboBox>("cmbPercent")->currentText(), QString()) << "of the amount before";
+    find<QComboBox>("cmbPercent")->setFocus();
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Period, Qt::Key_5}) {
+        press(key);
+    }
+    click("optmethod_1");
+    click("optmethod_2");
+    EXPECT_EQ(module->scenario.partial_amount, 31250.0);
+    EXPECT_TRUE(take_messages().empty());
+}
+
 TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
     go_to_method();
     for (const bool by_mouse : {true, false}) {
@@ -235,6 +262,27 @@ TEST(StartUp, FailureNamesTheFileAndExitsWith1) {
         EXPECT_EQ(error.find("run-time error"), error.rfind("run-time error"))
             << c.name << ": " << error;
     }
+}
+
+// The folder is held as a program that is open holds it.
+TEST(StartUp, OneProgramAtATimeInAFolder) {
+    const TemporaryProgramFolder folder;
+    const std::filesystem::path program = folder.path() / "kelvar";
+    std::filesystem::copy_file(KELVAR_PROGRAM, program);
+    QProcess process;
+    const auto ends_within = [&](int milliseconds) {
+        process.start(QString::fromStdString(program.string()), QStringList());
+        return process.waitForFinished(milliseconds);
+    };
+    const int held = open(folder.path().c_str(), O_RDONLY);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    ASSERT_TRUE(ends_within(20000));
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(process.readAllStandardError().contains("already open"));
+    close(held);
+    EXPECT_FALSE(ends_within(1000)) << process.readAllStandardError().toStdString();
+    process.kill();
+    process.waitForFinished();
 }
 
 }  // namespace

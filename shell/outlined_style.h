@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kelvar {
+
+// The Fusion style with outlines around boxes and circles to fill in that can be told from what is
+// behind them, also in a dark palette, where Fusion's own all but vanish.
+class OutlinedStyle : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    OutlinedStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+};
+
+}  // namespace kelvar
