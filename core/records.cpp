@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -322,15 +323,11 @@ void Database::require_writable() {
     if (marked || sqlite3_db_readonly(connection_->getHandle(), "main") == 1) {
         throw DatabaseError(file_, "the file is read-only");
     }
-    const Transaction rolled_back(*this);
-    try {
-        distrib_->Delete();  // the same values once more would not be written
-    } catch (const DatabaseError&) {
-        if (connection_->getExtendedErrorCode() == SQLITE_READONLY_DIRECTORY) {
-            throw DatabaseError(file_, "the folder is read-only");
-        }
-        throw;
+    // The journal of every change stands beside the file.
+    if (access(std::filesystem::absolute(file_).parent_path().c_str(), W_OK) != 0) {
+        throw DatabaseError(file_, "the folder is read-only");
     }
+    const Transaction not_locked_by_others(*this);
 }
 
 Database::Transaction::Transaction(Database& database) : database_(database) {

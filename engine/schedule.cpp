@@ -12,6 +12,7 @@ namespace kelvar {
 namespace {
 
 constexpr double days_per_year = 365.0;
+constexpr std::size_t usual_payments = 1020;  // room for monthly payments over a whole life, 85 years
 
 // Growth and fee of an account at one rate.
 class Accrual {
@@ -129,6 +130,7 @@ PaymentSchedule FixedAmountSchedule(const PaymentTerms& terms, double fixed_amou
     double balance = round_to_cents(terms.start_value);
     double balance_after = balance;
     double amount = round_to_cents(fixed_amount);
+    schedule.rows.reserve(usual_payments);
     const Accrual accrual(terms.rate, terms.fee);
     PaymentDates dates(terms.first_payment_date, terms.frequency);
     while (balance_after > 0.0) {
