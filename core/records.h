@@ -109,8 +109,9 @@ private:
 // The open file with its five record sets.
 class Database {
 public:
-    // Opens an existing file for reading and writing. Throws when it is missing, read-only, no
-    // database, lacks a table or a field, or when `distrib` does not hold its one row.
+    // Opens an existing file for reading and writing. Throws when it is missing, no database, lacks a
+    // table or a field, or `distrib` does not hold its one row; when it or its folder is read-only; and
+    // when another program keeps it locked for 5 seconds.
     explicit Database(const std::filesystem::path& file);
     ~Database();
     Database(const Database&) = delete;
