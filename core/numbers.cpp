@@ -62,7 +62,7 @@ ParsedNumber parse_number(std::string_view text) {
     std::size_t digits = count_digits(text, at);
     plain.append(text, at, digits);
     at += digits;
-    if (digits >= 1 && digits <= 3) {
+    if (digits >= 1 && digits <= 3 && plain.front() != '0') {
         while (is_group_comma(text, at)) {
             plain.append(text, at + 1, 3);
             at += 4;

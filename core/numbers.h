@@ -8,8 +8,9 @@
 
 namespace kelvar {
 
-// Amounts from here on (dollars) cannot be kept to the cent in a double and are refused on entry.
-inline constexpr double amount_limit = 1e13;
+// The largest amount (dollars) that can be kept to the cent in a double; what is above it, if only by
+// half a cent, is refused on entry.
+inline constexpr double largest_amount = 9'999'999'999'999.99;
 
 // Rounds dollars to cents, half away from zero. The value is first taken at 15 significant digits,
 // what a person would read: 1.005 gives 1.01 although the double is a little below it.
@@ -17,7 +18,8 @@ inline double round_to_cents(double dollars);
 
 // Number at the start of a text; 0 when there is none. Reads blanks, one sign, one optional "$",
 // digits with commas between groups of three, a decimal point and an exponent, and stops before the
-// first character that does not belong. A number too large for a double reads as 0.
+// first character that does not belong. Digits in groups do not begin with 0: "0,500" reads as 0. A
+// number too large for a double reads as 0.
 double read_number(std::string_view text);
 
 // True when the whole text (blanks around it aside) is one such number. "nan", "inf" and hexadecimal

@@ -91,15 +91,14 @@ std::int16_t frequency_of_box(int index) {
 }
 
 std::optional<double> read_partial_amount(std::string_view text) {
-    const double amount = round_to_cents(read_number(text));
-    const bool valid = is_numeric(text) && std::abs(amount) < amount_limit;
-    return valid ? std::optional{amount} : std::nullopt;
+    const auto amount = read_entry(text);
+    const bool valid = amount && std::abs(*amount) <= largest_amount;
+    return valid ? std::optional{round_to_cents(*amount)} : std::nullopt;
 }
 
 std::optional<double> read_percentage(std::string_view text) {
-    const double percentage = read_number(text);
-    const bool valid = is_numeric(text) && percentage > 0.0 && percentage < 100.0;
-    return valid ? std::optional{percentage} : std::nullopt;
+    const auto percentage = read_entry(text);
+    return percentage > 0.0 && percentage < 100.0 ? percentage : std::nullopt;
 }
 
 double amount_of_percentage(double present_value, double percentage) {

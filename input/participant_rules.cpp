@@ -1,5 +1,6 @@
 #include "input/participant_rules.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "core/module1.h"
@@ -15,6 +16,7 @@ constexpr std::string_view empty_mask = "__/__/____";
 constexpr int youngest = 16;
 constexpr int oldest = 100;
 constexpr int months_in_latest_year = 3;  // the law's deadline is March 31st
+constexpr std::size_t longest_entry = 60;
 
 // A whole number made of digits only; nothing for "_5", "5_" or "__".
 std::optional<int> digits(std::string_view text) {
@@ -62,18 +64,28 @@ BirthCheck check_birth(std::string_view mask_text, Date today) {
     return check;
 }
 
+std::optional<double> read_entry(std::string_view text) {
+    const bool valid = text.size() <= longest_entry && is_numeric(text);
+    return valid ? std::optional{read_number(text)} : std::nullopt;
+}
+
 std::optional<double> read_unsigned(std::string_view text) {
-    if (!is_numeric(text)) {
+    const auto number = read_entry(text);
+    if (!number) {
         return std::nullopt;
     }
     const auto cleaned = abs_text(text);
     const double* negated = std::get_if<double>(&cleaned);
-    return negated != nullptr ? *negated : read_number(std::get<std::string>(cleaned));
+    return negated != nullptr ? *negated : *number;
 }
 
 std::optional<double> get_num(std::string_view text) {
     const auto amount = read_unsigned(text);
-    return amount && round_to_cents(*amount) < amount_limit ? amount : std::nullopt;
+    return amount && *amount <= largest_amount ? amount : std::nullopt;
+}
+
+bool can_become_amount(std::string_view text) {
+    return text.size() <= longest_entry && std::ranges::all_of(text, can_be_in_number);
 }
 
 std::vector<int> first_payment_years(Date birth, Date today) {

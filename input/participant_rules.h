@@ -25,11 +25,16 @@ struct BirthCheck {
 // Accepts ages 16 to 100.
 BirthCheck check_birth(std::string_view mask_text, Date today);
 
-// The number typed into a box, its sign taken off; nothing when the text is no number.
+// The number typed into a box; nothing when the text is no number, or longer than any number that a
+// person would type.
+std::optional<double> read_entry(std::string_view text);
+// The same with its sign taken off.
 std::optional<double> read_unsigned(std::string_view text);
-
 // The same for an amount in dollars; nothing also when it is too large to be kept to the cent.
 std::optional<double> get_num(std::string_view text);
+
+// True while more typing can make an amount of what stands in a box.
+bool can_become_amount(std::string_view text);
 
 // Years in which payments may begin: the present one to the one after age 70½ is reached, or the next
 // one where that has passed. None without a date of birth.

@@ -117,6 +117,10 @@ TEST(TypedNumber, LosesItsSignAndMustBeWhole) {
         EXPECT_EQ(read_unsigned(text), expected) << '"' << text << '"';
         EXPECT_EQ(get_num(text), expected) << '"' << text << '"';
     }
+    EXPECT_EQ(get_num("9,999,999,999,999.99"), 9999999999999.99);
+    EXPECT_EQ(get_num("9999999999999.995"), std::nullopt) << "half a cent too large";
+    EXPECT_EQ(read_unsigned(std::string(54, ' ') + "250000"), 250000.0);
+    EXPECT_EQ(read_unsigned(std::string(55, ' ') + "250000"), std::nullopt) << "too long";
     EXPECT_EQ(read_unsigned("-10,000,000,000,000"), 1e13);
     EXPECT_EQ(get_num("-10,000,000,000,000"), std::nullopt) << "too large for cents";
     EXPECT_EQ(read_unsigned("999999999999999999999999999999"), 1e30);
