@@ -55,7 +55,7 @@ void frmdist1::build_value() {
     row->addStretch(1);
     content()->addWidget(framvalue);
     connect(txtcurvalue, &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (!std::ranges::all_of(to_utf8(text), can_be_in_number)) {
+        if (!can_become_amount(to_utf8(text))) {
             chk_curvalue();
         }
     });
@@ -86,7 +86,8 @@ void frmdist1::build_month() {
     age->addWidget(lblage);
     grid->addLayout(age, 1, 2);
     grid->setColumnStretch(3, 1);
-    grid->setRowMinimumHeight(2, theme::grid);
+    lblchanged = control::paragraph({}, "lblchanged");
+    grid->addWidget(lblchanged, 2, 0, 1, 4);
     grid->addWidget(theme::label(u"Note:"_s, theme::Role::section, "lbltime_3"), 3, 0, 1, 4);
     grid->addWidget(
         control::paragraph(
@@ -94,17 +95,22 @@ void frmdist1::build_month() {
             "Label1"),
         4, 0, 1, 4);
     content()->addWidget(framtime);
-    connect(Cmbfrstmonth, &QComboBox::currentIndexChanged, this, [this] { chk_frstmon(); });
-    connect(Cmbfrstyear, &QComboBox::currentIndexChanged, this, [this] { chk_year(); });
+    connect(Cmbfrstmonth, &QComboBox::currentIndexChanged, this, [this] {
+        wished_month_ = chosen_month();
+        chk_frstmon();
+    });
+    connect(Cmbfrstyear, &QComboBox::currentIndexChanged, this, [this] {
+        wished_year_ = chosen_year();
+        chk_year();
+    });
 }
 
 void frmdist1::load() {
     module.set_screen_size();
     scenario.first_pay_month = static_cast<std::int16_t>(month_of(module.today()));
+    wished_month_ = scenario.first_pay_month;
     get_year();
     get_month();
-    const QSignalBlocker quiet(Cmbfrstmonth);
-    Cmbfrstmonth->setCurrentIndex(std::min(scenario.first_pay_month - 1, Cmbfrstmonth->count() - 1));
     if (scenario.current_age != 0) {
         show_age();
     }
@@ -144,14 +150,22 @@ void frmdist1::value_left() {
     }
 }
 
+// The latest year offers fewer months; another year brings the one that the user chose back.
 void frmdist1::get_month() {
     control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
+    const QSignalBlocker quiet(Cmbfrstmonth);
+    Cmbfrstmonth->setCurrentIndex(wished_month_ <= Cmbfrstmonth->count() ? wished_month_ - 1 : 0);
 }
 
 // A return to the menu keeps the old date of birth, but no age: then none has been entered here yet.
 void frmdist1::get_year() {
     const Date birth = scenario.current_age == 0 ? no_date : scenario.birth_date;
     control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())));
+    const int wished = Cmbfrstyear->findText(QString::number(wished_year_));
+    if (wished >= 0) {
+        const QSignalBlocker quiet(Cmbfrstyear);
+        Cmbfrstyear->setCurrentIndex(wished);
+    }
 }
 
 void frmdist1::chk_year() {
@@ -159,11 +173,13 @@ void frmdist1::chk_year() {
     get_month();
     less_month_now();
     show_age();
+    show_changed();
 }
 
 void frmdist1::chk_frstmon() {
     less_month_now();
     show_age();
+    show_changed();
 }
 
 // The latest year is open up to the deadline of March 31st only.
@@ -187,6 +203,18 @@ void frmdist1::show_age() {
     }
     lblage->setNum(shown_age(scenario.birth_date, scenario.current_age, chosen_month(), chosen_year(),
                              module.today()));
+}
+
+// Says when the lists do not offer what the user chose. (A month that has passed is moved silently.)
+void frmdist1::show_changed() {
+    const bool offered =
+        wished_year_ == 0 || (wished_year_ == chosen_year() && wished_month_ <= Cmbfrstmonth->count());
+    lblchanged->setText(offered ? QString()
+                                : u"The first payment was changed from %1, %2 to %3, %4."_s
+                                      .arg(to_qt(month_name(wished_month_)))
+                                      .arg(wished_year_)
+                                      .arg(Cmbfrstmonth->currentText())
+                                      .arg(chosen_year()));
 }
 
 void frmdist1::edit_date() {

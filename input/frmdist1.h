@@ -36,6 +36,7 @@ private:
     bool over_72() const;
     void less_month_now();
     void show_age();
+    void show_changed();
 
     void err_box(std::string_view text, QWidget* field) { report_once(text, field); }
     void edit_date();
@@ -50,6 +51,9 @@ private:
     QComboBox* Cmbfrstmonth = nullptr;
     QComboBox* Cmbfrstyear = nullptr;
     QLabel* lblage = nullptr;
+    QLabel* lblchanged = nullptr;
+    int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
+    int wished_year_ = 0;   // 0 while none was chosen
 };
 
 }  // namespace kelvar

@@ -8,12 +8,14 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <utility>
 
 #include "core/numbers.h"
 #include "input/distribution_rules.h"
 #include "input/frequency_boxes.h"
 #include "input/lists.h"
+#include "shell/entry_box.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -29,6 +31,14 @@ public:
         QComboBox::showPopup();
     }
     bool take_popup_used() { return std::exchange(popup_used_, false); }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QComboBox::focusInEvent(event);
+        if (selects_text(event->reason())) {
+            lineEdit()->selectAll();
+        }
+    }
 
 private:
     bool popup_used_ = false;
@@ -48,6 +58,8 @@ frmdist2::frmdist2(Module1& module1)
     content()->setSpacing(theme::grid);
     content()->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
     build_methods();
+    lblquiet = control::paragraph({}, "lblquiet");
+    content()->addWidget(lblquiet);
     content()->addWidget(theme::label(u"Note:"_s, theme::Role::section, "lblmethod_4"));
     content()->addWidget(control::paragraph(
         u"The Internal Revenue Code states that periodic payments must start no later than April 1st of the calendar year following the later of the calendar year on which you attain age 70 1/2 or the calendar year in which you retire from City service."_s,
@@ -68,6 +80,8 @@ void frmdist2::build_methods() {
     optmethod[0]->setEnabled(screens.offers(ScreenId::frmlump));
     optmethod[2]->setEnabled(screens.offers(ScreenId::frmparti));
     optmethod[3]->setEnabled(screens.offers(ScreenId::frmderrmsg));
+    opens(optmethod[1], chkperiod);
+    opens(optmethod[2], periodic_after_partial_);
     auto* one_of = new QButtonGroup(this);
     for (int index = 0; index < 4; ++index) {
         QRadioButton* option = optmethod[static_cast<std::size_t>(index)];
@@ -83,7 +97,7 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
     column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
     auto* option = new QRadioButton(text);
     option->setObjectName(u"optmethod_%1"_s.arg(index));
-    column->addWidget(option);
+    column->addWidget(option, 0, Qt::AlignLeft);
     optmethod[static_cast<std::size_t>(index)] = option;
     return card;
 }
@@ -162,11 +176,19 @@ void frmdist2::build_commencement(QBoxLayout* column) {
     row->addWidget(cmbscnyear);
     row->addStretch(1);
     column->addLayout(row);
+    lblnomonth = control::paragraph(
+        u"The payment of the amount certain is in the last month in which payments may begin, so that no month is left for the remaining payments. Go back and choose an earlier month for it."_s,
+        "lblnomonth");
+    column->addWidget(lblnomonth);
     connect(cmbscnyear, &QComboBox::currentIndexChanged, this, [this] {
+        commencement_chosen_ = true;
         get_month2();
         take_commencement();
     });
-    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] { take_commencement(); });
+    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] {
+        commencement_chosen_ = true;
+        take_commencement();
+    });
 }
 
 void frmdist2::load() {
@@ -174,12 +196,9 @@ void frmdist2::load() {
         cmbPercent->addItem(QString::number(percentage));
     }
     cmbPercent->setCurrentIndex(-1);
-    disable_cmd();
     dis_f2();
     dis_f3();
-    get_year();
-    const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
-    cmbscnyear->setCurrentIndex(std::max(present, 0));
+    wait_for_method(u"Choose how the account is to be paid out to go on."_s);
     for (QRadioButton* option : optmethod) {
         if (option->isEnabled()) {
             set_first_field(option);
@@ -200,6 +219,7 @@ void frmdist2::activate() {
 void frmdist2::choose_method(int index) {
     dis_f2();
     dis_f3();
+    lblquiet->clear();
     scenario.frequency = 0;
     scenario.partial_amount = 0.0;
     scenario.partial_percent.clear();
@@ -229,10 +249,14 @@ void frmdist2::choose_method(int index) {
                 take_partial_amount();
             }
             take_commencement();
+            if (!error_shown()) {
+                focus_field("txtpartial");
+            }
             break;
         default:
             scenario.method = no_method;
-            disable_cmd();
+            wait_for_method(
+                u"A rollover is arranged with the plan, not calculated here. Choose another method to go on."_s);
             // Later, because an arrow key chooses the option first and then gives it the focus.
             QMetaObject::invokeMethod(
                 this, [this] { module.screens.show(ScreenId::frmderrmsg); }, Qt::QueuedConnection);
@@ -246,6 +270,12 @@ void frmdist2::en_f2() {
 
 void frmdist2::dis_f2() {
     chkperiod->setEnabled(false);
+}
+
+// Next is grey, and a quiet line says what to do first.
+void frmdist2::wait_for_method(const QString& what_to_do) {
+    disable_cmd();
+    lblquiet->setText(what_to_do);
 }
 
 void frmdist2::set_next_enabled(bool enabled) {
@@ -309,8 +339,8 @@ void frmdist2::partial_amount_left(Leaving leaving) {
         return;
     }
     take_partial_amount();
-    if (leaving.to_navigation) {
-        return;
+    if (leaving.to_navigation || txtpartial->text().trimmed().isEmpty()) {
+        return;  // an empty box is no amount yet; Next asks for it
     }
     if (const Check check = partial_msg(scenario)) {
         refuse(check->text, check->field);
@@ -327,14 +357,26 @@ void frmdist2::show_percentage() {
     cmbPercent->setEditText(to_qt(scenario.partial_percent));
 }
 
+// Until the user has chosen a month or year, they follow the first payment: the present year if it is
+// offered, else the first one, and the first month.
 void frmdist2::get_year() {
     control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())));
+    if (!commencement_chosen_) {
+        const QSignalBlocker quiet(cmbscnyear);
+        const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
+        cmbscnyear->setCurrentIndex(std::max(present, 0));
+    }
     get_month2();
+    if (!commencement_chosen_) {
+        const QSignalBlocker quiet(cmbscnmonth);
+        cmbscnmonth->setCurrentIndex(0);
+    }
 }
 
 void frmdist2::get_month2() {
     const int year = cmbscnyear->currentText().toInt();
     control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())));
+    lblnomonth->setVisible(cmbscnmonth->count() == 0);
 }
 
 void frmdist2::take_commencement() {

@@ -39,6 +39,7 @@ private:
     void enable_cmd() { set_next_enabled(true); }
     void disable_cmd() { set_next_enabled(false); }
     void set_next_enabled(bool enabled);
+    void wait_for_method(const QString& what_to_do);
     void en_f2();
     void dis_f2();
     void en_f3() { periodic_after_partial_->setEnabled(true); }
@@ -64,6 +65,9 @@ private:
     PopupList* cmbPercent = nullptr;
     QComboBox* cmbscnmonth = nullptr;
     QComboBox* cmbscnyear = nullptr;
+    QLabel* lblnomonth = nullptr;
+    QLabel* lblquiet = nullptr;
+    bool commencement_chosen_ = false;  // by the user, who then keeps month and year where offered
     double shown_present_value_ = 0.0;  // for which cmbPercent was last worked out
     bool percentage_edited_ = false;    // typed but not yet taken over
 };

@@ -29,16 +29,6 @@ QString cell_text(const Recordset& records, std::size_t row, std::size_t column)
     return to_qt(as_text(records.cell(row, column)));
 }
 
-// The first row of an age in a table, or the number of rows.
-std::size_t row_of_age(const Recordset& table, const char* field, int age) {
-    const std::size_t column = table.column(field);
-    std::size_t row = 0;
-    while (row < table.RecordCount() && as_number(table.cell(row, column)) != age) {
-        ++row;
-    }
-    return row;
-}
-
 }  // namespace
 
 frmdist3::frmdist3(Module1& module1)
@@ -86,6 +76,10 @@ void frmdist3::build_options(QBoxLayout* column) {
     column->addWidget(optlength[2]);
     build_life_options(column);
     column->addStretch(1);
+    opens(optlength[0], txtnumber);
+    opens(optlength[1], txtfixamount);
+    opens(optlength[2], oplifeexp[0]);
+    opens(optlength[2], oplifeexp[1]);
     on_leave(txtnumber, [this](Leaving) { number_left(); });
     on_leave(txtfixamount, [this](Leaving) { amount_left(); });
 }
@@ -148,9 +142,11 @@ void frmdist3::build_tables(QBoxLayout* column) {
     lblgridtext4 = theme::label({}, theme::Role::note, "lblgridtext4");
     kind->addWidget(lblgridtext4);
     grdlife = new Grid("grdlife", u"Life expectancy table"_s);
+    lblothertable = control::paragraph({}, "lblothertable");
     lblgridtext5 = control::paragraph(u"* Life Expectancy=age+multiple"_s, "lblgridtext5");
     single->addLayout(heading);
     single->addLayout(kind);
+    single->addWidget(lblothertable);
     single->addWidget(grdlife, 1);
     single->addWidget(lblgridtext5);
 
@@ -182,6 +178,7 @@ void frmdist3::activate() {
     scenario.payment_start_age = payment_start_age(scenario);
     add_grid();
     set_age_texts();
+    mark_joint_pair();
 }
 
 std::vector<RecordTableModel::Column> frmdist3::age_columns(bool minimum_distribution) const {
@@ -194,19 +191,21 @@ std::vector<RecordTableModel::Column> frmdist3::age_columns(bool minimum_distrib
 void frmdist3::add_grid() {
     const Recordset& lifexp = module.database().lifexp();
     const bool minimum_distribution = payment_start_age(scenario) >= minimum_distribution_from;
-    const std::size_t border = row_of_age(lifexp, "age", oldest_of_single_life_table);
+    const std::size_t border = row_with(lifexp, "age", oldest_of_single_life_table);
     const std::size_t first = minimum_distribution ? 0 : border;
     const std::size_t end = minimum_distribution ? border : lifexp.RecordCount();
     life_rows_->set_columns(age_columns(minimum_distribution));
     life_rows_->show_rows(first, end);
 
-    const int age = scenario.method == partial_lump_sum
-                        ? payment_start_age(scenario)
-                        : participant_lookup_age(scenario, module.today());
-    const std::size_t own = row_of_age(lifexp, "age", age);
+    const std::size_t own = row_with(lifexp, "age", single_life_age(scenario, module.today()));
     if (own >= first && own < end) {
         grdlife->selectRow(static_cast<int>(own - first));
     }
+    // In the month of the 70th birthday the table shown and the age looked up can be of two kinds.
+    lblothertable->setVisible(own < lifexp.RecordCount() && (own < first || own >= end));
+    lblothertable->setText(minimum_distribution
+                               ? u"This age is looked up in the single life expectancy table."_s
+                               : u"This age is looked up in the minimum distribution table."_s);
 }
 
 void frmdist3::add_grid1() {
@@ -225,12 +224,37 @@ void frmdist3::add_grid1() {
     grdlife1->setModel(rows);
 }
 
+// Marks the pair of ages whose row is used; without a spouse's date the participant's first row is
+// only scrolled to.
+void frmdist3::mark_joint_pair() {
+    const Recordset& joinlife = module.database().joinlife();
+    const JointAges ages = joint_life_ages(scenario);
+    const std::size_t participants = row_with(joinlife, "PartAge", ages.participant);
+    const std::size_t spouse_column = joinlife.column("BeneAge");
+    const std::size_t participant_column = joinlife.column("PartAge");
+    grdlife1->clearSelection();
+    grdlife1->scrollTo(grdlife1->model()->index(static_cast<int>(participants), 0),
+                       QTableView::PositionAtTop);
+    if (mskbenebirth->is_empty()) {
+        return;
+    }
+    for (std::size_t row = participants; row < joinlife.RecordCount(); ++row) {
+        if (as_number(joinlife.cell(row, participant_column)) == ages.participant &&
+            as_number(joinlife.cell(row, spouse_column)) == ages.spouse) {
+            grdlife1->selectRow(static_cast<int>(row));
+            grdlife1->scrollTo(grdlife1->currentIndex(), QTableView::PositionAtCenter);
+            return;
+        }
+    }
+}
+
 void frmdist3::set_age_texts() {
     const int age = payment_start_age(scenario);
     const bool minimum_distribution = age >= minimum_distribution_from;
     lblgridtext2->setText(minimum_distribution ? u"MINIMUM DISTRIBUTION"_s
                                                : u"SINGLE LIFE EXPECTANCY"_s);
-    lblgridtext4->setText(u"Age when payments start: %1"_s.arg(age));
+    lblgridtext4->setText(
+        u"Age when payments start: %1"_s.arg(single_life_age(scenario, module.today())));
     lblgridtext5->setText(minimum_distribution ? u"*Minimum Distribution Years=age+divisor"_s
                                                : u"*Life Expectancy=age+divisor"_s);
     oplifeexp[0]->setText(u"Payments based on your li&fe expectancy"_s +
@@ -247,9 +271,11 @@ void frmdist3::choose_length(int index) {
     switch (index) {
         case 0:
             en_f1();
+            focus_field(txtnumber);
             break;
         case 1:
             en_f2();
+            focus_field(txtfixamount);
             break;
         default:
             en_f3();
@@ -264,11 +290,8 @@ void frmdist3::choose_life(int index) {
         return;
     }
     if (joint_life_available(scenario.birth_date, module.today())) {
-        const std::size_t own =
-            row_of_age(module.database().joinlife(), "PartAge", payment_start_age(scenario));
-        grdlife1->scrollTo(grdlife1->model()->index(static_cast<int>(own), 0),
-                           QTableView::PositionAtTop);
-        mskbenebirth->setFocus();
+        mark_joint_pair();
+        focus_field(mskbenebirth);
         return;
     }
     back_to_single_life();
@@ -344,6 +367,7 @@ bool frmdist3::chk_birth() {
         scenario.spouse_current_age = check.age;
     }
     if (check.message.empty()) {
+        mark_joint_pair();
         return true;
     }
     if (check.birth_date) {
@@ -374,8 +398,8 @@ void frmdist3::go_next() {
         refuse(check->text, check->field);
         return;
     }
+    module.screens.show(ScreenId::frmdrate);  // first, so that step 2 does not come to the front
     module.screens.hide(ScreenId::frmdist3);
-    module.screens.show(ScreenId::frmdrate);
 }
 
 void frmdist3::go_previous() {

@@ -36,6 +36,7 @@ private:
 
     void add_grid();
     void add_grid1();
+    void mark_joint_pair();
     void set_age_texts();
 
     void choose_length(int index);
@@ -65,6 +66,7 @@ private:
     QLabel* lblgridtext2 = nullptr;
     QLabel* lblgridtext4 = nullptr;
     QLabel* lblgridtext5 = nullptr;
+    QLabel* lblothertable = nullptr;
     Grid* grdlife = nullptr;
     Grid* grdlife1 = nullptr;
     RecordTableModel* life_rows_ = nullptr;

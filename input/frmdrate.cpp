@@ -39,6 +39,19 @@ void frmdrate::build_rates(QBoxLayout* column) {
         box->setObjectName(u"chkrate_%1"_s.arg(index));
         column->addWidget(box);
         chkrate[static_cast<std::size_t>(index)] = box;
+        connect(box, &QCheckBox::clicked, this, [this, index] { rate_ticked(index); });
+    }
+}
+
+// "All" stands for the four others: it ticks and unticks them, and no longer holds without one of them.
+void frmdrate::rate_ticked(int index) {
+    const bool ticked = chkrate[static_cast<std::size_t>(index)]->isChecked();
+    if (index == 0) {
+        for (QCheckBox* box : chkrate) {
+            box->setChecked(ticked);
+        }
+    } else if (!ticked) {
+        chkrate[0]->setChecked(false);
     }
 }
 
@@ -102,6 +115,11 @@ void frmdrate::load() {
     set_first_field(chkrate[0]);
 }
 
+// A lump sum skips the length of payments.
+void frmdrate::activate() {
+    lblstep->setText(scenario.method == lump_sum ? u"Step 3 of 3"_s : u"Step 4 of 4"_s);
+}
+
 bool frmdrate::chk_rate() {
     clear_error();
     if (std::ranges::any_of(chkrate, [](const QCheckBox* box) { return box->isChecked(); })) {
@@ -158,8 +176,8 @@ void frmdrate::go_next() {
 }
 
 void frmdrate::go_previous() {
-    module.screens.hide(ScreenId::frmdrate);
     module.screens.show(scenario.method == lump_sum ? ScreenId::frmdist2 : ScreenId::frmdist3);
+    module.screens.hide(ScreenId::frmdrate);
 }
 
 }  // namespace kelvar

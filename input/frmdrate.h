@@ -15,6 +15,7 @@ class frmdrate : public Screen {
 public:
     explicit frmdrate(Module1& module);
     void load() override;
+    void activate() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,6 +25,7 @@ protected:
 private:
     void build_rates(QBoxLayout* column);
     void build_portfolios(QBoxLayout* column);
+    void rate_ticked(int index);
     bool chk_rate();
     void pick_one();
     void show_portfolio(int index, QPoint position);

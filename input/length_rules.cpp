@@ -37,9 +37,7 @@ Month start_month(const Scenario& scenario) {
 // Looks the single life expectancy up; false when the table does not have the age.
 bool look_up_single(Module1& module) {
     Scenario& scenario = module.scenario;
-    scenario.lookup_age = scenario.method == partial_lump_sum
-                              ? payment_start_age(scenario)
-                              : participant_lookup_age(scenario, module.today());
+    scenario.lookup_age = single_life_age(scenario, module.today());
     const auto end = single_life_expectancy(module.database(), scenario.lookup_age);
     if (end) {
         scenario.life_expectancy_age = *end;
@@ -47,12 +45,11 @@ bool look_up_single(Module1& module) {
     return end.has_value();
 }
 
-// For joint life the participant's birthday counts as reached in the payment month, the spouse's not.
 bool look_up_joint(Module1& module) {
     Scenario& scenario = module.scenario;
-    const auto [month, year] = start_month(scenario);
-    scenario.lookup_age = age_in_month(scenario.birth_date, month, year);
-    scenario.spouse_lookup_age = age_at_payment(scenario.spouse_birth_date, month, year);
+    const JointAges ages = joint_life_ages(scenario);
+    scenario.lookup_age = ages.participant;
+    scenario.spouse_lookup_age = ages.spouse;
     const auto end =
         joint_life_expectancy(module.database(), scenario.lookup_age, scenario.spouse_lookup_age);
     if (end) {
@@ -128,6 +125,17 @@ void check_life_expectancy(Module1& module, bool joint) {
 std::int16_t payment_start_age(const Scenario& scenario) {
     const auto [month, year] = start_month(scenario);
     return age_at_payment(scenario.birth_date, month, year);
+}
+
+std::int16_t single_life_age(const Scenario& scenario, Date today) {
+    return scenario.method == partial_lump_sum ? payment_start_age(scenario)
+                                               : participant_lookup_age(scenario, today);
+}
+
+JointAges joint_life_ages(const Scenario& scenario) {
+    const auto [month, year] = start_month(scenario);
+    return {age_in_month(scenario.birth_date, month, year),
+            age_at_payment(scenario.spouse_birth_date, month, year)};
 }
 
 bool joint_life_available(Date birth, Date today) {

@@ -13,6 +13,17 @@ namespace kelvar {
 // The participant's age when periodic payments start, for the chosen method.
 std::int16_t payment_start_age(const Scenario& scenario);
 
+// The age whose row the single life or minimum distribution table is looked up at.
+std::int16_t single_life_age(const Scenario& scenario, Date today);
+
+// The ages whose row the joint table is looked up at: the participant's birthday counts as reached in
+// the month when payments start, the spouse's not.
+struct JointAges {
+    std::int16_t participant = 0;
+    std::int16_t spouse = 0;
+};
+JointAges joint_life_ages(const Scenario& scenario);
+
 // From this age on the minimum distribution table counts, below it the single life table.
 inline constexpr int minimum_distribution_from = 70;
 

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 
 #include "core/dates.h"
+#include "shell/entry_box.h"
 #include "shell/text.h"
 
 namespace kelvar {
@@ -37,11 +38,10 @@ QComboBox* list(const char* name, const QString& accessible_name) {
 }
 
 QLineEdit* money_box(const char* name, const QString& accessible_name) {
-    auto* box = new QLineEdit;
+    auto* box = new EntryBox;
     box->setObjectName(QString::fromLatin1(name));
     box->setAccessibleName(accessible_name);
     box->setAlignment(Qt::AlignRight);
-    box->setMaxLength(60);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("9,999,999,999,999.99")) +
                        4 * box->fontMetrics().averageCharWidth());
     return box;

@@ -23,13 +23,23 @@ void frmlife::load() {
 
 void frmlife::add_grid() {
     const Recordset& lifexp = module.database().lifexp();
-    auto* grdlife = new Grid("grdlife", u"Life Expectancy/Minimum Distribution Chart"_s);
+    grdlife = new Grid("grdlife", u"Life Expectancy/Minimum Distribution Chart"_s);
     auto* rows = new RecordTableModel(
         lifexp, life_columns(lifexp, {u"AGE"_s, u"MULTIPLE"_s, u"LIFE EXPECTANCY"_s}), this);
     rows->show_rows(0, lifexp.RecordCount());
     grdlife->setModel(rows);
     content()->addWidget(grdlife, 1);
     set_first_field(grdlife);
+}
+
+// Opens at the age that the participant's table was last looked up at, once there has been one.
+void frmlife::activate() {
+    const Recordset& lifexp = module.database().lifexp();
+    const std::size_t own = row_with(lifexp, "age", scenario.lookup_age);
+    if (own < lifexp.RecordCount()) {
+        grdlife->selectRow(static_cast<int>(own));
+        grdlife->scrollTo(grdlife->currentIndex(), Grid::PositionAtCenter);
+    }
 }
 
 void frmlife::go_previous() {

@@ -4,6 +4,8 @@
 
 namespace kelvar {
 
+class Grid;
+
 // The whole single life expectancy and minimum distribution table, in the table's own order.
 class frmlife : public Screen {
     Q_OBJECT
@@ -11,12 +13,15 @@ class frmlife : public Screen {
 public:
     explicit frmlife(Module1& module);
     void load() override;
+    void activate() override;
 
 protected:
     void go_previous() override;
 
 private:
     void add_grid();
+
+    Grid* grdlife = nullptr;
 };
 
 }  // namespace kelvar

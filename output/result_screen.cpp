@@ -121,7 +121,8 @@ void ResultScreen::add_rate(RateText text) {
         cmbrate->addItem((blank ? u" "_s : QString()) + to_qt(number_text(rate)) + u"%"_s);
     }
     cmbrate->setCurrentIndex(0);
-    connect(cmbrate, &QComboBox::currentIndexChanged, this, [this] { get_value(); });
+    // Picking the entry that is already chosen counts as well.
+    connect(cmbrate, &QComboBox::activated, this, [this] { get_value(); });
     set_first_field(cmbrate);
 }
 

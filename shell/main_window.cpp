@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -20,6 +21,7 @@ namespace kelvar {
 namespace {
 
 constexpr double twips_per_pixel = 10.0;
+constexpr QSize usual_frame(4, 40);  // around a window, with its title; not known before it is shown
 
 int pixels(int twips) {
     return static_cast<int>(std::lround(twips / twips_per_pixel));
@@ -46,13 +48,20 @@ void MainWindow::add_modal(ScreenId id, DialogFactory make) {
 void MainWindow::load(Module1& module) {
     module_ = &module;
     module.set_screen_size();
-    const QSize standard(pixels(module.scenario.screen_width), pixels(module.scenario.screen_height));
-    stack_->setMinimumSize(standard);
-    resize(standard);
+    standard_ = QSize(pixels(module.scenario.screen_width), pixels(module.scenario.screen_height));
+    fit_to_display();
+    resize(stack_->minimumSize());
     centre();
     module.scenario.main_offset_x = x();
     module.scenario.main_offset_y = y();
     show(ScreenId::frmkelvd);
+}
+
+// Never smaller than the standard size, unless the display itself is: then the contents scroll.
+void MainWindow::fit_to_display() {
+    const QSize frame = frameGeometry().size() - geometry().size();
+    const QSize room = screen()->availableGeometry().size() - frame.expandedTo(usual_frame);
+    stack_->setMinimumSize(standard_.boundedTo(room));
 }
 
 void MainWindow::centre() {
@@ -157,6 +166,13 @@ bool MainWindow::run_message(bool question, const std::string& text) {
     const bool accepted = dialog.exec() == QDialog::Accepted;
     message_open_ = false;
     return accepted;
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::fit_to_display,
+            Qt::UniqueConnection);
+    fit_to_display();
 }
 
 // The window's own close button ends the program like Close.

@@ -54,14 +54,17 @@ public:
     Screen* visible_screen() const;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void fit_to_display();
     void centre();
     void bring_topmost_to_front();
     bool run_message(bool question, const std::string& text);
 
     Module1* module_ = nullptr;
+    QSize standard_;  // of a screen
     QStackedWidget* stack_ = nullptr;
     std::map<ScreenId, Factory> factories_;
     std::map<ScreenId, DialogFactory> dialog_factories_;

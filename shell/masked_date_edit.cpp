@@ -43,7 +43,7 @@ void MaskedDateEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 void MaskedDateEdit::focusInEvent(QFocusEvent* event) {
-    QLineEdit::focusInEvent(event);
+    EntryBox::focusInEvent(event);
     if (is_empty()) {
         setCursorPosition(0);
     }

@@ -1,11 +1,11 @@
 // A date box with the mask __/__/____ (month, day, year).
 #pragma once
 
-#include <QLineEdit>
+#include "shell/entry_box.h"
 
 namespace kelvar {
 
-class MaskedDateEdit : public QLineEdit {
+class MaskedDateEdit : public EntryBox {
     Q_OBJECT
 
 public:

@@ -1,6 +1,8 @@
 #include "shell/message_dialog.h"
 
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -54,6 +56,34 @@ MessageDialog::MessageDialog(Kind kind, const QString& text, QWidget* parent) : 
         buttons->addWidget(cmdok);
         cmdok->setFocus();
     }
+}
+
+MessageDialog::~MessageDialog() {
+    qApp->removeEventFilter(this);
+}
+
+void MessageDialog::showEvent(QShowEvent* event) {
+    unread_.start();
+    qApp->installEventFilter(this);
+    QDialog::showEvent(event);
+}
+
+bool MessageDialog::eventFilter(QObject* watched, QEvent* event) {
+    constexpr int half_a_second = 500;  // milliseconds
+    const auto type = event->type();
+    const bool key = type == QEvent::KeyPress || type == QEvent::KeyRelease ||
+                     type == QEvent::ShortcutOverride || type == QEvent::Shortcut;
+    if (!key) {
+        return QDialog::eventFilter(watched, event);
+    }
+    const auto* pressed = type == QEvent::KeyPress ? static_cast<const QKeyEvent*>(event) : nullptr;
+    if (unread_.hasExpired(half_a_second)) {
+        return pressed != nullptr && pressed->isAutoRepeat();  // held down since before
+    }
+    if (pressed != nullptr && !pressed->text().isEmpty() && pressed->text().front().isPrint()) {
+        unread_.start();
+    }
+    return true;
 }
 
 }  // namespace kelvar

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 namespace kelvar {
 
@@ -12,6 +13,16 @@ public:
     enum class Kind { message, question };
 
     MessageDialog(Kind kind, const QString& text, QWidget* parent);
+    ~MessageDialog() override;
+
+protected:
+    // Who types on while the message comes up has not read it: for half a second no key answers it, nor
+    // any character typed in one go with those before.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QElapsedTimer unread_;
 };
 
 }  // namespace kelvar

@@ -1,5 +1,6 @@
 #include "shell/outlined_style.h"
 
+#include <QAbstractButton>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -34,6 +35,9 @@ OutlinedStyle::OutlinedStyle() : QProxyStyle(u"Fusion"_s) {}
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
+    if (element == PE_FrameFocusRect && qobject_cast<const QAbstractButton*>(widget) != nullptr) {
+        return;  // filled, it makes an option look chosen; the focus ring marks the focus
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit) {
         outline(painter, option, Shape::rectangle);

@@ -64,6 +64,15 @@ QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, 
     return {};
 }
 
+std::size_t row_with(const Recordset& records, std::string_view field, double number) {
+    const std::size_t column = records.column(field);
+    std::size_t row = 0;
+    while (row < records.RecordCount() && as_number(records.cell(row, column)) != number) {
+        ++row;
+    }
+    return row;
+}
+
 std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
                                                    const QStringList& headings) {
     const std::size_t age = lifexp.column("age");

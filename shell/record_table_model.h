@@ -40,6 +40,9 @@ private:
     std::size_t end_ = 0;
 };
 
+// The first row whose field is this number, or the number of rows. The current row stays.
+std::size_t row_with(const Recordset& records, std::string_view field, double number);
+
 // Columns of the life expectancy table: age, divisor and their sum, without binary noise.
 std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
                                                    const QStringList& headings);

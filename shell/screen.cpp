@@ -14,6 +14,7 @@
 #include <QSignalBlocker>
 #include <stdexcept>
 
+#include "shell/entry_box.h"
 #include "shell/focus_ring.h"
 #include "shell/text.h"
 #include "shell/theme.h"
@@ -57,7 +58,8 @@ void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
     lbltitle->setWordWrap(true);
     row->addWidget(lbltitle, 1);
     if (!layout.step.isEmpty()) {
-        row->addWidget(theme::label(layout.step, theme::Role::subtitle), 0, Qt::AlignRight);
+        lblstep = theme::label(layout.step, theme::Role::subtitle, "lblstep");
+        row->addWidget(lblstep, 0, Qt::AlignRight);
     }
     column->addWidget(band);
 }
@@ -180,11 +182,7 @@ void Screen::focus_field(std::string_view name) {
 
 void Screen::focus_field(QWidget* field) {
     field->setFocus(Qt::OtherFocusReason);
-    if (auto* edit = qobject_cast<QLineEdit*>(field)) {
-        edit->selectAll();
-    } else if (auto* list = qobject_cast<QComboBox*>(field); list != nullptr && list->isEditable()) {
-        list->lineEdit()->selectAll();
-    }
+    select_text(field);  // also where the focus was there already
 }
 
 void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
@@ -192,6 +190,7 @@ void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
 }
 
 void Screen::left(QWidget* field, bool by_tab) {
+    --leaves_to_come_;
     // An open list has the focus itself; the control it belongs to counts.
     QWidget* now = QApplication::activePopupWidget() != nullptr ? window()->focusWidget()
                                                                 : QApplication::focusWidget();
@@ -204,6 +203,26 @@ void Screen::left(QWidget* field, bool by_tab) {
             action(leaving);
         }
     }
+}
+
+// However fast the next key follows, it comes after what leaving the box before has to say and change:
+// to whatever has the focus then, or to nothing when there was a message that it cannot have meant.
+bool Screen::finishes_leaving(QWidget* receiver, QEvent* event) {
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!key || leaves_to_come_ == 0 || !isAncestorOf(receiver)) {
+        return false;
+    }
+    const bool told_before = error_shown_;
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    if (error_shown_ && !told_before) {
+        return true;
+    }
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == receiver || focus == nullptr || !isAncestorOf(focus)) {
+        return false;
+    }
+    QCoreApplication::sendEvent(focus, event);
+    return true;
 }
 
 namespace {
@@ -223,9 +242,11 @@ bool Screen::keeps_back(QWidget* widget, QEvent* event) {
                    types_with_alt(static_cast<const QKeyEvent&>(*event));
         case QEvent::Shortcut:
             return isAncestorOf(widget) &&
-                   press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event);
+                   (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event) ||
+                    select_by_shortcut(*widget));
         case QEvent::MouseButtonRelease:
-            return press_by_words(qobject_cast<QLabel*>(widget), *event);
+            return press_by_words(qobject_cast<QLabel*>(widget), *event) ||
+                   choose_by_click(widget, *event);
         case QEvent::MouseButtonDblClick:  // the first click may have been on the screen before
             return widget->parentWidget() == navigation_->parentWidget();
         case QEvent::Wheel:  // scrolling the page must not change a choice under the pointer
@@ -242,7 +263,7 @@ bool Screen::keeps_back(QWidget* widget, QEvent* event) {
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (widget != nullptr && keeps_back(widget, event)) {
+    if (widget != nullptr && (finishes_leaving(widget, event) || keeps_back(widget, event))) {
         return true;
     }
     if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
@@ -259,6 +280,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         for (const auto& [field, action] : leave_actions_) {
             if (field == watched && !stays) {
                 const bool by_tab = reason == Qt::TabFocusReason;
+                ++leaves_to_come_;
                 QMetaObject::invokeMethod(
                     this, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
             }
@@ -277,8 +299,12 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         if (widget != nullptr && isAncestorOf(widget)) {
             mark_focus(widget);
         }
-        if (widget != nullptr && scroll_->widget()->isAncestorOf(widget)) {
-            last_focus_ = widget;  // not the navigation row: Enter is Next when the screen comes back
+        // Neither the navigation row nor what Enter would press: Enter is Next when the screen comes
+        // back.
+        if (widget != nullptr && scroll_->widget()->isAncestorOf(widget) &&
+            qobject_cast<QToolButton*>(widget) == nullptr &&
+            qobject_cast<QPushButton*>(widget) == nullptr) {
+            last_focus_ = widget;
         }
         keep_in_view(widget);
     }
@@ -297,20 +323,55 @@ bool Screen::press_by_words(const QLabel* words, const QEvent& event) {
     return true;
 }
 
-// Alt and a letter press a button at once, after what leaving the field before has to say. The toolkit
-// would do it a moment later, also behind a message that has come up in between.
+// Alt and a letter press a button at once, after what leaving the field before has to say; after a
+// message the focus is elsewhere and the button is not pressed. The toolkit would do it a moment later,
+// when the next keys may already have been typed.
 bool Screen::press_by_shortcut(QAbstractButton* button, const QEvent& event) {
     if (button == nullptr || static_cast<const QShortcutEvent&>(event).isAmbiguous()) {
         return false;
     }
     button->setFocus(Qt::ShortcutFocusReason);
-    const auto press = [button] {
-        if (QApplication::activeModalWidget() == nullptr) {
-            button->click();
-        }
-    };
-    QMetaObject::invokeMethod(button, press, Qt::QueuedConnection);
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    if (button->hasFocus()) {
+        button->click();
+    }
     return true;
+}
+
+// Alt and the letter of a box in which the focus is already: the toolkit does nothing then.
+bool Screen::select_by_shortcut(const QWidget& caption) {
+    QWidget* focus = window()->focusWidget();
+    const auto* words = qobject_cast<const QLabel*>(&caption);
+    const bool leads_to_focus =
+        words != nullptr ? words->buddy() == focus : caption.isAncestorOf(focus);
+    if (focus == nullptr || !leads_to_focus) {
+        return false;
+    }
+    select_text(focus);
+    return true;
+}
+
+// A click on what an option opens, while that option is not chosen, chooses it and then counts.
+bool Screen::choose_by_click(QWidget* clicked, const QEvent& event) {
+    const auto& release = static_cast<const QMouseEvent&>(event);
+    if (clicked->isEnabled() || release.button() != Qt::LeftButton ||
+        !clicked->rect().contains(release.position().toPoint())) {
+        return false;
+    }
+    for (const auto& [opened, option] : opened_by_) {
+        if ((opened != clicked && !opened->isAncestorOf(clicked)) || !option->isEnabled()) {
+            continue;
+        }
+        option->click();
+        if (clicked->focusPolicy() != Qt::NoFocus && !error_shown_) {
+            clicked->setFocus(Qt::MouseFocusReason);
+            if (auto* button = qobject_cast<QAbstractButton*>(clicked)) {
+                button->click();
+            }
+        }
+        return true;
+    }
+    return false;
 }
 
 void Screen::keep_in_view(QWidget* focus) {

@@ -85,12 +85,16 @@ protected:
     // the event loop, so that the click that took the focus away is complete.
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
+    // A click on the widget, or on anything in it, chooses the option while the widget is disabled.
+    void opens(QAbstractButton* option, QWidget* widget) { opened_by_.emplace_back(widget, option); }
+
     // Adds headed running text at a line length that reads well.
     void add_paragraphs(const std::vector<Paragraph>& paragraphs);
     QVBoxLayout* content() const { return content_; }
     QHBoxLayout* navigation() const { return navigation_; }
 
     QLabel* lbltitle = nullptr;
+    QLabel* lblstep = nullptr;  // null without a step
     QPushButton* cmdhelp = nullptr;
     QToolButton* picprev = nullptr;
     QPushButton* cmdprev = nullptr;
@@ -110,9 +114,12 @@ private:
     void build_title_band(const Layout& layout, QVBoxLayout* column);
     void build_navigation(const Layout& layout, QVBoxLayout* column);
     void left(QWidget* field, bool by_tab);
+    bool finishes_leaving(QWidget* receiver, QEvent* event);
     bool keeps_back(QWidget* widget, QEvent* event);
     bool press_by_words(const QLabel* words, const QEvent& event);
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
+    bool select_by_shortcut(const QWidget& caption);
+    bool choose_by_click(QWidget* clicked, const QEvent& event);
     void mark_focus(QWidget* control);
     void keep_in_view(QWidget* focus);
 
@@ -120,6 +127,8 @@ private:
     QHBoxLayout* navigation_ = nullptr;
     QScrollArea* scroll_ = nullptr;
     std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
+    int leaves_to_come_ = 0;  // leave actions that still wait in the event loop
+    std::vector<std::pair<QWidget*, QAbstractButton*>> opened_by_;
     QPointer<QWidget> last_focus_;
     QPointer<FocusRing> focus_ring_;
     bool error_shown_ = false;

@@ -136,6 +136,13 @@ void UiTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     settle();
 }
 
+void UiTest::type(const char* characters) {
+    for (const char* character = characters; *character != '\0'; ++character) {
+        QTest::keyClick(window->focusWidget(), *character);
+        settle();
+    }
+}
+
 void UiTest::type_into(const char* name, const QString& text) {
     auto* box = find<QWidget>(name);
     box->setFocus(Qt::TabFocusReason);
@@ -159,6 +166,7 @@ void UiTest::choose(const char* list, const QString& entry) {
     const int index = box->findText(entry);
     ASSERT_GE(index, 0) << list << " does not offer " << entry.toStdString();
     box->setCurrentIndex(index);
+    emit box->activated(index);  // as by a user, also where the entry was chosen already
     settle();
 }
 

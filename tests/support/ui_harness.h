@@ -65,6 +65,8 @@ public:
 
     void click(const char* name);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    // The keys of these characters, one by one, for whatever has the focus.
+    void type(const char* characters);
     // Puts the focus on the box, replaces what it holds and leaves it with Tab.
     void enter(const char* name, const QString& text);
     // The same without leaving it.

@@ -1,5 +1,7 @@
 // Every message of the input screens: shown once, letter for letter, with the focus where it belongs.
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <functional>
 
 #include "tests/support/ui_harness.h"
@@ -102,6 +104,16 @@ const MessageCase cases[] = {
     {"ThirtyDigits", balance_then_next(QString(30, u'9')), no_value, "txtcurvalue"},
     {"WrongGrouping", balance_then_next(u"25,00"_s), no_value, "txtcurvalue"},
     {"HalfACent", balance_then_next(u"0.004"_s), no_value, "txtcurvalue"},
+    {"GroupAfterAZero", balance_then_next(u"0,500"_s), no_value, "txtcurvalue"},
+    {"HalfACentBeyondTheLimit", balance_then_next(u"9999999999999.995"_s), no_value, "txtcurvalue"},
+    {"PastedTextThatIsTooLong",
+     [](UiTest& t) {
+         t.go_to_participant();
+         t.click("txtcurvalue");
+         QGuiApplication::clipboard()->setText(QString(58, u' ') + u"250000"_s);
+         t.press(Qt::Key_V, Qt::ControlModifier);
+     },
+     "Invalid present value of the account", "txtcurvalue"},
     {"RefusedBirthStopsNextAsWell",
      [](UiTest& t) {
          t.go_to_participant();
@@ -136,6 +148,8 @@ const MessageCase cases[] = {
     {"EmptyNumber", length("optlength_0", "txtnumber", {}), "Invalid mumber of payments.", "txtnumber"},
     {"NumberIsAWord", length("optlength_0", "txtnumber", u"nan"_s), "Invalid mumber of payments.",
      "txtnumber"},
+    {"NumberThatIsTooLong", length("optlength_0", "txtnumber", QString(58, u' ') + u"120"_s),
+     "Invalid mumber of payments.", "txtnumber"},
     {"NumberBeyondLife", length("optlength_0", "txtnumber", u"350"_s), too_many, "txtnumber"},
     {"NumberBeyondCounting", length("optlength_0", "txtnumber", u"50000"_s), too_many, "txtnumber"},
     {"AmountBelowACent", length("optlength_1", "txtfixamount", u"0.004"_s),

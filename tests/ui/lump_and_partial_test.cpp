@@ -145,6 +145,33 @@ TEST_F(Partial, NumberAfterAPercentageThenChangedInputs) {
     EXPECT_TRUE(take_messages().empty());
 }
 
+TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
+    go_to_method();
+    click("optmethod_2");
+    const auto month_after_going_back_to = [&](const QString& first_month, const QString& year) {
+        click("cmdprev");
+        choose("Cmbfrstyear", year);
+        choose("Cmbfrstmonth", first_month);
+        click("Cmdnext");
+        return find<QComboBox>("cmbscnmonth")->currentText() +
+               find<QComboBox>("cmbscnyear")->currentText();
+    };
+    EXPECT_EQ(find<QComboBox>("cmbscnmonth")->currentText(), u"August"_s);
+    EXPECT_EQ(month_after_going_back_to(u"May"_s, u"2020"_s), u"June2020"_s);
+    EXPECT_EQ(module->scenario.scenario_month, 6);
+    choose("cmbscnmonth", u"October"_s);
+    EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
+    EXPECT_FALSE(find<QWidget>("lblnomonth")->isVisible());
+}
+
+// Past 70½, with the first payment in the last month that the plan allows.
+TEST_F(Partial, NoMonthLeftIsSaid) {
+    go_to_method(u"06151949"_s, u"250000"_s, u"March"_s, u"2021"_s);
+    click("optmethod_2");
+    EXPECT_EQ(find<QComboBox>("cmbscnmonth")->count(), 0);
+    EXPECT_TRUE(find<QWidget>("lblnomonth")->isVisible());
+}
+
 TEST_F(Partial, FixedAmountAndTheLimit) {
     go_to_length_with_partial("txtpartial", u"40000"_s);
     click("optlength_1");

@@ -5,7 +5,7 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" KELVAR_DISPLAYS);
     kelvar::Application application(argc, argv);
     kelvar::theme::apply(application);
     return RUN_ALL_TESTS();

@@ -90,10 +90,14 @@ TEST_F(Notes, DurationTableSaysACellInWords) {
 }
 
 TEST_F(Notes, LifeTableShowsTheWholeTableInItsOwnOrder) {
+    module->scenario.lookup_age = 69;  // of the participant before
     for (const char* button : {"Cmdnext", "piclast", "Cmdnext", "Cmdnext"}) {
         click(button);
     }
-    const auto* rows = find<QTableView>("grdlife")->model();
+    const auto* table = find<QTableView>("grdlife");
+    const QAbstractItemModel* rows = table->model();
+    EXPECT_EQ(table->currentIndex().row(), 51);
+    EXPECT_TRUE(table->rect().contains(table->visualRect(table->currentIndex())));
     EXPECT_EQ(rows->rowCount(), 105);
     EXPECT_EQ(rows->index(0, 0).data().toString(), u"120"_s);
     EXPECT_EQ(rows->index(51, 1).data().toString(), u"19.6"_s);

@@ -135,6 +135,10 @@ TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     EXPECT_EQ(take_messages(), std::vector{limit});
     EXPECT_EQ(work_table_rows(), stored);
 
+    // Picking it once more is told once more.
+    choose("cmbrate", u" 8%"_s);
+    EXPECT_EQ(take_messages(), std::vector{limit});
+
     choose("cmbrate", u" 5%"_s);
     EXPECT_FALSE(covered());
     EXPECT_EQ(grid_rows(), at_5);
@@ -175,6 +179,10 @@ TEST_F(Periodic, JointLife) {
     EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
     EXPECT_EQ(find<QTableView>("grdlife1")->model()->rowCount(), 2343);
     enter("mskbenebirth", u"08201965"_s);
+    const auto* pairs = find<QTableView>("grdlife1");
+    EXPECT_EQ(pairs->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
+    EXPECT_EQ(pairs->currentIndex().siblingAtColumn(1).data().toString(), u"54"_s);
+    EXPECT_TRUE(pairs->rect().contains(pairs->visualRect(pairs->currentIndex())));
     click("Cmdnext");
     EXPECT_TRUE(take_messages().empty());
     tick_rates_and_go({"chkrate_2"});
@@ -185,11 +193,6 @@ TEST_F(Periodic, JointLife) {
 }
 
 TEST_F(Periodic, KeyboardAlone) {
-    const auto type = [this](const char* keys) {
-        for (const char* key = keys; *key != '\0'; ++key) {
-            press(static_cast<Qt::Key>(*key));
-        }
-    };
     press(Qt::Key_Return);  // title
     press(Qt::Key_Return);  // menu
     ASSERT_EQ(focus_name(), u"mskbirth"_s);
@@ -203,7 +206,7 @@ TEST_F(Periodic, KeyboardAlone) {
     type("250000");
     press(Qt::Key_Tab);
     ASSERT_EQ(focus_name(), u"Cmbfrstmonth"_s);
-    type("JUL");
+    type("jul");
     EXPECT_EQ(text_of("lblage"), u"70"_s);
     press(Qt::Key_Return);
     ASSERT_EQ(screen_name(), u"frmdist2"_s);
@@ -264,13 +267,55 @@ TEST_F(Periodic, BalanceIsReadBackAsShown) {
 TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
     go_to_participant();
     enter("mskbirth", u"06151950"_s);
+    auto* months = find<QComboBox>("Cmbfrstmonth");
+    choose("Cmbfrstmonth", u"July"_s);
     choose("Cmbfrstyear", u"2021"_s);
-    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->count(), 3);
+    EXPECT_EQ(months->count(), 3);
+    EXPECT_EQ(months->currentText(), u"January"_s);
+    EXPECT_EQ(text_of("lblchanged"),
+              u"The first payment was changed from July, 2021 to January, 2021."_s);
     EXPECT_EQ(module->scenario.over_72_flag, 1);
     EXPECT_EQ(text_of("lblage"), u"70"_s);
     choose("Cmbfrstyear", u"2020"_s);
-    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->count(), 12);
+    EXPECT_EQ(months->count(), 12);
+    EXPECT_EQ(months->currentText(), u"July"_s);
+    EXPECT_EQ(text_of("lblchanged"), QString());
     EXPECT_EQ(module->scenario.over_72_flag, 0);
+}
+
+// Younger by mistake, so that later years were offered.
+TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
+    go_to_participant();
+    enter("mskbirth", u"06151960"_s);
+    enter("txtcurvalue", u"250000"_s);
+    choose("Cmbfrstyear", u"2025"_s);
+    choose("Cmbfrstmonth", u"July"_s);
+    enter("mskbirth", u"06151950"_s);
+    EXPECT_EQ(text_of("lblchanged"), u"The first payment was changed from July, 2025 to July, 2020."_s);
+    EXPECT_TRUE(take_messages().empty());
+    enter("mskbirth", u"06151960"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2025"_s);
+    EXPECT_EQ(text_of("lblchanged"), QString());
+}
+
+// The birthday in the payment month counts as reached for the look-up, but not for the kind of table.
+TEST_F(Periodic, AgeBesideTheTableIsTheOneLookedUp) {
+    go_to_method(u"06151950"_s, u"250000"_s, u"June"_s, u"2020"_s);
+    click("optmethod_1");
+    click("chkperiod_0");
+    click("Cmdnext");
+    EXPECT_EQ(text_of("lblgridtext2"), u"SINGLE LIFE EXPECTANCY"_s);
+    EXPECT_EQ(text_of("lblgridtext4"), u"Age when payments start: 70"_s);
+    EXPECT_EQ(text_of("lblothertable"), u"This age is looked up in the minimum distribution table."_s);
+    click("cmdprev");
+    click("cmdprev");
+    choose("Cmbfrstmonth", u"July"_s);
+    click("Cmdnext");
+    click("Cmdnext");
+    EXPECT_EQ(text_of("lblgridtext2"), u"MINIMUM DISTRIBUTION"_s);
+    EXPECT_FALSE(find<QWidget>("lblothertable")->isVisible());
+    const auto* table = find<QTableView>("grdlife");
+    EXPECT_EQ(table->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
 }
 
 }  // namespace

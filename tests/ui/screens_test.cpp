@@ -10,13 +10,17 @@
 #include <QMouseEvent>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
+#include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <filesystem>
 #include <fstream>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include "shell/application.h"
+#include "shell/message_dialog.h"
 #include "tests/support/ui_harness.h"
 
 namespace kelvar::test {
@@ -76,6 +80,7 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
                      row);
     click("chkperiod_1");
     click("Cmdnext");
+    EXPECT_EQ(text_of("lblstep"), u"Step 3 of 4"_s);
     click("optlength_0");
     expect_tab_order(QStringList{u"optlength_0"_s, u"txtnumber"_s, u"grdlife"_s} + row);
     click("optlength_2");
@@ -95,10 +100,128 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     expect_tab_order(QStringList{u"grphsche"_s} + print + back);
 }
 
-TEST_F(ScreenTest, HaveTheStandardSize) {
+TEST_F(ScreenTest, HaveTheStandardSizeUnlessTheDisplayIsSmaller) {
     EXPECT_EQ(window->windowTitle(), u"Kelvar"_s);
     EXPECT_EQ(window->visible_screen()->size(), QSize(869, 680));
+    EXPECT_EQ(window->minimumSizeHint(), QSize(869, 680));
     EXPECT_EQ(module->scenario.main_offset_x, window->x());
+    const QRect small = QGuiApplication::screens().at(1)->availableGeometry();
+    window->windowHandle()->setScreen(QGuiApplication::screens().at(1));
+    EXPECT_LT(window->minimumSizeHint().height(), small.height());
+    window->resize(small.size() - QSize(10, 40));
+    go_to_participant();
+    for (const char* control : {"lbltitle", "Cmdnext", "cmdclose"}) {
+        const auto* shown = find<QWidget>(control);
+        EXPECT_EQ(shown->visibleRegion().boundingRect(), shown->rect()) << control;
+    }
+}
+
+// What was in a box is gone with the first key, unless a click has set the cursor.
+TEST_F(ScreenTest, TypingReplacesWhatABoxHeld) {
+    go_to_participant();
+    type("06151950\t250000\r");
+    ASSERT_EQ(screen_name(), u"frmdist2"_s);
+    press(Qt::Key_P, Qt::AltModifier);
+    type("300000\t");
+    EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), u"300,000.00"_s);
+    EXPECT_EQ(module->scenario.present_value, 300000.0);
+    press(Qt::Key_B, Qt::AltModifier);
+    press(Qt::Key_End);
+    press(Qt::Key_B, Qt::AltModifier);  // the focus is there already
+    type("400000");
+    press(Qt::Key_D, Qt::AltModifier);
+    EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), u"400,000.00"_s);
+    type("5/1/49\t");
+    EXPECT_EQ(find<QLineEdit>("mskbirth")->text(), u"05/01/1949"_s);
+    click("txtcurvalue");
+    EXPECT_FALSE(find<QLineEdit>("txtcurvalue")->hasSelectedText());
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
+    go_to_method();
+    EXPECT_FALSE(text_of("lblquiet").isEmpty()) << "Next is grey";
+    press(Qt::Key_A, Qt::AltModifier);
+    type("100000\t");
+    EXPECT_EQ(module->scenario.partial_amount, 100000.0);
+    EXPECT_EQ(text_of("lblquiet"), QString());
+    click("chkperiod_1");  // grey until its method is chosen
+    EXPECT_EQ(module->scenario.method, periodic_payments);
+    EXPECT_EQ(module->scenario.frequency, 4);
+    click("txtpartial");
+    EXPECT_EQ(module->scenario.method, partial_lump_sum);
+    EXPECT_EQ(focus_name(), u"txtpartial"_s);
+    click("chkperiod_0");
+    click("Cmdnext");
+    press(Qt::Key_U, Qt::AltModifier);
+    type("120");
+    EXPECT_EQ(find<QLineEdit>("txtnumber")->text(), u"120"_s);
+    click("txtfixamount");
+    EXPECT_EQ(module->scenario.length_option, by_dollar_amount);
+    EXPECT_EQ(focus_name(), u"txtfixamount"_s);
+    click("oplifeexp_1");
+    EXPECT_TRUE(module->scenario.joint_life);
+    EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(ScreenTest, EnterIsNextAfterANoteAndNoOtherScreenWakesOnTheWay) {
+    go_to_length();
+    click("optlength_2");
+    QStringList woken;
+    connect(qApp, &QApplication::focusChanged, window.get(), [&](QWidget*, const QWidget* now) {
+        for (; now != nullptr; now = now->parentWidget()) {
+            woken << now->objectName();
+        }
+    });
+    click("Cmdnext");
+    ASSERT_EQ(screen_name(), u"frmdrate"_s);
+    click("cmdprev");
+    ASSERT_EQ(screen_name(), u"frmdist3"_s);
+    EXPECT_FALSE(woken.contains(u"frmdist2"_s));
+    click("Cmdnext");
+    click("picnote");
+    press(Qt::Key_Return);
+    EXPECT_EQ(screen_name(), u"frmdrate"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(take_messages(), std::vector<std::string>{"Select one or more annual rate of return."});
+}
+
+TEST_F(ScreenTest, AllStandsForTheFourRates) {
+    go_to_method();
+    click("optmethod_0");
+    click("Cmdnext");
+    EXPECT_EQ(text_of("lblstep"), u"Step 3 of 3"_s);
+    const auto ticks = [&] {
+        std::string all;
+        for (const char* box : {"chkrate_0", "chkrate_1", "chkrate_2", "chkrate_3", "chkrate_4"}) {
+            all += find<QAbstractButton>(box)->isChecked() ? 'x' : '-';
+        }
+        return all;
+    };
+    for (const auto& [box, expected] : {std::pair{"chkrate_0", "xxxxx"},
+                                        {"chkrate_2", "-x-xx"},
+                                        {"chkrate_2", "-xxxx"},
+                                        {"chkrate_0", "xxxxx"},
+                                        {"chkrate_0", "-----"}}) {
+        click(box);
+        EXPECT_EQ(ticks(), expected) << box;
+    }
+}
+
+// Typing goes on while the message comes up.
+TEST(Message, TakesNoKeyInItsFirstHalfSecond) {
+    MessageDialog message(MessageDialog::Kind::message, u"Not so fast."_s, nullptr);
+    message.show();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space}) {
+        QTest::keyClick(&message, key);
+        EXPECT_TRUE(message.isVisible()) << key;
+    }
+    QTest::keyClick(&message, Qt::Key_O, Qt::AltModifier);
+    EXPECT_TRUE(message.isVisible());
+    QTest::qWait(600);
+    QTest::keyClick(&message, Qt::Key_Return);
+    EXPECT_FALSE(message.isVisible());
 }
 
 TEST_F(ScreenTest, TitleLabelLeavesTheTitleOpenUnderTheMenu) {
@@ -188,6 +311,7 @@ TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
             click("optmethod_3");
         } else {
             click("optmethod_2");
+            press(Qt::Key_Backtab);
             press(Qt::Key_Down);
         }
         EXPECT_EQ(screen_name(), u"frmderrmsg"_s);
@@ -195,6 +319,7 @@ TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
         EXPECT_EQ(screen_name(), u"frmdist2"_s);
     }
     EXPECT_FALSE(find<QWidget>("Cmdnext")->isEnabled());
+    EXPECT_TRUE(text_of("lblquiet").contains(u"rollover"_s));
     EXPECT_FALSE(find<QWidget>("chkperiod_0")->isEnabled());
     click("optmethod_1");
     EXPECT_TRUE(find<QWidget>("Cmdnext")->isEnabled());

@@ -1,0 +1,23 @@
+// Boxes to type into. What is in a box that gets the focus is selected, so that typing replaces it and
+// nothing is appended to a formatted figure; only a click sets the cursor.
+#pragma once
+
+#include <QLineEdit>
+
+namespace kelvar {
+
+// True when getting the focus for this reason selects. A click does not, nor does the return of the
+// window or the closing of a list, which leave a box as it was.
+bool selects_text(Qt::FocusReason reason);
+
+// Selects what a box, or a list that can be typed into, holds; nothing for other controls.
+void select_text(QWidget* box);
+
+class EntryBox : public QLineEdit {
+    Q_OBJECT
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+};
+
+}  // namespace kelvar
