@@ -11,8 +11,8 @@ bool selects_text(Qt::FocusReason reason) {
 }
 
 void select_text(QWidget* box) {
-    if (auto* edit = qobject_cast<QLineEdit*>(box)) {
-        edit->selectAll();
+    if (auto* edit = qobject_cast<EntryBox*>(box)) {
+        edit->select_content();
     } else if (auto* list = qobject_cast<QComboBox*>(box); list != nullptr && list->isEditable()) {
         list->lineEdit()->selectAll();
     }
@@ -21,7 +21,7 @@ void select_text(QWidget* box) {
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (selects_text(event->reason())) {
-        selectAll();
+        select_content();
     }
 }
 

@@ -16,6 +16,9 @@ void select_text(QWidget* box);
 class EntryBox : public QLineEdit {
     Q_OBJECT
 
+public:
+    virtual void select_content() { selectAll(); }
+
 protected:
     void focusInEvent(QFocusEvent* event) override;
 };

@@ -42,10 +42,11 @@ void MaskedDateEdit::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void MaskedDateEdit::focusInEvent(QFocusEvent* event) {
-    EntryBox::focusInEvent(event);
+void MaskedDateEdit::select_content() {
     if (is_empty()) {
         setCursorPosition(0);
+    } else {
+        selectAll();
     }
 }
 

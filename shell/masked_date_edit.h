@@ -15,11 +15,12 @@ public:
     QString mask_text() const { return displayText(); }
     bool is_empty() const;
 
+    void select_content() override;  // an empty mask has only a place to begin
+
 protected:
     // A separator typed after a single digit fills up the part: 6/ becomes 06/. Pasting takes a whole
     // date and nothing else.
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:

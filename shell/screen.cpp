@@ -23,6 +23,17 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
+namespace {
+
+// Leaves it to the screen to keep the focus in view: the toolkit takes the current row of a table for
+// the place of the focus, also when it is out of the table's own sight.
+class ContentView : public QScrollArea {
+protected:
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+};
+
+}  // namespace
+
 Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     : module(module1), scenario(module1.scenario) {
     setObjectName(QString::fromLatin1(name));
@@ -37,7 +48,7 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     const int side = theme::side_margin();
     content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
     content_->setSpacing(2 * theme::grid);
-    scroll_ = new QScrollArea;
+    scroll_ = new ContentView;
     scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(page);
@@ -375,9 +386,13 @@ bool Screen::choose_by_click(QWidget* clicked, const QEvent& event) {
 }
 
 void Screen::keep_in_view(QWidget* focus) {
-    if (focus != nullptr && scroll_->widget()->isAncestorOf(focus)) {
-        scroll_->ensureWidgetVisible(focus, theme::grid, theme::grid);
+    if (focus == nullptr || !scroll_->widget()->isAncestorOf(focus)) {
+        return;
     }
+    // Its beginning, where it is higher than the view.
+    const QRect place(focus->mapTo(scroll_->widget(), QPoint()), focus->size());
+    scroll_->ensureVisible(place.right(), place.bottom(), theme::grid, theme::grid);
+    scroll_->ensureVisible(place.left(), place.top(), theme::grid, theme::grid);
 }
 
 // Tables and charts mark the focus themselves.

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QPalette>
+#include <QScreen>
 #include <QSvgRenderer>
 #include <algorithm>
 
@@ -164,7 +165,10 @@ void apply(QApplication& application) {
 }
 
 bool large_text() {
-    return QApplication::font().pointSizeF() > 16.0;
+    constexpr double usual_up_to = 16.0;  // points
+    constexpr int narrowest_usual = 860;  // pixels, for a screen of the standard size
+    return QApplication::font().pointSizeF() > usual_up_to ||
+           QGuiApplication::primaryScreen()->availableGeometry().width() < narrowest_usual;
 }
 
 int side_margin() {

@@ -15,8 +15,8 @@ inline constexpr int grid = 8;  // all distances are multiples of this, in devic
 // Sets style, palette, fonts and style sheet. Called once, before the first window.
 void apply(QApplication& application);
 
-// True when the desktop's font is so large that what otherwise stands side by side goes below each
-// other, so that nothing needs sideways scrolling.
+// True when the desktop's font is so large, or its display so narrow, that what otherwise stands side
+// by side goes below each other, so that nothing needs sideways scrolling.
 bool large_text();
 // Margin left and right of the content, indentation below an option; narrower for large text.
 int side_margin();
