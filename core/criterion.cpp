@@ -1,9 +1,10 @@
 #include "core/criterion.h"
 
-#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <stdexcept>
+
+#include "core/names.h"
 
 namespace kelvar {
 
@@ -21,8 +22,7 @@ public:
     std::string name() {
         skip_blanks();
         std::size_t length = 0;
-        while (length < rest_.size() &&
-               (std::isalpha(static_cast<unsigned char>(rest_[length])) != 0 || rest_[length] == '_')) {
+        while (length < rest_.size() && (is_letter(rest_[length]) || rest_[length] == '_')) {
             ++length;
         }
         if (length == 0) {
@@ -68,19 +68,13 @@ private:
     std::string_view rest_;
 };
 
-bool is_and(std::string_view word) {
-    return word.size() == 3 && std::tolower(static_cast<unsigned char>(word[0])) == 'a' &&
-           std::tolower(static_cast<unsigned char>(word[1])) == 'n' &&
-           std::tolower(static_cast<unsigned char>(word[2])) == 'd';
-}
-
 }  // namespace
 
 std::vector<Condition> parse_criterion(std::string_view text) {
     Reader reader{text};
     std::vector<Condition> conditions;
     do {
-        if (!conditions.empty() && !is_and(reader.name())) {
+        if (!conditions.empty() && !same_name(reader.name(), "and")) {
             reader.fail();
         }
         Condition condition;

@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <ctime>
 #include <stdexcept>
+
+#include "core/names.h"
 
 namespace kelvar {
 
@@ -65,12 +66,8 @@ std::string_view month_name(int month) {
 }
 
 int month_number(std::string_view name) {
-    const auto same_letter = [](unsigned char a, unsigned char b) {
-        return std::tolower(a) == std::tolower(b);
-    };
-    const auto found = std::ranges::find_if(month_names, [&](std::string_view candidate) {
-        return std::ranges::equal(candidate, name, same_letter);
-    });
+    const auto found = std::ranges::find_if(
+        month_names, [&](std::string_view candidate) { return same_name(candidate, name); });
     return found == month_names.end() ? 0 : static_cast<int>(found - month_names.begin()) + 1;
 }
 

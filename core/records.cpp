@@ -7,10 +7,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 #include "core/criterion.h"
+#include "core/names.h"
 #include "core/numbers.h"
 
 namespace kelvar {
@@ -18,11 +18,6 @@ namespace kelvar {
 namespace {
 
 constexpr int busy_timeout_ms = 5000;
-
-bool same_name(std::string_view a, std::string_view b) {
-    return std::ranges::equal(
-        a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
 
 FieldValue read_column(const SQLite::Column& column) {
     switch (column.getType()) {
