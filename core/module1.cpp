@@ -4,6 +4,7 @@
 
 #include "core/life_limit.h"
 #include "core/numbers.h"
+#include "core/reference_data.h"
 
 namespace kelvar {
 
@@ -22,7 +23,9 @@ Module1::Module1(Screens& screens_of_program, std::filesystem::path program_fold
 
 void Module1::open_database() {
     scenario.help_file = program_file("vestoraq.hlp").string();
-    database_ = std::make_unique<Database>(program_file(database_name));
+    auto database = std::make_unique<Database>(program_file(database_name));
+    check_reference_data(*database);
+    database_ = std::move(database);
     scenario.fee_amount = yearly_fee;
     scenario.over_72_flag = 0;
 }

@@ -26,7 +26,8 @@ public:
     // Full path of a file that lies beside the program.
     std::filesystem::path program_file(std::string_view name) const { return program_folder_ / name; }
 
-    // Opens the database, names the help file, sets the yearly fee. Throws DatabaseError.
+    // Opens the database, names the help file, sets the yearly fee. Throws DatabaseError, also when the
+    // reference tables hold what nothing may be computed from (see core/reference_data.h).
     void open_database();
     static constexpr const char* database_name = "vestoraq.mdb";
     // The open database; throws DatabaseError before open_database.

@@ -119,6 +119,8 @@ public:
     Database(Database&&) = delete;
     Database& operator=(Database&&) = delete;
 
+    const std::filesystem::path& file() const { return file_; }
+
     Recordset& lifexp() { return *lifexp_; }
     Recordset& joinlife() { return *joinlife_; }
     Recordset& rate() { return *rate_; }

@@ -5,8 +5,14 @@
 
 namespace kelvar {
 
+namespace {
+
+constexpr double largest_bounded = 1e300;  // beyond it the reckoning below leaves the doubles
+
+}  // namespace
+
 double y_max(double largest) {
-    const double value = std::max(largest, 0.0);
+    const double value = largest > 0.0 ? std::min(largest, largest_bounded) : 0.0;
     double power = 10.0;  // 10 to the number of digits before the point
     while (power <= std::floor(value)) {
         power *= 10.0;

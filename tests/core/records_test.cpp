@@ -11,6 +11,7 @@
 #include "core/criterion.h"
 #include "core/dates.h"
 #include "core/names.h"
+#include "core/reference_data.h"
 #include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
 
@@ -257,6 +258,7 @@ TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
     struct Case {
         std::string name;
         std::function<void(const Path&)> spoil;
+        std::string place{};
     };
     const auto with_sql = [](const std::string& sql) {
         return [sql](const Path& file) { run_sql(file, sql); };
@@ -293,19 +295,93 @@ TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
     for (const std::string table : {"lifexp", "joinlife", "rate", "schedule", "distrib"}) {
         cases.push_back({"no table " + table, with_sql("DROP TABLE " + table)});
     }
+    // The constraints of the shipped tables keep most of these out; another program's need not.
+    const auto refilled = [&](const std::string& table, const std::string& select) {
+        return with_sql("ALTER TABLE " + table + " RENAME TO old; CREATE TABLE " + table + " AS " +
+                        select);
+    };
+    const auto rates = [&](const std::string& change) {
+        return with_sql(
+            "ALTER TABLE rate RENAME TO old;"
+            "CREATE TABLE rate AS SELECT * FROM old ORDER BY rateid;" +
+            change);
+    };
+    const auto lifexp = [&](const std::string& multiple) {
+        return refilled("lifexp",
+                        "SELECT age, iif(age = 118, " + multiple + ", multiple) AS multiple FROM old");
+    };
+    const std::string too_long(61, 'x');
+    for (const Case& c : std::initializer_list<Case>{
+             {"three rates", rates("DELETE FROM rate WHERE rateid = 2"),
+              "table rate must hold 4 rows, not 3"},
+             {"five rates", rates("INSERT INTO rate VALUES (5, 9, 'x')"),
+              "table rate must hold 4 rows, not 5"},
+             {"rates in another order", rates("UPDATE rate SET rateid = 5 - rateid"),
+              "table rate, row 1: rateid"},
+             {"a rate twice", rates("UPDATE rate SET rateid = 2 WHERE rateid = 3"),
+              "table rate, row 3: rateid"},
+             {"a rate as a text", rates("UPDATE rate SET rate = '5,5' WHERE rateid = 2"),
+              "table rate, row 2: rate "},
+             {"no rate", rates("UPDATE rate SET rate = NULL WHERE rateid = 2"),
+              "table rate, row 2: rate "},
+             {"all is lost", rates("UPDATE rate SET rate = -100 WHERE rateid = 4"),
+              "table rate, row 4: rate "},
+             {"more than doubled", rates("UPDATE rate SET rate = 100.01 WHERE rateid = 1"),
+              "table rate, row 1: rate "},
+             {"an infinite rate", rates("UPDATE rate SET rate = 9e999 WHERE rateid = 1"),
+              "table rate, row 1: rate "},
+             {"an empty mark", rates("UPDATE rate SET ratemark = '' WHERE rateid = 3"),
+              "table rate, row 3: ratemark"},
+             {"no mark", rates("UPDATE rate SET ratemark = NULL WHERE rateid = 3"),
+              "table rate, row 3: ratemark"},
+             {"a long mark", rates("UPDATE rate SET ratemark = '" + too_long + "' WHERE rateid = 3"),
+              "table rate, row 3: ratemark"},
+             {"a mark of two lines", rates("UPDATE rate SET ratemark = 'a' || char(10) || 'b'"),
+              "table rate, row 1: ratemark"},
+             {"half an age", refilled("lifexp", "SELECT age + 0.5 AS age, multiple FROM old"),
+              "table lifexp, row 1: age"},
+             {"an age as a text", refilled("lifexp", "SELECT age || '' AS age, multiple FROM old"),
+              "table lifexp, row 1: age"},
+             {"an age beyond counting",
+              refilled("lifexp", "SELECT age << 40 AS age, multiple FROM old"),
+              "table lifexp, row 1: age"},
+             {"an age twice", refilled("lifexp", "SELECT min(age, 118) AS age, multiple FROM old"),
+              "table lifexp, row 2: age 118"},
+             {"a divisor of 0", lifexp("0"), "table lifexp, row 3: multiple"},
+             {"a negative divisor", lifexp("-2.5"), "table lifexp, row 3: multiple"},
+             {"a divisor that wraps around", lifexp("200"), "table lifexp, row 3: multiple"},
+             {"an infinite divisor", lifexp("9e999"), "table lifexp, row 3: multiple"},
+             {"a divisor as a text", lifexp("'2.5'"), "table lifexp, row 3: multiple"},
+             {"half a spouse", with_sql("UPDATE joinlife SET BeneAge = 35.5 WHERE rowid = 7"),
+              "table joinlife, row 7: BeneAge"},
+             {"a pair twice", refilled("joinlife", "SELECT * FROM old UNION ALL SELECT * FROM old"),
+              "table joinlife, row 2344: ages "},
+             {"a joint divisor of 0", with_sql("UPDATE joinlife SET LifeAge = 0 WHERE rowid = 2343"),
+              "table joinlife, row 2343: LifeAge"}}) {
+        cases.push_back(c);
+    }
     for (const Case& c : cases) {
         const TemporaryProgramFolder folder;
         c.spoil(folder.database());
         const bool there = std::filesystem::exists(folder.database());
         try {
-            const Database opened(folder.database());
+            Database opened(folder.database());
+            check_reference_data(opened);
             ADD_FAILURE() << c.name << ": opened";
         } catch (const DatabaseError& error) {
-            EXPECT_NE(std::string{error.what()}.find(folder.database().string()), std::string::npos)
-                << c.name << ": " << error.what();
+            const std::string what = error.what();
+            EXPECT_TRUE(what.starts_with(folder.database().string() + ": " + c.place))
+                << c.name << ": " << what;
         }
         EXPECT_EQ(std::filesystem::exists(folder.database()), there) << c.name;
     }
+    const TemporaryProgramFolder folder;
+    run_sql(
+        folder.database(),
+        "UPDATE rate SET rate = 100, ratemark = replace(hex(zeroblob(30)), '0', 'é') WHERE rateid = 4;"
+        "UPDATE rate SET rate = -99.99 WHERE rateid = 1; UPDATE lifexp SET multiple = 199.9");
+    Database at_the_bounds(folder.database());
+    EXPECT_NO_THROW(check_reference_data(at_the_bounds));
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "engine/axis.h"
 #include "engine/duration.h"
 #include "engine/schedule.h"
@@ -34,6 +37,11 @@ TEST(Axis, RoundsUpToTheNextTwoDigits) {
         {100000, 110000},    {0.0, 1},         {-5.0, 1},        {9.99e12, 1e13}};
     for (const auto& [largest, bound] : cases) {
         EXPECT_EQ(y_max(largest), bound) << largest;
+    }
+    EXPECT_EQ(y_max(std::nan("")), 1.0);
+    for (const double huge : {HUGE_VAL, std::numeric_limits<double>::max()}) {
+        EXPECT_GE(y_max(huge), 1e300);
+        EXPECT_TRUE(std::isfinite(y_max(huge)));
     }
 }
 

@@ -110,7 +110,7 @@ TEST_F(PartialLumpSum, IsRefusedForTheFirstFaultOnly) {
 }
 
 TEST_F(PartialLumpSum, BelowSeventyTheUserDecides) {
-    run_sql(folder.database(), "UPDATE lifexp SET multiple = 0");
+    run_sql(folder.database(), "UPDATE lifexp SET multiple = 0.5");
     module1.open_database();
     const std::string question =
         "Your selection will result in distribution payments beyond your life expectancy. Do you wish "
@@ -122,11 +122,14 @@ TEST_F(PartialLumpSum, BelowSeventyTheUserDecides) {
         Told expected;
     };
     // The payments commence together with the first one, which is refused where nobody is asked.
-    for (const Case& c : {Case{"69, stays", 1957y / 6 / 15, true, false, accepted},
-                          Case{"69, enters again", 1957y / 6 / 15, true, true, {"", "cmbscnyear"}},
-                          Case{"70", 1956y / 6 / 15, false, false, beyond},
+    // Their age is that of July, a birthday later than at the first payment.
+    for (const Case& c : {Case{"69, stays", 1958y / 6 / 15, true, false, accepted},
+                          Case{"69, enters again", 1958y / 6 / 15, true, true, {"", "cmbscnyear"}},
+                          Case{"70", 1957y / 6 / 15, false, false, beyond},
                           Case{"not beyond", 1957y / 8 / 15, false, false, too_early}}) {
-        enter(c.birth, 9, 2026);
+        enter(c.birth, 3, 2027);
+        scenario.first_pay_month = 3;
+        scenario.first_pay_year = 2027;
         screens.next_answer = c.enter_again;
         screens.questions.clear();
         EXPECT_EQ(told(check_partial(module1, "50,000.00")), c.expected) << c.name;

@@ -371,6 +371,7 @@ TEST(StartUp, FailureNamesTheFileAndExitsWith1) {
          }},
         {"without a table", sql("DROP TABLE joinlife")},
         {"without its heading row", sql("DELETE FROM distrib")},
+        {"with a rate as a text", sql("UPDATE rate SET rate = '5,5' WHERE rateid = 1")},
     };
     for (const Case& c : cases) {
         const TemporaryProgramFolder folder;

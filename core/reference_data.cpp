@@ -1,0 +1,130 @@
+#include "core/reference_data.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <set>
+
+namespace kelvar {
+
+namespace {
+
+constexpr std::size_t rates = 4;
+constexpr double rate_above = -100.0;
+constexpr double rate_at_most = 100.0;
+constexpr std::ptrdiff_t longest_mark = 60;
+constexpr double oldest = 200.0;
+constexpr double divisor_below = 200.0;
+
+// One table with the place of what is wrong in it.
+class Table {
+public:
+    Table(const std::filesystem::path& file, const char* name, const Recordset& rows)
+        : file_(file), name_(name), rows_(rows) {}
+
+    std::size_t size() const { return rows_.RecordCount(); }
+
+    const FieldValue& value(std::size_t row, const char* field) const {
+        return rows_.cell(row, rows_.column(field));
+    }
+
+    std::optional<double> number(std::size_t row, const char* field) const {
+        const FieldValue& stored = value(row, field);
+        const bool is_number =
+            std::holds_alternative<std::int64_t>(stored) || std::holds_alternative<double>(stored);
+        return is_number ? std::optional{as_number(stored)} : std::nullopt;
+    }
+
+    int age(std::size_t row, const char* field) const {
+        const auto age = number(row, field);
+        if (!age || !(*age >= 0.0 && *age <= oldest) || *age != std::floor(*age)) {
+            refuse(row, fmt::format("{} must be a whole number from 0 to {}", field, oldest));
+        }
+        return static_cast<int>(*age);
+    }
+
+    void check_divisor(std::size_t row, const char* field) const {
+        const auto divisor = number(row, field);
+        if (!divisor || !(*divisor > 0.0 && *divisor < divisor_below)) {
+            refuse(row, fmt::format("{} must be a number above 0 and below {}", field, divisor_below));
+        }
+    }
+
+    [[noreturn]] void refuse(std::size_t row, const std::string& why) const {
+        throw DatabaseError(file_, fmt::format("table {}, row {}: {}", name_, row + 1, why));
+    }
+
+    [[noreturn]] void refuse(const std::string& why) const {
+        throw DatabaseError(file_, fmt::format("table {} {}", name_, why));
+    }
+
+private:
+    const std::filesystem::path& file_;
+    const char* name_;
+    const Recordset& rows_;
+};
+
+bool is_mark(const FieldValue& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    if (text == nullptr) {
+        return false;
+    }
+    const auto is_control = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
+    const auto begins_character = [](unsigned char byte) { return (byte & 0xC0U) != 0x80U; };  // UTF-8
+    const std::ptrdiff_t characters = std::ranges::count_if(*text, begins_character);
+    return characters >= 1 && characters <= longest_mark && std::ranges::none_of(*text, is_control);
+}
+
+void check_rates(const Table& table) {
+    if (table.size() != rates) {
+        table.refuse(fmt::format("must hold {} rows, not {}", rates, table.size()));
+    }
+    for (std::size_t row = 0; row < rates; ++row) {
+        if (table.number(row, "rateid") != static_cast<double>(row + 1)) {
+            table.refuse(row, fmt::format("rateid must be {}", row + 1));
+        }
+        const auto rate = table.number(row, "rate");
+        if (!rate || !(*rate > rate_above && *rate <= rate_at_most)) {
+            table.refuse(row, fmt::format("rate must be a number above {} and at most {}", rate_above,
+                                          rate_at_most));
+        }
+        if (!is_mark(table.value(row, "ratemark"))) {
+            table.refuse(row,
+                         fmt::format("ratemark must be a text of 1 to {} characters", longest_mark));
+        }
+    }
+}
+
+void check_lifexp(const Table& table) {
+    std::set<int> ages;
+    for (std::size_t row = 0; row < table.size(); ++row) {
+        const int age = table.age(row, "age");
+        if (!ages.insert(age).second) {
+            table.refuse(row, fmt::format("age {} stands there twice", age));
+        }
+        table.check_divisor(row, "multiple");
+    }
+}
+
+void check_joinlife(const Table& table) {
+    std::set<std::pair<int, int>> pairs;
+    for (std::size_t row = 0; row < table.size(); ++row) {
+        const std::pair ages{table.age(row, "PartAge"), table.age(row, "BeneAge")};
+        if (!pairs.insert(ages).second) {
+            table.refuse(row, fmt::format("ages {} and {} stand there twice", ages.first, ages.second));
+        }
+        table.check_divisor(row, "LifeAge");
+    }
+}
+
+}  // namespace
+
+void check_reference_data(Database& database) {
+    check_rates({database.file(), "rate", database.rate()});
+    check_lifexp({database.file(), "lifexp", database.lifexp()});
+    check_joinlife({database.file(), "joinlife", database.joinlife()});
+}
+
+}  // namespace kelvar
