@@ -27,7 +27,6 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
 
 void frmlump::load() {
     lblsub->setText(u"(Lump Sum Payment)"_s);
-    const Date today = module.today();
     first_payment_ = first_payment(today, scenario.first_pay_month, scenario.first_pay_year);
     days_ = days_between(today, first_payment_.date);
     lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
@@ -64,14 +63,14 @@ void frmlump::get_value() {
 void frmlump::get_chart() {
     BarData bars;
     BarSet at_payment{.name = u"Total Pay Back (including  interest)"_s, .values = {}};
-    BarSet today{.name = u"Current Account Balance"_s, .values = {}};
+    BarSet present{.name = u"Current Account Balance"_s, .values = {}};
     for (const double rate : scenario.selected_rates) {
         bars.labels << to_qt(number_text(rate)) + u"%"_s;
         at_payment.values.push_back(start_value_at(rate));
-        today.values.push_back(scenario.present_value);
+        present.values.push_back(scenario.present_value);
     }
     const double last = at_payment.values.empty() ? 0.0 : at_payment.values.back();
-    bars.sets = {at_payment, today};
+    bars.sets = {at_payment, present};
     bars.upper = y_max(last);
     grphlump->show_bars(bars);
 }

@@ -27,7 +27,6 @@ frmparti::frmparti(Module1& module1)
 void frmparti::load() {
     lblsub->setText(u"(Partial Lump Sum = Lump Sum Payment + Remaining Paid "_s +
                     to_qt(module.frequency_name()) + u")"_s);
-    const Date today = module.today();
     first_payment_ = first_payment(today, scenario.first_pay_month, scenario.first_pay_year);
     second_payment_date_ = first_payment(today, scenario.scenario_month, scenario.scenario_year).date;
     lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
@@ -39,8 +38,8 @@ void frmparti::load() {
 
 PaymentTerms frmparti::payment_terms() {
     const double fee = scenario.fee_amount;
-    scenario.start_value = value_at_first_payment(scenario.present_value, selected_rate, fee,
-                                                  module.today(), first_payment_);
+    scenario.start_value =
+        value_at_first_payment(scenario.present_value, selected_rate, fee, today, first_payment_);
     // The fee is taken here even when the growth does not cover it.
     scenario.second_value =
         grown_less_fee(scenario.start_value - scenario.partial_amount, selected_rate,

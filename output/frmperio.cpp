@@ -23,7 +23,7 @@ frmperio::frmperio(Module1& module1)
 
 void frmperio::load() {
     lblsub->setText(u"(Periodic Payments - "_s + to_qt(module.frequency_name()) + u")"_s);
-    first_payment_ = first_payment(module.today(), scenario.first_pay_month, scenario.first_pay_year);
+    first_payment_ = first_payment(today, scenario.first_pay_month, scenario.first_pay_year);
     lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
     show_money(lblcurvalue, scenario.present_value);
     ScheduleScreen::load();
@@ -31,8 +31,8 @@ void frmperio::load() {
 
 PaymentTerms frmperio::payment_terms() {
     const double fee = scenario.fee_amount;
-    scenario.start_value = value_at_first_payment(scenario.present_value, selected_rate, fee,
-                                                  module.today(), first_payment_);
+    scenario.start_value =
+        value_at_first_payment(scenario.present_value, selected_rate, fee, today, first_payment_);
     return {.start_value = scenario.start_value,
             .first_payment_date = first_payment_.date,
             .frequency = scenario.frequency,

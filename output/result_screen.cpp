@@ -19,6 +19,7 @@ namespace kelvar {
 
 ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
+      today(module1.today()),
       id_(id) {
     content()->setSpacing(theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");

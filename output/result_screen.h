@@ -44,6 +44,9 @@ protected:
     // The disclaimer, after the first successful computation.
     void show_note();
 
+    // One visit has one today, also across midnight: the first payment and its value at every rate
+    // belong together.
+    const Date today;
     QLabel* lblsub = nullptr;
     QComboBox* cmbrate = nullptr;
     PrintButtons* print_buttons = nullptr;  // disabled while there is nothing to print

@@ -40,6 +40,7 @@ TEST_F(LumpSum, AllFourRates) {
                                                   {u"8%"_s, u"$260,148.11"_s}};
     auto* chart = find<BarChart>("grphlump");
     chart->setFocus();
+    today = Date{std::chrono::year{2020} / 1 / 16};  // the visit began the day before
     for (const auto& [rate, value] : values) {
         choose("cmbrate", rate);
         EXPECT_EQ(text_of("lblstartvalue"), value);
@@ -88,6 +89,7 @@ public:
     void go_to_result() {
         click("Cmdnext");
         find<QCheckBox>("chkrate_1")->setChecked(true);
+        find<QCheckBox>("chkrate_4")->setChecked(true);
         click("Cmdnext");
         ASSERT_EQ(screen_name(), u"frmparti"_s);
     }
@@ -117,6 +119,13 @@ TEST_F(Partial, LifeExpectancyAfterAnAmount) {
     EXPECT_EQ(text_of("lblscndvalue"), u"$218,993.40"_s);
     expect_sound_result(40000.0);
     EXPECT_EQ(module->database().distrib().text("dsubtitle"), "Lump Sum  + Remaining Paid Monthly");
+    const auto rows = grid_rows();
+    today = Date{std::chrono::year{2020} / 1 / 16};  // the visit began the day before
+    choose("cmbrate", u" 8%"_s);
+    EXPECT_NE(grid_rows(), rows);
+    choose("cmbrate", u" 5%"_s);
+    EXPECT_EQ(grid_rows(), rows);
+    expect_sound_result(40000.0);
     EXPECT_EQ(notes_shown, QStringList{u"frmclaim"_s});
 }
 

@@ -86,6 +86,13 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     expect_sound_schedule();
     EXPECT_EQ(module->database().distrib().text("rate"), " 8%");
     EXPECT_EQ(module->database().distrib().text("totalvalue"), text_of("lbltotalvalue").toStdString());
+
+    // Midnight passes, and even the month: this visit goes on with the day on which it began.
+    today = Date{std::chrono::year{2020} / 2 / 1};
+    choose("cmbrate", u" 5%"_s);
+    EXPECT_EQ(grid_rows(), rows);
+    EXPECT_EQ(money(text_of("lblstartvalue")), at_5);
+    expect_sound_schedule();
     EXPECT_TRUE(take_messages().empty());
 }
 
