@@ -115,7 +115,7 @@ Recordset::Recordset(Database& database, std::string table, std::vector<std::str
 Recordset::~Recordset() = default;
 
 void Recordset::load() {
-    rows_.clear();
+    std::deque<Row> rows;
     database_.guarded([&] {
         SQLite::Statement select(*database_.connection_,
                                  fmt::format("SELECT rowid, [{}] FROM {} ORDER BY rowid",
@@ -127,9 +127,14 @@ void Recordset::load() {
             for (int i = 1; i <= static_cast<int>(fields_.size()); ++i) {
                 row.fields.push_back(read_column(select.getColumn(i)));
             }
-            rows_.push_back(std::move(row));
+            rows.push_back(std::move(row));
         }
     });
+    take_rows(std::move(rows));
+}
+
+void Recordset::take_rows(std::deque<Row> rows) {
+    rows_ = std::move(rows);
     edited_.reset();
     current_deleted_ = false;
     position_ = 0;
@@ -220,14 +225,18 @@ void Recordset::Update() {
         throw DatabaseError(database_.file_, fmt::format("{}: Update without AddNew or Edit", table_));
     }
     Row row = *std::exchange(edited_, std::nullopt);
-    database_.guarded([&] {
+    const int written = database_.guarded([&] {
         SQLite::Statement& statement = row.id == 0 ? *insert_ : *update_;
         bind_all(statement, row.fields);
         if (row.id != 0) {
             statement.bind(static_cast<int>(fields_.size()) + 1, row.id);
         }
-        statement.exec();
+        return statement.exec();
     });
+    if (written != 1) {
+        throw DatabaseError(database_.file_,
+                            fmt::format("{}: {} rows were written instead of one", table_, written));
+    }
     if (row.id != 0) {
         rows_[static_cast<std::size_t>(edited_at_)] = std::move(row);
         return;
@@ -249,6 +258,12 @@ void Recordset::Delete() {
     });
     rows_.erase(rows_.begin() + position_);
     current_deleted_ = true;
+}
+
+void Recordset::DeleteAll() {
+    require_table();
+    database_.guarded([&] { database_.connection_->exec("DELETE FROM " + table_); });
+    take_rows({});
 }
 
 std::size_t Recordset::column(std::string_view field) const {
@@ -283,6 +298,7 @@ Database::Database(const std::filesystem::path& file) : file_(file) {
                                                   busy_timeout_ms);
     });
     guarded([&] { connection_->exec("PRAGMA synchronous = FULL"); });
+    known_version_ = data_version();
     using enum Recordset::Type;
     lifexp_ = open_recordset("lifexp", {"age", "multiple"}, snapshot);
     joinlife_ = open_recordset("joinlife", {"PartAge", "BeneAge", "LifeAge"}, snapshot);
@@ -295,10 +311,7 @@ Database::Database(const std::filesystem::path& file) : file_(file) {
         {"dtitle", "dsubtitle", "curvalue", "startvalue", "frstdate", "scnddate", "scndvalue",
          "partial", "payments", "fixamount", "paylength", "totalvalue", "rate", "fee"},
         table);
-    if (distrib_->RecordCount() != 1) {
-        throw DatabaseError(
-            file_, fmt::format("table distrib must hold one row, not {}", distrib_->RecordCount()));
-    }
+    require_heading_row();
     require_writable();
 }
 
@@ -307,6 +320,13 @@ Database::~Database() = default;
 std::unique_ptr<Recordset> Database::open_recordset(const char* table, std::vector<std::string> fields,
                                                     Recordset::Type type) {
     return std::unique_ptr<Recordset>(new Recordset(*this, table, std::move(fields), type));
+}
+
+void Database::require_heading_row() const {
+    if (distrib_->RecordCount() != 1) {
+        throw DatabaseError(
+            file_, fmt::format("table distrib must hold one row, not {}", distrib_->RecordCount()));
+    }
 }
 
 // Found out at start-up rather than after the participant has entered everything. An administrator
@@ -325,18 +345,56 @@ void Database::require_writable() {
     const Transaction not_locked_by_others(*this);
 }
 
+std::int64_t Database::data_version() const {
+    return guarded([&] { return connection_->execAndGet("PRAGMA data_version").getInt64(); });
+}
+
+bool Database::changed_by_others() const {
+    return data_version() != known_version_;
+}
+
 Database::Transaction::Transaction(Database& database) : database_(database) {
     database_.guarded([&] { database_.connection_->exec("BEGIN IMMEDIATE"); });
+    try {
+        read_what_others_wrote();
+    } catch (const std::exception&) {
+        roll_back();
+        throw;
+    }
 }
 
 Database::Transaction::~Transaction() {
-    if (!open_) {
+    if (open_) {
+        roll_back();
+    }
+}
+
+void Database::Transaction::read_what_others_wrote() {
+    const std::int64_t version = database_.data_version();
+    if (version == database_.known_version_) {
         return;
     }
+    Recordset& schedule = *database_.schedule_;
+    Recordset& distrib = *database_.distrib_;
+    before_ = Before{database_.known_version_, schedule.rows_, distrib.rows_};
+    database_.known_version_ = version;
+    schedule.load();
+    distrib.load();
+    database_.require_heading_row();
+}
+
+void Database::Transaction::roll_back() {
     try {
         // The engine has already rolled back after some errors, such as a full disk.
         if (sqlite3_get_autocommit(database_.connection_->getHandle()) == 0) {
             database_.connection_->exec("ROLLBACK");
+        }
+        if (before_) {
+            // What is on the screen is still what was read or written here.
+            database_.schedule_->take_rows(std::move(before_->schedule));
+            database_.distrib_->take_rows(std::move(before_->distrib));
+            database_.known_version_ = before_->version;
+            return;
         }
         database_.schedule_->load();
         database_.distrib_->load();

@@ -65,14 +65,16 @@ public:
     std::string text(std::string_view field) const;
 
     // Changes of a table. AddNew or Edit starts one, set fills in fields, Update writes it to the row
-    // it was started on; until then the row is unchanged. After Update of a new row the current row is
-    // that row. Delete drops an unfinished change; the current row is gone then, and MoveNext goes on
-    // to the one behind it.
+    // it was started on, and throws when it is no longer there; until then the row is unchanged. After
+    // Update of a new row the current row is that row. Delete drops an unfinished change; the current
+    // row is gone then, and MoveNext goes on to the one behind it.
     void AddNew();
     void Edit();
     void set(std::string_view field, FieldValue value);
     void Update();
     void Delete();
+    // Drops all rows, also those that somebody else has added to the table since it was read.
+    void DeleteAll();
 
     // Reading without moving, for views. Rows from 0 to RecordCount() - 1.
     std::size_t column(std::string_view field) const;
@@ -88,6 +90,7 @@ private:
 
     Recordset(Database& database, std::string table, std::vector<std::string> fields, Type type);
     void load();
+    void take_rows(std::deque<Row> rows);
     const Row& current() const;
     void require_table() const;
 
@@ -127,9 +130,13 @@ public:
     Recordset& schedule() { return *schedule_; }
     Recordset& distrib() { return *distrib_; }
 
+    // True when somebody else has written the file since the work tables were read from it.
+    bool changed_by_others() const;
+
     // Makes the changes of its lifetime one: commit keeps them all; leaving without it, also by an
     // exception, restores the rows of file and record sets; both work tables are then on their first
-    // row.
+    // row. When somebody else has written the file, the work tables are read anew at its beginning;
+    // throws when `distrib` does not hold its one row then.
     class Transaction {
     public:
         explicit Transaction(Database& database);
@@ -141,7 +148,18 @@ public:
         void commit();
 
     private:
+        // The work tables before they were read anew.
+        struct Before {
+            std::int64_t version;
+            std::deque<Recordset::Row> schedule;
+            std::deque<Recordset::Row> distrib;
+        };
+
+        void read_what_others_wrote();
+        void roll_back();
+
         Database& database_;
+        std::optional<Before> before_;
         bool open_ = true;
     };
 
@@ -152,10 +170,14 @@ private:
     auto guarded(Action action) const;
     std::unique_ptr<Recordset> open_recordset(const char* table, std::vector<std::string> fields,
                                               Recordset::Type type);
+    void require_heading_row() const;
     void require_writable();
+    // Changes when another connection than this one has written the file.
+    std::int64_t data_version() const;
 
     std::filesystem::path file_;
     std::unique_ptr<SQLite::Database> connection_;
+    std::int64_t known_version_ = 0;
     std::unique_ptr<Recordset> lifexp_;
     std::unique_ptr<Recordset> joinlife_;
     std::unique_ptr<Recordset> rate_;

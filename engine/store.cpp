@@ -6,17 +6,6 @@ namespace kelvar {
 
 namespace {
 
-void clean_table(Recordset& table) {
-    if (table.RecordCount() == 0) {
-        return;
-    }
-    table.MoveFirst();
-    while (!table.Eof()) {
-        table.Delete();
-        table.MoveNext();
-    }
-}
-
 void append(Recordset& table, const PaymentRow& row) {
     table.AddNew();
     table.set("number", std::int64_t{row.number});
@@ -43,7 +32,7 @@ void add_table(Database& database, const Heading& heading) {
 
 void store(Database& database, const PaymentSchedule& schedule, const Heading& heading) {
     Database::Transaction transaction(database);
-    clean_table(database.schedule());
+    database.schedule().DeleteAll();
     for (const PaymentRow& row : schedule.rows) {
         append(database.schedule(), row);
     }

@@ -14,9 +14,9 @@ namespace kelvar {
 // last writer left in them.
 using Heading = std::vector<std::pair<std::string, FieldValue>>;
 
-// Replaces the rows of `schedule` and, unless the heading is empty, rewrites the row of `distrib`, in
-// one transaction: after a failure, or when the program is killed, the old rows and heading are all
-// still there. Throws DatabaseError.
+// Replaces all rows of `schedule`, whoever wrote them, and, unless the heading is empty, rewrites the
+// row of `distrib`, in one transaction: after a failure, or when the program is killed, the old rows
+// and heading are all still there. Throws DatabaseError.
 void store(Database& database, const PaymentSchedule& schedule, const Heading& heading);
 
 // Rewrites the row of `distrib` alone, for a result without a schedule. Throws DatabaseError.

@@ -53,9 +53,11 @@ void frmlump::get_value() {
         uncover();
         print_buttons->setEnabled(true);
         grphlump->choose(cmbrate->currentIndex());
-        Database::Transaction transaction(module.database());
-        add_table(module.database(), heading());
-        transaction.commit();
+        store_result([this, row = heading()] {
+            Database::Transaction transaction(module.database());
+            add_table(module.database(), row);
+            transaction.commit();
+        });
     }
     show_note();
 }

@@ -57,6 +57,7 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
 
 // The summary and then the schedule that suits the scenario, as one job.
 PrintJob ResultScreen::print_job() const {
+    store_again_if_changed();
     std::vector<QString> reports;
     for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
         reports.push_back(
@@ -66,6 +67,17 @@ PrintJob ResultScreen::print_job() const {
             .draw = [reports, printed = module.today()](QPagedPaintDevice& device) {
                 draw_reports(reports, printed, device);
             }};
+}
+
+void ResultScreen::store_result(std::function<void()> store) {
+    store_ = std::move(store);
+    store_();
+}
+
+void ResultScreen::store_again_if_changed() const {
+    if (module.database().changed_by_others()) {
+        store_();
+    }
 }
 
 QFrame* ResultScreen::rate_list() {

@@ -2,6 +2,8 @@
 // print button, the note shown once per visit.
 #pragma once
 
+#include <functional>
+
 #include "output/printing.h"
 #include "shell/screen.h"
 
@@ -41,6 +43,10 @@ protected:
     virtual void get_cover(const QString& reason);
     void uncover();
 
+    // Stores what the screen shows: now, and once more before it is printed when somebody else has
+    // written the file in between.
+    void store_result(std::function<void()> store);
+
     // The disclaimer, after the first successful computation.
     void show_note();
 
@@ -54,10 +60,12 @@ protected:
 private:
     QFrame* rate_list();
     PrintJob print_job() const;
+    void store_again_if_changed() const;
 
     QGridLayout* values_ = nullptr;
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;
+    std::function<void()> store_;
     bool computed_ = false;
     bool note_shown_ = false;
     ScreenId id_;

@@ -106,7 +106,9 @@ PaymentSchedule ScheduleScreen::compute(const PaymentTerms& terms) {
     if (complete) {
         show_schedule(schedule);
     }
-    store(module.database(), schedule, complete ? heading() : Heading{});
+    store_result([this, schedule, row = complete ? heading() : Heading{}] {
+        store(module.database(), schedule, row);
+    });
     rows_->show_rows(0, module.database().schedule().RecordCount());
     grddist->scrollToTop();
     return schedule;

@@ -65,6 +65,37 @@ TEST_F(Store, ReplacesTheRowsAndTheNamedHeadingFields) {
     EXPECT_EQ(heading_in_file(folder.database()), heading) << "no heading given, none written";
 }
 
+TEST_F(Store, WhatOthersWroteMeanwhileIsReplacedAsWell) {
+    store(database, level(5000.0, 5), {{"dtitle", std::string{"ours"}}});
+    EXPECT_FALSE(database.changed_by_others());
+    run_sql(folder.database(),
+            "INSERT INTO schedule SELECT number + 5, 0, 0, 0, 0, Month, Year FROM schedule;"
+            "UPDATE distrib SET dtitle = 'theirs', fee = '$1'");
+    EXPECT_TRUE(database.changed_by_others());
+    EXPECT_EQ(database.schedule().RecordCount(), 5U) << "what is on the screen stays";
+    store(database, level(9000.0, 12), {{"payments", std::int64_t{12}}});
+    EXPECT_FALSE(database.changed_by_others());
+    EXPECT_EQ(file_rows(folder.database()).size(), 12U);
+    EXPECT_EQ(rows_of(database.schedule()).size(), 12U);
+    EXPECT_EQ(sql_rows(folder.database(), "SELECT dtitle, fee, payments FROM distrib"),
+              Rows{"theirs $1 12"})
+        << "fields not named keep what the last writer left in them";
+
+    run_sql(folder.database(), "DELETE FROM schedule; UPDATE distrib SET rowid = 7");
+    store(database, level(5000.0, 5), {{"payments", std::int64_t{5}}});
+    EXPECT_EQ(sql_rows(folder.database(), "SELECT rowid, payments FROM distrib"), Rows{"7 5"});
+
+    const Rows records = rows_of(database.schedule());
+    run_sql(folder.database(), "DELETE FROM schedule WHERE number = 2; DELETE FROM distrib");
+    const Rows theirs = file_rows(folder.database());
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        EXPECT_THROW(store(database, level(9000.0, 12), {}), DatabaseError) << attempt;
+        EXPECT_EQ(file_rows(folder.database()), theirs);
+        EXPECT_EQ(rows_of(database.schedule()), records) << "what is on the screen stays";
+        EXPECT_TRUE(database.changed_by_others());
+    }
+}
+
 TEST_F(Store, AFailureInTheMiddleLeavesTheOldScheduleWhole) {
     struct Case {
         const char* name;
@@ -73,12 +104,15 @@ TEST_F(Store, AFailureInTheMiddleLeavesTheOldScheduleWhole) {
         const char* heading_field;
     };
     const std::string seventh = "BEFORE INSERT ON schedule WHEN NEW.number = 7";
+    const std::string abort = "ABORT, 'refused'";
     const Case cases[] = {
-        {"unknown heading field", "AFTER INSERT ON rate", "ABORT", "no_such_field"},
-        {"the seventh row is refused", seventh, "ABORT", "rate"},
-        {"the engine gives up everything, as on a full disk", seventh, "ROLLBACK", "rate"},
-        {"the heading is refused", "BEFORE UPDATE ON distrib", "ABORT", "rate"},
-        {"an old row stays", "BEFORE DELETE ON schedule WHEN OLD.number = 3", "ABORT", "rate"}};
+        {"unknown heading field", "AFTER INSERT ON rate", abort, "no_such_field"},
+        {"the seventh row is refused", seventh, abort, "rate"},
+        {"the seventh row is left out without a word", seventh, "IGNORE", "rate"},
+        {"the engine gives up everything, as on a full disk", seventh, "ROLLBACK, 'refused'", "rate"},
+        {"the heading is refused", "BEFORE UPDATE ON distrib", abort, "rate"},
+        {"the heading stays without a word", "BEFORE UPDATE ON distrib", "IGNORE", "rate"},
+        {"an old row stays", "BEFORE DELETE ON schedule WHEN OLD.number = 3", abort, "rate"}};
     const Heading heading{{"dtitle", std::string{"old"}}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -87,8 +121,8 @@ TEST_F(Store, AFailureInTheMiddleLeavesTheOldScheduleWhole) {
         const Rows heading_row = heading_in_file(folder.database());
         const Rows records = rows_of(database.schedule());
 
-        run_sql(folder.database(), "CREATE TRIGGER obstacle " + c.event + " BEGIN SELECT RAISE(" +
-                                       c.action + ", 'refused'); END");
+        run_sql(folder.database(),
+                "CREATE TRIGGER obstacle " + c.event + " BEGIN SELECT RAISE(" + c.action + "); END");
         const Heading changed{{"dtitle", std::string{"new"}}, {c.heading_field, std::string{"6%"}}};
         EXPECT_THROW(store(database, level(9000.0, 12), changed), DatabaseError);
         EXPECT_EQ(file_rows(folder.database()), rows);

@@ -12,6 +12,7 @@
 #include "output/bar_chart.h"
 #include "shell/grid.h"
 #include "shell/text.h"
+#include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 
 namespace kelvar::test {
@@ -65,6 +66,17 @@ TEST_F(Printing, PeriodicChartAndReports) {
     const auto rows = work_table_rows();
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 9);  // the summary and 349 rows
+    // Somebody else stores something in between; what the screen shows is printed, and stored again.
+    const auto heading = [this] {
+        return sql_rows(folder.database(), "SELECT dtitle, rate, totalvalue FROM distrib");
+    };
+    run_sql(
+        folder.database(),
+        "DELETE FROM schedule WHERE number > 9; UPDATE distrib SET totalvalue = '$1.00', rate = ''");
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 9);
+    EXPECT_EQ(work_table_rows(), rows);
+    EXPECT_EQ(heading(), std::vector<std::string>{"Periodic Payments - Monthly  5% $578,796.05"});
     click("pichart");
     EXPECT_EQ(screen_name(), u"frmcperi"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Periodic Payments - Monthly (Over Life Expectancy)"_s);
@@ -132,8 +144,11 @@ TEST_F(Printing, LumpSumPrintsOnePage) {
     click("optmethod_0");
     go_to_result();
     ASSERT_EQ(screen_name(), u"frmlump"_s);
+    run_sql(folder.database(), "UPDATE distrib SET totalvalue = NULL");
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(sql_rows(folder.database(), "SELECT totalvalue FROM distrib"),
+              std::vector<std::string>{"$256,285.85"});
 }
 
 TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
