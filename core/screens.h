@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kelvar {
 
@@ -43,6 +44,9 @@ public:
     virtual void hide(ScreenId id) = 0;
     // Destroys the screen; harmless when it was never created. Closing mdifrmd ends the program.
     virtual void close(ScreenId id) = 0;
+
+    // Puts the focus on a control of the screen in front, its text selected.
+    virtual void focus(std::string_view field) = 0;
 
     // Opens the help file at the page of a screen and goes on. Throws std::runtime_error when the file
     // cannot be opened.

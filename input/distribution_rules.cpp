@@ -134,6 +134,15 @@ std::vector<int> scenario_months(const Scenario& scenario, int chosen_year, Date
     return numbers(first, chosen_year == last_year ? last_month_of_deadline : 12);
 }
 
+Check check_commencement(const Scenario& scenario, Date today) {
+    // Offered are only months after the first payment.
+    const std::vector<int> months = scenario_months(scenario, scenario.scenario_year, today);
+    if (std::ranges::find(months, scenario.scenario_month) != months.end()) {
+        return std::nullopt;
+    }
+    return Refusal{invalid_month, "cmbscnyear"};
+}
+
 Check check_periodic(const Scenario& scenario) {
     return scenario.frequency == 0 ? Check{Refusal{no_frequency, "chkperiod_0"}} : std::nullopt;
 }

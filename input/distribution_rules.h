@@ -32,6 +32,10 @@ Check partial_msg(const Scenario& scenario);
 std::vector<int> scenario_years(const Scenario& scenario, Date today);
 std::vector<int> scenario_months(const Scenario& scenario, int chosen_year, Date today);
 
+// The check of the month in which the payments after the amount certain begin, once more before a
+// result is computed: the day can have changed since, and with it the months on offer.
+Check check_commencement(const Scenario& scenario, Date today);
+
 // The checks of Next for periodic payments.
 Check check_periodic(const Scenario& scenario);
 

@@ -116,6 +116,13 @@ void frmdist1::load() {
     }
 }
 
+// The day can have changed, and with it the years on offer and the age.
+void frmdist1::activate() {
+    get_year();
+    get_month();
+    show_age();
+}
+
 bool frmdist1::chk_birth() {
     const BirthCheck check = check_birth(to_utf8(mskbirth->mask_text()), module.today());
     if (check.date) {

@@ -15,6 +15,7 @@ class frmdist1 : public Screen {
 public:
     explicit frmdist1(Module1& module);
     void load() override;
+    void activate() override;
 
 protected:
     void go_next() override { go_dnxt2(); }

@@ -7,6 +7,8 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+#include "input/distribution_rules.h"
+#include "input/participant_rules.h"
 #include "input/rate_rules.h"
 #include "shell/portfolios.h"
 #include "shell/text.h"
@@ -129,6 +131,28 @@ bool frmdrate::chk_rate() {
     return false;
 }
 
+// The day can have changed since the months were chosen.
+bool frmdrate::chk_months() {
+    const Date today = module.today();
+    if (const Check check = check_first_payment(scenario, today)) {
+        lead_back(ScreenId::frmdist1, *check);
+        return false;
+    }
+    const Check check =
+        scenario.method == partial_lump_sum ? check_commencement(scenario, today) : std::nullopt;
+    if (check) {
+        lead_back(ScreenId::frmdist2, *check);
+    }
+    return !check;
+}
+
+void frmdrate::lead_back(ScreenId id, const Refusal& refusal) {
+    module.screens.show(id);
+    module.screens.hide(ScreenId::frmdrate);
+    module.report(refusal.text);
+    module.screens.focus(refusal.field);
+}
+
 void frmdrate::pick_one() {
     RateTicks ticks{};
     std::ranges::transform(chkrate, ticks.begin(),
@@ -170,7 +194,7 @@ bool frmdrate::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmdrate::go_next() {
-    if (chk_rate()) {
+    if (chk_rate() && chk_months()) {
         pick_one();
     }
 }

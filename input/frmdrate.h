@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "input/refusal.h"
 #include "shell/screen.h"
 
 class QCheckBox;
@@ -27,6 +28,8 @@ private:
     void build_portfolios(QBoxLayout* column);
     void rate_ticked(int index);
     bool chk_rate();
+    bool chk_months();
+    void lead_back(ScreenId id, const Refusal& refusal);
     void pick_one();
     void show_portfolio(int index, QPoint position);
 

@@ -30,6 +30,17 @@ std::optional<int> digits(std::string_view text) {
     return value;
 }
 
+// Without a year the month counts as one of the present year.
+bool has_passed(int month, int year, Date today) {
+    const bool past_year = year != 0 && year < year_of(today);
+    const bool past_month = year <= year_of(today) && month < month_of(today);
+    return past_year || past_month;
+}
+
+bool contains(const std::vector<int>& numbers, int number) {
+    return std::ranges::find(numbers, number) != numbers.end();
+}
+
 }  // namespace
 
 std::optional<Date> read_masked_date(std::string_view mask_text) {
@@ -106,10 +117,8 @@ std::vector<int> first_payment_months(bool latest_year) {
 }
 
 Check chk_fields(const ParticipantEntry& entry, Date today) {
-    const bool past_year = entry.year != 0 && entry.year < year_of(today);
-    const bool past_month = entry.year <= year_of(today) && entry.month < month_of(today);
-    if (past_year || past_month) {
-        return Refusal{"Invalid month that you wish to begin payments.", "Cmbfrstmonth"};
+    if (has_passed(entry.month, entry.year, today)) {
+        return Refusal{invalid_month, "Cmbfrstmonth"};
     }
     const auto value = get_num(entry.value_text);
     if (!value || round_to_cents(*value) == 0.0) {
@@ -119,6 +128,16 @@ Check chk_fields(const ParticipantEntry& entry, Date today) {
         return Refusal{invalid_birth, "mskbirth"};
     }
     return std::nullopt;
+}
+
+Check check_first_payment(const Scenario& scenario, Date today) {
+    const int month = scenario.first_pay_month;
+    const int year = scenario.first_pay_year;
+    const std::vector<int> years = first_payment_years(scenario.birth_date, today);
+    const bool offered = contains(years, year) &&
+                         contains(first_payment_months(year == years.back()), month) &&
+                         !has_passed(month, year, today);
+    return offered ? std::nullopt : Check{Refusal{invalid_month, "Cmbfrstmonth"}};
 }
 
 std::int16_t shown_age(Date birth, std::int16_t current_age, int month, int year, Date today) {

@@ -43,6 +43,9 @@ std::vector<int> first_payment_years(Date birth, Date today);
 // Months that may be chosen when the latest of the offered years is, or is not, chosen.
 std::vector<int> first_payment_months(bool latest_year);
 
+// What is said of a month that cannot be chosen, or no longer.
+inline constexpr std::string_view invalid_month = "Invalid month that you wish to begin payments.";
+
 struct ParticipantEntry {
     int month = 0;  // chosen first payment month, 1..12
     int year = 0;   // chosen first payment year, 0 while none is offered
@@ -52,6 +55,11 @@ struct ParticipantEntry {
 
 // The checks of Next, up to the question whether a date of birth was entered at all.
 Check chk_fields(const ParticipantEntry& entry, Date today);
+
+// The check of the month once more before a result is computed: the day can have changed since. Refused
+// is a first payment month that has passed, and one that today is not offered at all, as after a clock
+// was set back.
+Check check_first_payment(const Scenario& scenario, Date today);
 
 // Age to be shown for a first payment month: today's age in the present month, else the age in that
 // month.

@@ -138,6 +138,10 @@ Screen* MainWindow::visible_screen() const {
     return order_.empty() ? nullptr : screens_.at(order_.back());
 }
 
+void MainWindow::focus(std::string_view field) {
+    visible_screen()->focus_field(field);
+}
+
 void MainWindow::show_help(const std::string& help_file, const std::string& screen_name) {
     if (!help_) {
         help_ = std::make_unique<HelpWindow>(to_qt(help_file));

@@ -42,6 +42,7 @@ public:
     void show(ScreenId id) override;
     void hide(ScreenId id) override;
     void close(ScreenId id) override;
+    void focus(std::string_view field) override;
     void show_help(const std::string& help_file, const std::string& screen_name) override;
     void show_message(const std::string& text) override;
     bool ask(const std::string& text) override;

@@ -51,6 +51,8 @@ public:
 
     // Tab goes through the content as it was built, then along the navigation row.
     void arrange_tab_order();
+    // Puts the focus on a control of this screen by its name, its text selected.
+    void focus_field(std::string_view name);
     // Where the focus last was on this screen, at first its first field.
     QWidget* last_focus() const;
 
@@ -71,7 +73,6 @@ protected:
     void clear_error() { error_shown_ = false; }
 
     static void focus_field(QWidget* field);
-    void focus_field(std::string_view name);
 
     void set_first_field(QWidget* field) { last_focus_ = field; }
 

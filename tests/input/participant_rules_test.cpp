@@ -153,6 +153,28 @@ TEST(FirstPayment, YearsEndAfterTheYearOfSeventyAndAHalfOrNextYear) {
     EXPECT_EQ(first_payment_months(false), (std::vector{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
 }
 
+// Born 15 June 1955: 70½ on 15 December 2025, so that 2027 is the last year from 1 January 2026 on.
+TEST(FirstPayment, MustStillBeOfferedWhenTheResultIsComputed) {
+    struct Case {
+        std::int16_t month, year;
+        Date day;
+        bool accepted;
+    };
+    for (const Case& c :
+         {Case{7, 2026, today, true}, Case{6, 2026, today, false}, Case{12, 2025, today, false},
+          Case{7, 2026, 2026y / 7 / 31, true}, Case{7, 2026, 2026y / 8 / 1, false},
+          Case{3, 2027, today, true}, Case{3, 2027, 2025y / 12 / 31, false},
+          Case{7, 2026, 2025y / 12 / 31, false}, Case{3, 2026, 2025y / 12 / 31, true}}) {
+        Scenario scenario;
+        scenario.birth_date = 1955y / 6 / 15;
+        scenario.first_pay_month = c.month;
+        scenario.first_pay_year = c.year;
+        const Refusal got = check_first_payment(scenario, c.day).value_or(Refusal{});
+        EXPECT_EQ(got.field, c.accepted ? "" : "Cmbfrstmonth")
+            << c.month << '/' << c.year << ", on " << date_text(c.day);
+    }
+}
+
 TEST(ChkFields, StopsAtTheFirstFault) {
     using Told = std::pair<std::string_view, std::string_view>;
     const Told month{"Invalid month that you wish to begin payments.", "Cmbfrstmonth"};

@@ -24,6 +24,7 @@ public:
     void show(ScreenId id) override { shown.push_back(id); }
     void hide(ScreenId id) override { hidden.push_back(id); }
     void close(ScreenId id) override { closed.push_back(id); }
+    void focus(std::string_view) override {}
     void show_help(const std::string&, const std::string&) override {}
     void show_message(const std::string& text) override { messages.push_back(text); }
     bool ask(const std::string& text) override {

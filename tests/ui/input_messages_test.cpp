@@ -1,6 +1,7 @@
 // Every message of the input screens: shown once, letter for letter, with the focus where it belongs.
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <functional>
 
@@ -67,6 +68,7 @@ std::function<void(UiTest&)> spouse(const QString& typed) {
     };
 }
 
+const std::string invalid_month = "Invalid month that you wish to begin payments.";
 const std::string no_birth = "Invalid birth date.";
 const std::string no_value = "Invalid present value of the account.";
 const std::string no_spouse = "Please enter the birthdate of your spouse.";
@@ -131,7 +133,47 @@ const MessageCase cases[] = {
          t.today = Date{std::chrono::year{2020} / 2 / 1};
          t.click("Cmdnext");
      },
-     "Invalid month that you wish to begin payments.", "Cmbfrstmonth"},
+     invalid_month, "Cmbfrstmonth"},
+    {"FirstMonthPassedBeforeTheResult",
+     [](UiTest& t) {
+         t.today = Date{std::chrono::year{2020} / 1 / 31};
+         t.go_to_method(u"06151950"_s, u"250000"_s, u"January"_s, u"2020"_s);
+         t.click("optmethod_0");
+         t.click("Cmdnext");
+         t.click("chkrate_1");
+         t.today = Date{std::chrono::year{2020} / 2 / 1};
+         t.click("Cmdnext");
+     },
+     invalid_month, "Cmbfrstmonth"},
+    {"FirstYearNoLongerOfferedAfterTheClockWasSetBack",
+     [](UiTest& t) {
+         t.today = Date{std::chrono::year{2021} / 6 / 15};
+         t.go_to_method(u"06151950"_s, u"250000"_s, u"March"_s, u"2022"_s);
+         t.click("optmethod_0");
+         t.click("Cmdnext");
+         t.click("chkrate_1");
+         t.today = Date{std::chrono::year{2020} / 6 / 15};
+         t.click("Cmdnext");
+         // The list offers what can be chosen now.
+         EXPECT_EQ(t.find<QComboBox>("Cmbfrstyear")->itemText(0), u"2020"_s);
+     },
+     invalid_month, "Cmbfrstmonth"},
+    {"SecondYearNoLongerOfferedAfterTheClockWasSetBack",
+     [](UiTest& t) {
+         t.today = Date{std::chrono::year{2021} / 1 / 15};
+         t.go_to_method(u"03151950"_s, u"250000"_s, u"February"_s, u"2021"_s);
+         t.click("optmethod_2");
+         t.enter("txtpartial", u"100000"_s);
+         t.click("chkpartial_0");
+         t.choose("cmbscnyear", u"2022"_s);
+         t.click("Cmdnext");
+         t.click("optlength_2");
+         t.click("Cmdnext");
+         t.click("chkrate_1");
+         t.today = Date{std::chrono::year{2020} / 12 / 1};
+         t.click("Cmdnext");
+     },
+     invalid_month, "cmbscnyear"},
     {"NoFrequency",
      [](UiTest& t) {
          t.go_to_method();
