@@ -129,7 +129,7 @@ void reports_to_pdf(benchmark::State& state) {
         std::vector<QString> reports;
         for (const std::string& name : report_templates(periodic_payments, by_life_expectancy)) {
             reports.push_back(
-                fill_template(std::filesystem::path(KELVAR_REPORTS) / name, open.folder.database()));
+                fill_template(std::filesystem::path(KELVAR_REPORTS) / name, open.module.database()));
         }
         draw_reports(reports, open.module.today(), writer);
         bytes = static_cast<double>(pdf.size());

@@ -9,7 +9,6 @@
 #include <optional>
 
 #include "core/numbers.h"
-#include "core/records.h"
 #include "core/scenario.h"
 #include "output/page_painter.h"
 #include "shell/text.h"
@@ -128,14 +127,12 @@ std::string read_template(const std::filesystem::path& file) {
 
 }  // namespace
 
-QString fill_template(const std::filesystem::path& template_file,
-                      const std::filesystem::path& database_file) {
+QString fill_template(const std::filesystem::path& template_file, Database& database) {
     mustache::mustache report(read_template(template_file));
     if (!report.is_valid()) {
         // The engine's message ends in a bare number, the place counted in characters.
         refuse(template_file, "is faulty: " + report.error_message() + " characters from its start.");
     }
-    Database database(database_file);
     const mustache::data data = fields_of(database);
     Fields fields(&data);
     const std::string html = report.render(fields);

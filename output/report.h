@@ -1,5 +1,5 @@
-// The report engine: fills templates from the work tables and draws them as pages. It knows no screen;
-// what it prints was stored.
+// The report engine: fills templates from the open work tables and draws them as pages. It knows no
+// screen; what it prints was stored.
 //
 // A template is HTML with Mustache tags. It sees the heading row as `distrib` and the payments as
 // `schedule`, in their order, each field under its own name. Dollar amounts that are stored as numbers
@@ -15,13 +15,13 @@
 #include <vector>
 
 #include "core/dates.h"
+#include "core/records.h"
 
 namespace kelvar {
 
 // The finished text of one report, as HTML. Throws PrintError when the template is missing, empty or
-// faulty, and DatabaseError when the database cannot be read.
-QString fill_template(const std::filesystem::path& template_file,
-                      const std::filesystem::path& database_file);
+// faulty.
+QString fill_template(const std::filesystem::path& template_file, Database& database);
 
 // What the <title> of a finished report says.
 QString report_title(const QString& html);

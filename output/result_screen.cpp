@@ -60,8 +60,7 @@ PrintJob ResultScreen::print_job() const {
     store_again_if_changed();
     std::vector<QString> reports;
     for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
-        reports.push_back(
-            fill_template(module.program_file(name), module.program_file(Module1::database_name)));
+        reports.push_back(fill_template(module.program_file(name), module.database()));
     }
     return {.title = report_title(reports.front()),
             .draw = [reports, printed = module.today()](QPagedPaintDevice& device) {

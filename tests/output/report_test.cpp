@@ -13,7 +13,6 @@
 #include "engine/store.h"
 #include "output/page_painter.h"
 #include "output/report_templates.h"
-#include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
 
 namespace kelvar::test {
@@ -53,7 +52,6 @@ class Report : public ::testing::Test {
 protected:
     // 30 payments of a partial lump sum, with every heading field written.
     Report() {
-        Database database(folder.database());
         store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, 30),
               {{"dtitle", std::string("Tom & Jerry <Payments>")},
                {"dsubtitle", std::string("Lump Sum  + Remaining Paid Monthly")},
@@ -72,12 +70,12 @@ protected:
     }
 
     QString shipped(const char* name) {
-        return fill_template(std::filesystem::path(KELVAR_REPORTS) / name, folder.database());
+        return fill_template(std::filesystem::path(KELVAR_REPORTS) / name, database);
     }
     QString own(const std::string& text) {
         const auto file = folder.path() / "own.rpt";
         std::ofstream(file, std::ios::binary) << text;
-        return fill_template(file, folder.database());
+        return fill_template(file, database);
     }
     static QString text_of(const QString& html) {
         QTextDocument document;
@@ -86,6 +84,7 @@ protected:
     }
 
     TemporaryProgramFolder folder;
+    Database database{folder.database()};
 };
 
 TEST_F(Report, SeesFieldsRawAndAsMoney) {
@@ -133,7 +132,9 @@ TEST_F(Report, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
             EXPECT_FALSE(text.contains(part)) << c.name << " has " << part.toStdString();
         }
     }
-    run_sql(folder.database(), "UPDATE distrib SET paylength = 2");
+    database.distrib().Edit();
+    database.distrib().set("paylength", std::int64_t{by_dollar_amount});
+    database.distrib().Update();
     for (const char* name : {"periodic.rpt", "partial.rpt", "schefix.rpt"}) {
         EXPECT_TRUE(text_of(shipped(name)).contains(fixed)) << name;
     }
@@ -180,11 +181,8 @@ TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
             EXPECT_NE(std::string(error.what()).find("own.rpt"), std::string::npos) << error.what();
         }
     }
-    EXPECT_THROW(fill_template("/dev/zero", folder.database()), PrintError);
-    EXPECT_THROW(fill_template(folder.path() / "no.rpt", folder.database()), PrintError);
-    EXPECT_THROW(
-        fill_template(std::filesystem::path(KELVAR_REPORTS) / "partial.rpt", folder.path() / "no.mdb"),
-        DatabaseError);
+    EXPECT_THROW(fill_template("/dev/zero", database), PrintError);
+    EXPECT_THROW(fill_template(folder.path() / "no.rpt", database), PrintError);
 }
 
 // A device that takes no pages, as a printer that has gone.

@@ -149,6 +149,11 @@ TEST_F(Printing, LumpSumPrintsOnePage) {
     EXPECT_EQ(printed_pages(), 1);
     EXPECT_EQ(sql_rows(folder.database(), "SELECT totalvalue FROM distrib"),
               std::vector<std::string>{"$256,285.85"});
+    // Printing only reads.
+    std::filesystem::permissions(folder.database(), std::filesystem::perms::owner_read);
+    click("cmdprint");
+    EXPECT_TRUE(take_messages().empty());
+    EXPECT_EQ(printed_pages(), 1);
 }
 
 TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
