@@ -126,7 +126,7 @@ void reports_to_pdf(benchmark::State& state) {
         QBuffer buffer(&pdf);
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter writer(&buffer);
-        std::vector<QString> reports;
+        std::vector<Report> reports;
         for (const std::string& name : report_templates(periodic_payments, by_life_expectancy)) {
             reports.push_back(
                 fill_template(std::filesystem::path(KELVAR_REPORTS) / name, open.module.database()));

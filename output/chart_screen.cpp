@@ -146,11 +146,14 @@ PrintJob ChartScreen::print_job() const {
             .orientation = QPageLayout::Landscape,
             .draw = [this, title, headings](QPagedPaintDevice& device) {
                 PagePainter page(device, module.today(), 1);
-                const auto document = lay_out(headings, device);
+                QTextDocument document;
+                set_style(document);
+                document.setHtml(headings);
+                lay_out(document, device);
                 page.next_page(title);
-                page.draw(*document, 0);
-                grphsche->paint_on_paper(
-                    page.painter(), page.body().adjusted(0.0, document->size().height(), 0.0, 0.0));
+                page.draw(document, 0);
+                grphsche->paint_on_paper(page.painter(),
+                                         page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
                 page.finish();
             }};
 }

@@ -17,7 +17,6 @@ constexpr double footer_inches = 0.35;
 constexpr double body_points = 10.0;
 constexpr double footer_points = 8.0;
 
-// What everything printed looks like unless its HTML says otherwise.
 const QString style =
     uR"(
     h1 { font-size: x-large; margin-top: 0px; margin-bottom: 2px; }
@@ -46,15 +45,15 @@ QRectF body_of(const QPagedPaintDevice& device) {
 
 }  // namespace
 
-std::unique_ptr<QTextDocument> lay_out(const QString& html, QPagedPaintDevice& device) {
-    auto document = std::make_unique<QTextDocument>();
-    document->setDefaultFont(font_of_size(body_points));
-    document->setDefaultStyleSheet(style);
-    document->setDocumentMargin(0.0);
-    document->documentLayout()->setPaintDevice(&device);
-    document->setPageSize(body_of(device).size());
-    document->setHtml(html);
-    return document;
+void set_style(QTextDocument& document) {
+    document.setDefaultFont(font_of_size(body_points));
+    document.setDefaultStyleSheet(style);
+    document.setDocumentMargin(0.0);
+}
+
+void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
+    document.documentLayout()->setPaintDevice(&device);
+    document.setPageSize(body_of(device).size());
 }
 
 PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)

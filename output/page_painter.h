@@ -3,7 +3,6 @@
 
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <memory>
 #include <stdexcept>
 
 #include "core/dates.h"
@@ -12,8 +11,11 @@ class QTextDocument;
 
 namespace kelvar {
 
-// HTML laid out in pages for a device. Points of fonts and pixels of distances are those of the device.
-std::unique_ptr<QTextDocument> lay_out(const QString& html, QPagedPaintDevice& device);
+// What everything printed looks like unless its HTML says otherwise; to be set before the HTML.
+void set_style(QTextDocument& document);
+// Lays a document out in pages for a device, which must outlive its use. Points of fonts and pixels of
+// distances are those of the device.
+void lay_out(QTextDocument& document, QPagedPaintDevice& device);
 
 // The text says what went wrong, for the user.
 class PrintError : public std::runtime_error {

@@ -117,6 +117,11 @@ void print(Module1& module, QWidget* window, Destination destination,
                    !file.isEmpty()) {
             write_pdf(file, job);
             window->window()->setProperty(last_folder, QFileInfo(file).absolutePath());
+        } else {
+            return;
+        }
+        if (!job.missing.empty()) {
+            module.screens.show_message("Not everything was printed.\n\n" + job.missing);
         }
     } catch (const std::exception& error) {
         module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());

@@ -3,14 +3,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
-#include <QTextDocument>
 #include <kainjow/mustache.hpp>
-#include <memory>
 #include <optional>
 
 #include "core/numbers.h"
 #include "core/scenario.h"
 #include "output/page_painter.h"
+#include "output/report_document.h"
 #include "shell/text.h"
 
 using namespace Qt::StringLiterals;
@@ -65,37 +64,85 @@ mustache::data fields_of(Database& database) {
     return fields;
 }
 
-// Remembers the first name that nothing is known under.
-class Fields : public mustache::context<std::string> {
-public:
-    explicit Fields(const mustache::data* data) : context(data) {}
-
-    const mustache::data* get(const std::string& name) const override {
-        return noted(name, context::get(name));
-    }
-    const mustache::data* get_partial(const std::string& name) const override {
-        return noted(name, context::get_partial(name));
-    }
-    const std::optional<std::string>& unknown() const { return unknown_; }
-
-private:
-    const mustache::data* noted(const std::string& name, const mustache::data* found) const {
-        if (found == nullptr && !unknown_) {
-            unknown_ = name;
-        }
-        return found;
-    }
-
-    mutable std::optional<std::string> unknown_;
-};
-
 [[noreturn]] void refuse(const std::filesystem::path& file, const std::string& why) {
     throw PrintError("The report template " + file.string() + " " + why);
 }
 
-// A pipe or a device could be read for ever, and sections inside each other cost their number squared.
+// A pipe or a device could be read for ever, and each section inside another one multiplies.
 constexpr qint64 longest_template = 1'000'000;  // bytes
-constexpr qsizetype most_sections = 200;
+constexpr double longest_report = 20'000'000;   // bytes, filled in
+constexpr std::size_t most_sections = 2;        // inside each other
+
+[[noreturn]] void refuse_length(const std::filesystem::path& file) {
+    refuse(file, "gives more than 20 MB of text.");
+}
+
+// What the template's own text comes to when every section of payments is written out, in bytes. Its
+// tags count as text, so that sections that write nothing have an end as well. Refuses what cannot be
+// told.
+double written_out(const std::filesystem::path& file, const std::string& text, std::size_t payments) {
+    const QByteArrayView rest(text);
+    std::vector<double> times{1.0};  // how often the text is written, for each section that is open
+    double bytes = 0.0;
+    qsizetype at = 0;
+    for (qsizetype tag = rest.indexOf("{{"); tag >= 0; tag = rest.indexOf("{{", at)) {
+        const qsizetype end = rest.indexOf("}}", tag);
+        if (end < 0) {
+            break;
+        }
+        const QByteArrayView name = rest.sliced(tag + 2, end - tag - 2).trimmed();
+        bytes += static_cast<double>(end + 2 - at) * times.back();
+        at = end + 2;
+        if (name.startsWith('#') || name.startsWith('^')) {
+            const bool all = name.startsWith('#') && name.sliced(1).trimmed() == "schedule";
+            times.push_back(times.back() * (all ? static_cast<double>(payments) : 1.0));
+        } else if (name.startsWith('/') && times.size() > 1) {
+            times.pop_back();
+        } else if (name.startsWith('=')) {
+            refuse(file, "changes the marks of its tags.");
+        }
+        if (times.size() > 1 + most_sections) {
+            refuse(file, "has more than 2 sections inside each other.");
+        }
+    }
+    return bytes + static_cast<double>(rest.size() - at);
+}
+
+// Counts what is written, and remembers the first name that nothing is known under.
+class Fields : public mustache::context<std::string> {
+public:
+    Fields(const mustache::data* data, const std::filesystem::path& file, double bytes)
+        : context(data), file_(file), bytes_(bytes) {}
+
+    const mustache::data* get(const std::string& name) const override {
+        const mustache::data* found = context::get(name);
+        note_unknown(name, found == nullptr);
+        if (found != nullptr && found->is_string()) {
+            bytes_ += static_cast<double>(found->string_value().size());
+        }
+        if (bytes_ > longest_report) {
+            refuse_length(file_);
+        }
+        return found;
+    }
+    // No template has another one inside: a field's text must not be one.
+    const mustache::data* get_partial(const std::string& name) const override {
+        note_unknown(name, true);
+        return nullptr;
+    }
+    const std::optional<std::string>& unknown() const { return unknown_; }
+
+private:
+    void note_unknown(const std::string& name, bool is_unknown) const {
+        if (is_unknown && !unknown_) {
+            unknown_ = name;
+        }
+    }
+
+    const std::filesystem::path& file_;
+    mutable double bytes_;
+    mutable std::optional<std::string> unknown_;
+};
 
 std::string read_template(const std::filesystem::path& file) {
     const QString name = QString::fromStdString(file.string());
@@ -119,22 +166,24 @@ std::string read_template(const std::filesystem::path& file) {
     if (text.trimmed().isEmpty()) {
         refuse(file, "is empty.");
     }
-    if (bytes.count("{{#") + bytes.count("{{^") > most_sections) {
-        refuse(file, "has too many sections.");
-    }
     return bytes.toStdString();
 }
 
 }  // namespace
 
-QString fill_template(const std::filesystem::path& template_file, Database& database) {
-    mustache::mustache report(read_template(template_file));
+Report fill_template(const std::filesystem::path& template_file, Database& database) {
+    const std::string text = read_template(template_file);
+    const double bytes = written_out(template_file, text, database.schedule().RecordCount());
+    if (bytes > longest_report) {
+        refuse_length(template_file);
+    }
+    mustache::mustache report(text);
     if (!report.is_valid()) {
         // The engine's message ends in a bare number, the place counted in characters.
         refuse(template_file, "is faulty: " + report.error_message() + " characters from its start.");
     }
     const mustache::data data = fields_of(database);
-    Fields fields(&data);
+    Fields fields(&data, template_file, bytes);
     const std::string html = report.render(fields);
     if (!report.is_valid()) {
         refuse(template_file, "is faulty: " + report.error_message() + ".");
@@ -142,27 +191,28 @@ QString fill_template(const std::filesystem::path& template_file, Database& data
     if (fields.unknown()) {
         refuse(template_file, "names an unknown field: \"" + *fields.unknown() + "\".");
     }
-    return to_qt(html);
+    if (static_cast<double>(html.size()) > longest_report) {
+        refuse_length(template_file);
+    }
+    auto document = std::make_shared<ReportDocument>(template_file.parent_path());
+    set_style(*document);
+    if (const auto why = document->read(to_qt(html))) {
+        refuse(template_file, *why);
+    }
+    return document;
 }
 
-QString report_title(const QString& html) {
-    QTextDocument document;
-    document.setHtml(html.left(html.indexOf(u"<body"_s)));
-    return document.metaInformation(QTextDocument::DocumentTitle);
-}
-
-void draw_reports(const std::vector<QString>& reports, Date printed, QPagedPaintDevice& device) {
-    std::vector<std::unique_ptr<QTextDocument>> documents;
+void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device) {
     int page_count = 0;
-    for (const QString& html : reports) {
-        documents.push_back(lay_out(html, device));
-        page_count += documents.back()->pageCount();
+    for (const Report& report : reports) {
+        lay_out(*report, device);
+        page_count += report->pageCount();
     }
     PagePainter pages(device, printed, page_count);
-    for (const auto& document : documents) {
-        for (int page = 0; page < document->pageCount(); ++page) {
-            pages.next_page(document->metaInformation(QTextDocument::DocumentTitle));
-            pages.draw(*document, page);
+    for (const Report& report : reports) {
+        for (int page = 0; page < report->pageCount(); ++page) {
+            pages.next_page(report->metaInformation(QTextDocument::DocumentTitle));
+            pages.draw(*report, page);
         }
     }
     pages.finish();

@@ -7,11 +7,15 @@
 // there are `schedule_total_money`, the sum of all rows, and one of `by_number_of_payments`,
 // `by_dollar_amount` and `by_life_expectancy` is true. A tag that names anything else is an error, so
 // that a slip of the pen leaves no gap in a printout.
+//
+// What a template can cost is bounded: 20 MB of text once it is filled in, sections at most 2 deep and
+// tables at most 8 deep, and the files that ReportDocument lets it use.
 #pragma once
 
 #include <QPagedPaintDevice>
-#include <QString>
+#include <QTextDocument>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 #include "core/dates.h"
@@ -19,14 +23,15 @@
 
 namespace kelvar {
 
-// The finished text of one report, as HTML. Throws PrintError when the template is missing, empty or
-// faulty.
-QString fill_template(const std::filesystem::path& template_file, Database& database);
+// One finished report, with all that it shows; reading files is over. What its <title> says is the
+// document's title.
+using Report = std::shared_ptr<QTextDocument>;
 
-// What the <title> of a finished report says.
-QString report_title(const QString& html);
+// Throws PrintError when the template is missing, empty or faulty, or goes beyond what it may use. The
+// images that it names lie in the template's folder.
+Report fill_template(const std::filesystem::path& template_file, Database& database);
 
 // Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError.
-void draw_reports(const std::vector<QString>& reports, Date printed, QPagedPaintDevice& device);
+void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device);
 
 }  // namespace kelvar

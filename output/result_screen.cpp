@@ -8,6 +8,7 @@
 
 #include "core/numbers.h"
 #include "engine/schedule.h"
+#include "output/page_painter.h"
 #include "output/report.h"
 #include "output/report_templates.h"
 #include "shell/text.h"
@@ -55,14 +56,23 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     });
 }
 
-// The summary and then the schedule that suits the scenario, as one job.
+// The summary and then the schedule that suits the scenario, as one job: also without one of them.
 PrintJob ResultScreen::print_job() const {
     store_again_if_changed();
-    std::vector<QString> reports;
+    std::vector<Report> reports;
+    std::string missing;
     for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
-        reports.push_back(fill_template(module.program_file(name), module.database()));
+        try {
+            reports.push_back(fill_template(module.program_file(name), module.database()));
+        } catch (const PrintError& error) {
+            missing += (missing.empty() ? "" : "\n\n") + std::string(error.what());
+        }
     }
-    return {.title = report_title(reports.front()),
+    if (reports.empty()) {
+        throw PrintError(missing);
+    }
+    return {.title = reports.front()->metaInformation(QTextDocument::DocumentTitle),
+            .missing = missing,
             .draw = [reports, printed = module.today()](QPagedPaintDevice& device) {
                 draw_reports(reports, printed, device);
             }};

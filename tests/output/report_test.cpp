@@ -1,18 +1,21 @@
 #include "output/report.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QBuffer>
 #include <QPdfWriter>
-#include <QTextDocument>
+#include <QTextBlock>
 #include <QTextFrame>
 #include <QTextTable>
+#include <QUrl>
 #include <fstream>
 
 #include "core/scenario.h"
 #include "engine/store.h"
 #include "output/page_painter.h"
 #include "output/report_templates.h"
+#include "shell/text.h"
 #include "tests/support/temporary_program_folder.h"
 
 namespace kelvar::test {
@@ -48,10 +51,10 @@ TEST(ReportTemplates, FollowMethodAndLength) {
     }
 }
 
-class Report : public ::testing::Test {
+class Reports : public ::testing::Test {
 protected:
     // 30 payments of a partial lump sum, with every heading field written.
-    Report() {
+    Reports() {
         store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, 30),
               {{"dtitle", std::string("Tom & Jerry <Payments>")},
                {"dsubtitle", std::string("Lump Sum  + Remaining Paid Monthly")},
@@ -69,28 +72,23 @@ protected:
                {"fee", std::string("$80")}});
     }
 
-    QString shipped(const char* name) {
+    Report shipped(const char* name) {
         return fill_template(std::filesystem::path(KELVAR_REPORTS) / name, database);
     }
     QString own(const std::string& text) {
         const auto file = folder.path() / "own.rpt";
         std::ofstream(file, std::ios::binary) << text;
-        return fill_template(file, database);
-    }
-    static QString text_of(const QString& html) {
-        QTextDocument document;
-        document.setHtml(html);
-        return document.toPlainText();
+        return fill_template(file, database)->toPlainText();
     }
 
     TemporaryProgramFolder folder;
     Database database{folder.database()};
 };
 
-TEST_F(Report, SeesFieldsRawAndAsMoney) {
+TEST_F(Reports, SeesFieldsRawAndAsMoney) {
     EXPECT_EQ(own("{{distrib.curvalue}} {{distrib.curvalue_money}}{{distrib.rate}} {{distrib.fee}}"),
               u"250000 $250,000.00 6% $80"_s);
-    EXPECT_EQ(own("{{distrib.dtitle}}"), u"Tom &amp; Jerry &lt;Payments&gt;"_s);
+    EXPECT_EQ(own("{{distrib.dtitle}}"), u"Tom & Jerry <Payments>"_s);
     EXPECT_EQ(own("{{#by_number_of_payments}}n{{/by_number_of_payments}}"
                   "{{#by_dollar_amount}}d{{/by_dollar_amount}}{{^by_life_expectancy}}-{{/"
                   "by_life_expectancy}}"),
@@ -102,7 +100,7 @@ TEST_F(Report, SeesFieldsRawAndAsMoney) {
 }
 
 // Each template prints what its screen writes and no leftovers of another one.
-TEST_F(Report, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
+TEST_F(Reports, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
     const QString title = u"Tom & Jerry"_s, subtitle = u"+ Remaining Paid Monthly"_s,
                   partial = u"$1,999.99"_s, fixed = u"$1,234.56"_s, current = u"$250,000.00"_s,
                   start = u"$7,000.50"_s, second = u"November, 2026"_s, total = u"$7,350.11"_s;
@@ -124,7 +122,7 @@ TEST_F(Report, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
         {"schelife.rpt", {title, u"$5,000.00"_s, u"$0.00"_s}, {fixed, partial}},
     };
     for (const Case& c : cases) {
-        const QString text = text_of(shipped(c.name));
+        const QString text = shipped(c.name)->toPlainText();
         for (const QString& part : c.has) {
             EXPECT_TRUE(text.contains(part)) << c.name << " lacks " << part.toStdString();
         }
@@ -136,15 +134,14 @@ TEST_F(Report, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
     database.distrib().set("paylength", std::int64_t{by_dollar_amount});
     database.distrib().Update();
     for (const char* name : {"periodic.rpt", "partial.rpt", "schefix.rpt"}) {
-        EXPECT_TRUE(text_of(shipped(name)).contains(fixed)) << name;
+        EXPECT_TRUE(shipped(name)->toPlainText().contains(fixed)) << name;
     }
 }
 
-TEST_F(Report, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
+TEST_F(Reports, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
     for (const char* name : {"schedule.rpt", "schefix.rpt", "schelife.rpt"}) {
-        QTextDocument document;
-        document.setHtml(shipped(name));
-        const auto* table = qobject_cast<QTextTable*>(document.rootFrame()->childFrames().value(0));
+        const Report report = shipped(name);
+        const auto* table = qobject_cast<QTextTable*>(report->rootFrame()->childFrames().value(0));
         ASSERT_NE(table, nullptr) << name;
         EXPECT_EQ(table->format().headerRowCount(), 1) << name;
         EXPECT_EQ(table->rows(), 1 + 30 + 1) << name;  // heading, payments, total
@@ -152,11 +149,23 @@ TEST_F(Report, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
     }
 }
 
-TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
-    std::string many_sections;
-    for (int i = 0; i < 10'000; ++i) {
-        many_sections.insert(0, "{{#distrib}}").append("{{/distrib}}");
+std::string nested(int times, const std::string& open, const std::string& close) {
+    std::string text;
+    for (int i = 0; i < times; ++i) {
+        text.insert(0, open).append(close);
     }
+    return text;
+}
+
+TEST_F(Reports, BrokenTemplatesAreNamedWithTheirFault) {
+    std::ofstream(folder.path() / "note.png") << "no picture";
+    std::ofstream(folder.path() / "drawing.svg") << "<svg xmlns='http://www.w3.org/2000/svg'/>";
+    std::ofstream(folder.path() / "large.png").close();
+    std::filesystem::resize_file(folder.path() / "large.png", 10'000'001);
+    ASSERT_EQ(mkfifo((folder.path() / "pipe.png").c_str(), 0600), 0);
+    const auto elsewhere = std::filesystem::path(KELVAR_REPORTS).parent_path() / "rate.csv";
+    std::filesystem::create_symlink(elsewhere, folder.path() / "link.png");
+    const std::string rows = "{{#schedule}}", row_end = "{{/schedule}}";
     const std::pair<std::string, const char*> cases[] = {
         {"", "is empty"},
         {"  \n\t", "is empty"},
@@ -168,7 +177,34 @@ TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
         {"{{> other}}", "unknown field: \"other\""},
         {"{{}}", "unknown field: \"\""},
         {std::string(1'000'001, 'x'), "longer than a million"},
-        {many_sections, "too many sections"},
+        {nested(10'000, "{{#distrib}}", "{{/distrib}}"), "more than 2 sections inside"},
+        {nested(3, "{{ ^ by_dollar_amount}}", "{{/by_dollar_amount}}"), "more than 2 sections inside"},
+        {"{{=<% %>=}}", "changes the marks"},
+        {"{{#distrib}}{{> dtitle}}{{/distrib}}", "unknown field: \"dtitle\""},
+        {rows + std::string(700'000, 'x') + row_end, "more than 20 MB"},
+        {rows + rows + std::string(23'000, 'x') + row_end + row_end, "more than 20 MB"},
+        {rows + nested(1'000, "", rows + row_end + rows + row_end) + row_end, "more than 20 MB"},
+        {rows + nested(9'000, "", "{{{distrib.dsubtitle}}}{{distrib.dsubtitle}}") + row_end,
+         "more than 20 MB"},
+        {nested(9, "<table><tr><td>", "</table>"), "more than 8 tables inside"},
+        {nested(5'000, "<TABLE><tr><td><!--</table>-->", ""), "more than 8 tables inside"},
+        {"<img src='/dev/zero'>", "\"/dev/zero\": it is not in the program folder"},
+        {"<img src='../note.png'>", "\"../note.png\": it is not in"},
+        {"<img src='link.png'>", "\"link.png\": it is not in"},
+        {"<img src=':/icons/next.svg'>", "\":/icons/next.svg\": it is not in"},
+        {"<img src='file:note.png'>", "\"file:note.png\": it is not in"},
+        {"<img src='http://localhost/a.png'>", "it is not in"},
+        {"<img src='data:image/png;base64,AAAA'>", "it is not in"},
+        {"<img src='pipe.png'>", "\"pipe.png\": it is not a file"},
+        {"<img>", "\"\": it is not in"},
+        {"<img src='none.png'>", "\"none.png\": it is missing"},
+        {"<img src='large.png'>", "\"large.png\": it is larger than 10 MB"},
+        {"<img src='note.png'>", "\"note.png\": it is no PNG"},
+        {"<img src='drawing.svg'>", "\"drawing.svg\": it is no PNG"},
+        {"<p style='background-image: url(/dev/zero)'>x", "it is not in"},
+        {"<table background='pipe.png'><tr><td>x", "it is not a file"},
+        {"<link rel='stylesheet' href='/dev/zero' type='text/css'><p>x", "it is not in"},
+        {"<style>@import url(pipe.png);</style><p>x", "it is not a file"},
         {std::string("\0\1\2", 3), "is not a text"},
         {"\xff\xfe", "is not a text"},
     };
@@ -185,20 +221,41 @@ TEST_F(Report, BrokenTemplatesAreNamedWithTheirFault) {
     EXPECT_THROW(fill_template(folder.path() / "no.rpt", database), PrintError);
 }
 
+TEST_F(Reports, UseImagesBesideTheirTemplate) {
+    QImage logo(40, 30, QImage::Format_RGB32);
+    logo.fill(Qt::red);
+    ASSERT_TRUE(logo.save(to_qt((folder.path() / "a logo.png").string())));
+    std::filesystem::create_symlink("a logo.png", folder.path() / "link.png");
+    std::ofstream(folder.path() / "own.css") << "p { background-image: url(link.png) }";
+    std::ofstream(folder.path() / "own.rpt")
+        << "<html><head><link rel='stylesheet' href='own.css' type='text/css'></head><body>"
+        << nested(8, "<table><tr><td>", "</table>")
+        << "{{#distrib}}{{#schedule}}<p>{{number}}</p>{{/schedule}}{{/distrib}}"
+        << "<img src='a%20logo.png'></body></html>";
+    const Report report = fill_template(folder.path() / "own.rpt", database);
+    // Read once: what happens to the files afterwards changes nothing.
+    std::filesystem::remove(folder.path() / "a logo.png");
+    const QVariant image = report->resource(QTextDocument::ImageResource, QUrl(u"a%20logo.png"_s));
+    EXPECT_EQ(image.value<QImage>(), logo);
+    EXPECT_EQ(report->lastBlock().previous().blockFormat().background().textureImage().size(),
+              logo.size());
+}
+
 // A device that takes no pages, as a printer that has gone.
-TEST_F(Report, DeviceThatRefusesIsAnError) {
+TEST_F(Reports, DeviceThatRefusesIsAnError) {
     QPdfWriter nowhere(u"/no/such/folder/report.pdf"_s);
     EXPECT_THROW(draw_reports({shipped("lumpsum.rpt")}, 2026y / 11 / 21, nowhere), PrintError);
 }
 
-TEST_F(Report, ReportsFollowEachOtherOnNewPages) {
+TEST_F(Reports, ReportsFollowEachOtherOnNewPages) {
     QByteArray pdf;
     QBuffer buffer(&pdf);
     ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
     {
         QPdfWriter writer(&buffer);
-        const QString summary = shipped("partial.rpt");
-        EXPECT_EQ(report_title(summary), u"Partial Lump Sum Payments"_s);
+        const Report summary = shipped("partial.rpt");
+        EXPECT_EQ(summary->metaInformation(QTextDocument::DocumentTitle),
+                  u"Partial Lump Sum Payments"_s);
         draw_reports({summary, shipped("schedule.rpt"), summary}, 2026y / 11 / 21, writer);
     }
     EXPECT_EQ(pdf.count("/Type /Page\n"), 3);

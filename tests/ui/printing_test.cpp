@@ -184,8 +184,19 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     click("cmdprint");
     auto messages = take_messages();
     ASSERT_EQ(messages.size(), 1u);
+    EXPECT_TRUE(messages[0].starts_with("Not everything was printed.\n\n")) << messages[0];
+    EXPECT_NE(messages[0].find(template_file.string()), std::string::npos) << messages[0];
+    EXPECT_EQ(printed_pages(), 1);
+    notes_shown.clear();
+    std::filesystem::rename(folder.path() / "partial.rpt", folder.path() / "hidden too");
+    click("cmdprint");
+    messages = take_messages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_TRUE(messages[0].starts_with("Nothing was printed.\n\n")) << messages[0];
+    EXPECT_NE(messages[0].find("partial.rpt"), std::string::npos) << messages[0];
     EXPECT_NE(messages[0].find(template_file.string()), std::string::npos) << messages[0];
     EXPECT_FALSE(notes_shown.contains(u"savepdf"_s));
+    std::filesystem::rename(folder.path() / "hidden too", folder.path() / "partial.rpt");
     std::filesystem::rename(hidden, template_file);
 
     const QString good = save_as;

@@ -1,0 +1,35 @@
+// A finished report with the files that it names: images, and style sheets if its template links any.
+#pragma once
+
+#include <QTextDocument>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace kelvar {
+
+// Only what lies in one folder is read: regular files of at most 10 MB each, images as PNG, JPEG, GIF or
+// BMP. Everything is read once, when the report is made, and never again while it is laid out.
+class ReportDocument : public QTextDocument {
+    Q_OBJECT
+
+public:
+    // Relative names in the HTML count from `folder`.
+    explicit ReportDocument(std::filesystem::path folder);
+
+    // Takes over the text. Returns what keeps the report from being printed, as the end of a sentence that
+    // begins with the template's name, or nothing.
+    std::optional<std::string> read(const QString& html);
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+
+private:
+    QByteArray read_file(const QUrl& name);
+    void refuse(const QString& name, const std::string& why);
+
+    std::filesystem::path folder_;
+    std::optional<std::string> refused_;
+};
+
+}  // namespace kelvar
