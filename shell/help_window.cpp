@@ -74,6 +74,9 @@ void HelpWindow::open_help_file(const QString& help_file) {
     if (!file.exists()) {
         throw std::runtime_error("The help file " + to_utf8(help_file) + " is missing.");
     }
+    if (!file.isFile()) {  // a pipe would be waited for
+        throw std::runtime_error("The help file " + to_utf8(help_file) + " is not a file.");
+    }
     engine_ = std::make_unique<QHelpEngine>(folder_.filePath(u"help"_s));
     engine_->setReadOnly(false);
     engine_->setUsesFilterEngine(true);

@@ -3,6 +3,8 @@
 
 #include "shell/help_window.h"
 
+#include <sys/stat.h>
+
 #include <QApplication>
 #include <QHelpSearchQueryWidget>
 #include <QHelpSearchResultWidget>
@@ -76,6 +78,15 @@ TEST(Help, RefusesWhatIsNoHelpFile) {
         }
     };
     expect_refusal("missing");
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    expect_refusal("pipe");
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink("/dev/zero", file);
+    expect_refusal("device");
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    expect_refusal("folder");
+    std::filesystem::remove(file);
     std::ofstream(file).flush();
     expect_refusal("empty");
     std::ofstream(file) << "This is not a help file, whatever its name says.";
