@@ -1,5 +1,6 @@
 #include "output/printing.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -12,8 +13,11 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QToolButton>
+#include <algorithm>
+#include <filesystem>
 
 #include "output/page_painter.h"
+#include "output/report_templates.h"
 #include "shell/hourglass.h"
 #include "shell/screen.h"
 #include "shell/text.h"
@@ -41,8 +45,37 @@ void print_on(const QPrinterInfo& where, const PrintJob& job) {
     }
 }
 
-void write_pdf(const QString& name, const PrintJob& job) {
+std::vector<std::filesystem::path> own_files(const Module1& module) {
+    std::vector<std::filesystem::path> files{QCoreApplication::applicationFilePath().toStdString(),
+                                             module.scenario.help_file};
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+        files.push_back(module.program_file(std::string(Module1::database_name) + suffix));
+    }
+    for (const char* name : all_report_templates) {
+        files.push_back(module.program_file(name));
+    }
+    return files;
+}
+
+// True also for one that is not there: a file under the name of a journal would be taken for one.
+bool belongs_to_program(const Module1& module, const QString& name) {
+    const QFileInfo info(name);
+    const std::filesystem::path file = (info.isSymLink() ? info.symLinkTarget() : name).toStdString();
+    return std::ranges::any_of(own_files(module), [&](const std::filesystem::path& own) {
+        std::error_code none;
+        return std::filesystem::equivalent(own, file, none) ||
+               std::filesystem::weakly_canonical(own, none) ==
+                   std::filesystem::weakly_canonical(file, none);
+    });
+}
+
+// Where the name is a link to another file, that file is replaced and the link stays.
+void write_pdf(const Module1& module, const QString& name, const PrintJob& job) {
     const Hourglass hourglass;
+    if (belongs_to_program(module, name)) {
+        throw PrintError("The file " + to_utf8(QDir::toNativeSeparators(name)) +
+                         " belongs to the program and stays as it is.");
+    }
     QSaveFile file(name);
     const auto refuse = [&] {
         throw PrintError("The file " + to_utf8(QDir::toNativeSeparators(name)) +
@@ -115,7 +148,7 @@ void print(Module1& module, QWidget* window, Destination destination,
             print_on(printer, job);
         } else if (const QString file = ask_for_pdf_file(window->window(), job.title);
                    !file.isEmpty()) {
-            write_pdf(file, job);
+            write_pdf(module, file, job);
             window->window()->setProperty(last_folder, QFileInfo(file).absolutePath());
         } else {
             return;

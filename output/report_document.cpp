@@ -21,9 +21,9 @@ constexpr int most_tables = 8;               // inside each other; each one doub
 constexpr const char* elsewhere = "it is not in the program folder";
 
 int table_depth(const QString& html) {
-    static const QRegularExpression tag(u"<!--.*?-->|<(/?)table\\b"_s,
-                                        QRegularExpression::CaseInsensitiveOption |
-                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression tag(
+        u"<!--.*?-->|<(/?)table\\b"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     int open = 0;
     int deepest = 0;
     for (auto tags = tag.globalMatch(html); tags.hasNext();) {
@@ -87,8 +87,7 @@ QByteArray ReportDocument::read_file(const QUrl& name) {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::path folder = fs::canonical(folder_, error);
-    const fs::path file =
-        fs::weakly_canonical(folder / to_utf8(name.path(QUrl::FullyDecoded)), error);
+    const fs::path file = fs::weakly_canonical(folder / to_utf8(name.path(QUrl::FullyDecoded)), error);
     const bool inside = std::ranges::mismatch(folder, file).in1 == folder.end();
     if (error || !name.scheme().isEmpty() || !inside) {
         refuse(name.toString(), elsewhere);

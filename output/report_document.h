@@ -8,8 +8,8 @@
 
 namespace kelvar {
 
-// Only what lies in one folder is read: regular files of at most 10 MB each, images as PNG, JPEG, GIF or
-// BMP. Everything is read once, when the report is made, and never again while it is laid out.
+// Only what lies in one folder is read: regular files of at most 10 MB each, images as PNG, JPEG, GIF
+// or BMP. Everything is read once, when the report is made, and never again while it is laid out.
 class ReportDocument : public QTextDocument {
     Q_OBJECT
 
@@ -17,8 +17,8 @@ public:
     // Relative names in the HTML count from `folder`.
     explicit ReportDocument(std::filesystem::path folder);
 
-    // Takes over the text. Returns what keeps the report from being printed, as the end of a sentence that
-    // begins with the template's name, or nothing.
+    // Takes over the text. Returns what keeps the report from being printed, as the end of a sentence
+    // that begins with the template's name, or nothing.
     std::optional<std::string> read(const QString& html);
 
 protected:

@@ -1,10 +1,14 @@
 // Which report templates a Print prints, and in which order.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 namespace kelvar {
+
+inline constexpr std::array all_report_templates{"lumpsum.rpt",  "periodic.rpt", "partial.rpt",
+                                                 "schedule.rpt", "schefix.rpt",  "schelife.rpt"};
 
 // File names of the templates for a method of distribution and a length option, as the scenario holds
 // them. The summary comes first, then the schedule that suits the length option. Where no schedule

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <filesystem>
+#include <fstream>
 
 #include "output/bar_chart.h"
 #include "shell/grid.h"
@@ -209,6 +210,41 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].find(unwritable), std::string::npos) << messages[0];
     }
+
+    // The program's own files, where they lie and through links.
+    namespace fs = std::filesystem;
+    fs::copy_file(KELVAR_HELP_FILE, folder.path() / "vestoraq.hlp");
+    const TemporaryProgramFolder elsewhere;
+    fs::create_symlink(folder.database(), elsewhere.path() / "symbolic.pdf");
+    fs::create_hard_link(folder.database(), elsewhere.path() / "hard.pdf");
+    fs::create_directory_symlink(folder.path(), elsewhere.path() / "folder");
+    fs::create_symlink(folder.path() / "vestoraq.mdb-journal", elsewhere.path() / "journal.pdf");
+    fs::create_symlink(fs::read_symlink("/proc/self/exe"), elsewhere.path() / "program.pdf");
+    for (const fs::path& own :
+         {folder.database(), folder.path() / "vestoraq.mdb-journal", folder.path() / "vestoraq.hlp",
+          folder.path() / "lumpsum.rpt", folder.path() / "schelife.rpt",
+          elsewhere.path() / "symbolic.pdf", elsewhere.path() / "hard.pdf",
+          elsewhere.path() / "folder" / "vestoraq.mdb", elsewhere.path() / "journal.pdf",
+          elsewhere.path() / "program.pdf"}) {
+        const bool existed = fs::exists(own);
+        const auto size = existed ? fs::file_size(own) : 0;
+        save_as = to_qt(own.string());
+        click("cmdprint");
+        messages = take_messages();
+        ASSERT_EQ(messages.size(), 1u) << own;
+        EXPECT_NE(messages[0].find("belongs to the program"), std::string::npos) << messages[0];
+        ASSERT_EQ(fs::exists(own), existed) << own;
+        EXPECT_EQ(existed ? fs::file_size(own) : 0, size) << own;
+    }
+
+    // A link to any other file stays one.
+    std::ofstream(elsewhere.path() / "other") << "old";
+    fs::create_symlink(elsewhere.path() / "other", elsewhere.path() / "link.pdf");
+    save_as = to_qt((elsewhere.path() / "link.pdf").string());
+    click("cmdprint");
+    EXPECT_TRUE(take_messages().empty());
+    EXPECT_TRUE(fs::is_symlink(elsewhere.path() / "link.pdf"));
+    EXPECT_GT(fs::file_size(elsewhere.path() / "other"), 3u);
 
     save_as.clear();
     click("cmdprint");
