@@ -66,8 +66,8 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
     set_first_field(grphsche);
 
     auto* buttons = new PrintButtons(navigation());
-    connect(buttons, &PrintButtons::chosen, this, [this](Destination destination) {
-        print(module, this, destination, [this] { return print_job(); });
+    connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
+        buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
     });
 }
 
@@ -80,6 +80,8 @@ void ChartScreen::get_headings() {
     Recordset& distrib = module.database().distrib();
     Recordset& schedule = module.database().schedule();
     distrib.MoveFirst();
+    method_ = to_qt(distrib.text("dtitle")).section(u" - "_s, 0, 0);
+    rate_ = to_qt(distrib.text("rate"));
     const bool over_life = static_cast<int>(distrib.number("paylength")) == by_life_expectancy;
     lbltitle->setText(to_qt(distrib.text("dtitle")) +
                       (over_life ? u" (Over Life Expectancy)"_s : QString()));
@@ -142,10 +144,12 @@ PrintJob ChartScreen::print_job() const {
     const QString headings =
         u"<h1>"_s + title.toHtmlEscaped() + u"</h1><table width=\"100%\"><tr><td>"_s + printed_lines_ +
         u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
+    const Date today = module.today();
     return {.title = title + u" - Chart"_s,  // the list of payments has the same title
+            .file_name = pdf_name(method_ + u" Chart"_s, rate_, today),
             .orientation = QPageLayout::Landscape,
-            .draw = [this, title, headings](QPagedPaintDevice& device) {
-                PagePainter page(device, module.today(), 1);
+            .draw = [this, title, headings, today](QPagedPaintDevice& device) {
+                PagePainter page(device, today, 1);
                 QTextDocument document;
                 set_style(document);
                 document.setHtml(headings);

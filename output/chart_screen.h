@@ -41,6 +41,8 @@ private:
     ScreenId id_;
     QVBoxLayout* lines_ = nullptr;
     QGridLayout* values_ = nullptr;
+    QString method_;
+    QString rate_;
     QString printed_lines_;  // the same headings as HTML
     QString printed_values_;
     BarChart* grphsche = nullptr;

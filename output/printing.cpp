@@ -1,18 +1,23 @@
 #include "output/printing.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QToolButton>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <filesystem>
 
@@ -21,6 +26,7 @@
 #include "shell/hourglass.h"
 #include "shell/screen.h"
 #include "shell/text.h"
+#include "shell/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +36,11 @@ namespace {
 
 // Three quarters of an inch.
 const QMarginsF margins(54.0, 54.0, 54.0, 54.0);
+
+constexpr qsizetype longest_title = 150;  // bytes; a file name takes 255
+
+const QString save_as_pdf = u"Save as PDF"_s;
+const QString no_printer = u"No printer is set up - save as PDF"_s;
 
 constexpr const char* last_folder = "last_pdf_folder";  // a property of the main window
 
@@ -114,14 +125,14 @@ QDir folder_to_offer(const QWidget* main_window) {
 }
 
 // Empty when the user cancels.
-QString ask_for_pdf_file(QWidget* main_window, const QString& title) {
-    QFileDialog dialog(main_window, u"Save as PDF"_s);
+QString ask_for_pdf_file(QWidget* main_window, const QString& title, const QString& name) {
+    QFileDialog dialog(main_window, title);
     dialog.setObjectName(u"savepdf"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF files (*.pdf)"_s);
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.setDirectory(folder_to_offer(main_window));
-    dialog.selectFile(title + u".pdf"_s);
+    dialog.selectFile(name + u".pdf"_s);
     const bool accepted = dialog.exec() == QDialog::Accepted;
     main_window->activateWindow();  // some window managers lose it when a file is replaced
     if (!accepted) {
@@ -132,8 +143,20 @@ QString ask_for_pdf_file(QWidget* main_window, const QString& title) {
 
 }  // namespace
 
-void print(Module1& module, QWidget* window, Destination destination,
-           const std::function<PrintJob()>& prepare) {
+QString pdf_name(const QString& title, const QString& rate, Date day) {
+    static const QRegularExpression never(uR"([/\\:*?"<>|]|\p{C})"_s);
+    static const QRegularExpression hidden(u"^[. ]+"_s);
+    QString name = title.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
+    while (name.toUtf8().size() > longest_title) {
+        name.chop(1);
+    }
+    const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
+    return (name.isEmpty() ? u"Report"_s : name) + u' ' + rate.trimmed() + u' ' + date;
+}
+
+QString print(Module1& module, QWidget* window, Destination destination,
+              const std::function<PrintJob()>& prepare) {
+    QString file;
     try {
         PrintJob job;
         QPrinterInfo printer;
@@ -146,33 +169,77 @@ void print(Module1& module, QWidget* window, Destination destination,
         }
         if (!printer.isNull()) {
             print_on(printer, job);
-        } else if (const QString file = ask_for_pdf_file(window->window(), job.title);
-                   !file.isEmpty()) {
+        } else {
+            const bool asked_for = destination == Destination::pdf_file;
+            const QString title = asked_for ? save_as_pdf : no_printer;
+            file = ask_for_pdf_file(window->window(), title, job.file_name);
+            if (file.isEmpty()) {
+                return {};
+            }
             write_pdf(module, file, job);
             window->window()->setProperty(last_folder, QFileInfo(file).absolutePath());
-        } else {
-            return;
         }
         if (!job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);
         }
     } catch (const std::exception& error) {
         module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
+        return {};
     }
+    return file;
 }
 
 PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     cmdprint = control::button(u"Prin&t"_s, "cmdprint");
-    connect(cmdprint, &QPushButton::clicked, this, [this] { emit chosen(Destination::printer); });
+    connect(cmdprint, &QPushButton::clicked, this, [this] { start(Destination::printer); });
 
     auto* menu = new QMenu(cmdprint);
-    menu->addAction(u"&Print"_s, this, [this] { emit chosen(Destination::printer); });
-    menu->addAction(u"&Save as PDF..."_s, this, [this] { emit chosen(Destination::pdf_file); });
+    menu->addAction(u"&Print"_s, this, [this] { start(Destination::printer); });
+    menu->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
     cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu);
     navigation->insertWidget(1, cmdprint);
     navigation->insertWidget(2, cmdprintmenu);
+
+    lblsaved = theme::label({}, theme::Role::body, "lblsaved");
+    lblsaved->setContentsMargins(3 * theme::grid, 0, 3 * theme::grid, theme::grid);
+    lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
+    lblsaved->installEventFilter(this);
+    lblsaved->hide();
+    QWidget* row = navigation->parentWidget();
+    auto* column = static_cast<QVBoxLayout*>(row->parentWidget()->layout());
+    column->insertWidget(column->indexOf(row), lblsaved);
+}
+
+void PrintButtons::start(Destination destination) {
+    show_saved({});
+    emit chosen(destination);
+}
+
+void PrintButtons::show_saved(const QString& file) {
+    const QString text = file.isEmpty() ? QString() : u"Saved to "_s + QDir::toNativeSeparators(file);
+    lblsaved->setAccessibleName(text);
+    lblsaved->setToolTip(text);
+    lblsaved->setVisible(!text.isEmpty());
+    fit_saved();
+    if (!text.isEmpty()) {
+        QAccessibleEvent said(lblsaved, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
+}
+
+// Folders in the middle go first: the beginning says that it is saved, the end under which name.
+void PrintButtons::fit_saved() {
+    lblsaved->setText(lblsaved->fontMetrics().elidedText(lblsaved->accessibleName(), Qt::ElideMiddle,
+                                                         lblsaved->contentsRect().width()));
+}
+
+bool PrintButtons::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lblsaved && event->type() == QEvent::Resize) {
+        fit_saved();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void PrintButtons::setEnabled(bool enabled) {

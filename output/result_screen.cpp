@@ -52,7 +52,7 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
 
     print_buttons = new PrintButtons(navigation());
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
-        print(module, this, destination, [this] { return print_job(); });
+        print_buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
     });
 }
 
@@ -71,11 +71,13 @@ PrintJob ResultScreen::print_job() const {
     if (reports.empty()) {
         throw PrintError(missing);
     }
-    return {.title = reports.front()->metaInformation(QTextDocument::DocumentTitle),
-            .missing = missing,
-            .draw = [reports, printed = module.today()](QPagedPaintDevice& device) {
-                draw_reports(reports, printed, device);
-            }};
+    const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
+    const Date today = module.today();
+    return {
+        .title = title,
+        .file_name = pdf_name(title, cmbrate->currentText(), today),
+        .missing = missing,
+        .draw = [reports, today](QPagedPaintDevice& device) { draw_reports(reports, today, device); }};
 }
 
 void ResultScreen::store_result(std::function<void()> store) {
@@ -158,11 +160,13 @@ void ResultScreen::set_result(QWidget* result) {
 }
 
 void ResultScreen::get_cover(const QString& reason) {
+    print_buttons->show_saved({});
     lblcover->setText(reason);
     result_->setCurrentWidget(lblcover);
 }
 
 void ResultScreen::uncover() {
+    print_buttons->show_saved({});
     result_->setCurrentIndex(result_->count() - 1);
 }
 

@@ -39,7 +39,7 @@ protected:
     double chosen_rate() const;
     // The area below the values that the cover hides.
     void set_result(QWidget* result);
-    // Covers the result area and says why nothing is shown.
+    // Covers the result area and says why nothing is shown. Either way it is a new result.
     virtual void get_cover(const QString& reason);
     void uncover();
 

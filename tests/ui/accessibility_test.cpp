@@ -18,6 +18,7 @@
 #include <set>
 
 #include "output/bar_chart.h"
+#include "output/printing.h"
 #include "shell/theme.h"
 #include "tests/support/stations.h"
 
@@ -198,6 +199,11 @@ struct LargeDesktop {
 class LargeText : private LargeDesktop, public EveryScreen {};
 
 TEST_P(LargeText, IsNotClipped) {
+    for (auto* buttons : window->visible_screen()->findChildren<PrintButtons*>()) {
+        buttons->show_saved(u"/home/"_s + QString(300, u'x') + u".pdf"_s);
+        settle();
+        EXPECT_TRUE(find<QLabel>("lblsaved")->isVisible());
+    }
     EXPECT_EQ(window->visible_screen()->size(), QSize(869, 680));
     const QWidget* focus = window->focusWidget();
     EXPECT_TRUE(focus->inherits("QTableView") || focus->inherits("kelvar::BarChart") ||

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +12,7 @@
 #include <fstream>
 
 #include "output/bar_chart.h"
+#include "output/printing.h"
 #include "shell/grid.h"
 #include "shell/text.h"
 #include "tests/support/sql.h"
@@ -29,6 +31,25 @@ public:
             std::filesystem::copy(report, folder.path());
         }
         save_as = to_qt((folder.path() / "out.pdf").string());
+        look_at_dialog = [this](QDialog& dialog) {
+            if (qobject_cast<QFileDialog*>(&dialog) != nullptr) {
+                offered = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
+                offered_by = dialog.windowTitle();
+                EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
+            }
+        };
+    }
+    // The name and the title of the last file dialog.
+    QString offered;
+    QString offered_by;
+
+    // The line about the saved file is there, as long as its place allows, and whole to a screen
+    // reader.
+    void expect_saved_line() {
+        auto* line = find<QLabel>("lblsaved");
+        EXPECT_TRUE(line->isVisible());
+        EXPECT_EQ(line->accessibleName(), u"Saved to "_s + save_as);
+        EXPECT_EQ(line->text(), line->accessibleName());
     }
 
     void go_to_result(const char* rate = "chkrate_1") {
@@ -63,10 +84,17 @@ public:
 TEST_F(Printing, PeriodicChartAndReports) {
     go_to_rates();
     click("chkrate_1");
+    click("chkrate_2");
     click("Cmdnext");
     const auto rows = work_table_rows();
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 9);  // the summary and 349 rows
+    EXPECT_EQ(offered, u"Periodic Payments 5% 2020-01-15.pdf"_s);
+    EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
+    expect_saved_line();
+    choose("cmbrate", u" 6%"_s);
+    EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
+    choose("cmbrate", u" 5%"_s);
     // Somebody else stores something in between; what the screen shows is printed, and stored again.
     const auto heading = [this] {
         return sql_rows(folder.database(), "SELECT dtitle, rate, totalvalue FROM distrib");
@@ -95,9 +123,12 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_TRUE(text_of("lblreadout").startsWith(u"2049: "_s));
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
+    expect_saved_line();
     menu_entry = u"&Save as PDF..."_s;
     click("cmdprintmenu");
     EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(offered, u"Periodic Payments Chart 5% 2020-01-15.pdf"_s);
+    EXPECT_EQ(offered_by, u"Save as PDF"_s);
     click("cmdprev");
     EXPECT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(grid_rows(), rows);
@@ -155,6 +186,22 @@ TEST_F(Printing, LumpSumPrintsOnePage) {
     click("cmdprint");
     EXPECT_TRUE(take_messages().empty());
     EXPECT_EQ(printed_pages(), 1);
+}
+
+TEST_F(Printing, FileNamesLeaveOutWhatNoneCanHold) {
+    const Date day{std::chrono::year{2020} / 1 / 5};
+    const std::pair<QString, QString> cases[] = {
+        {u"457/401(k) Payments"_s, u"457-401(k) Payments"_s},
+        {u" ../.. \\ a:b*c?"_s, u"-.. - a-b-c-"_s},
+        {u"one\ntwo\x7f"_s, u"one-two-"_s},
+        {u"..."_s, u"Report"_s},
+        {QString(400, u'x'), QString(150, u'x')},
+        {QString(400, u'\u20ac'), QString(50, u'\u20ac')},
+    };
+    for (const auto& [title, name] : cases) {
+        EXPECT_EQ(pdf_name(title, u" -2.5%"_s, day).toStdString(),
+                  (name + u" -2.5% 2020-01-05"_s).toStdString());
+    }
 }
 
 TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
