@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -43,6 +45,13 @@ const QString save_as_pdf = u"Save as PDF"_s;
 const QString no_printer = u"No printer is set up - save as PDF"_s;
 
 constexpr const char* last_folder = "last_pdf_folder";  // a property of the main window
+
+// Without any font the toolkit draws boxes, or nothing.
+void require_font() {
+    if (!QFontMetrics(QGuiApplication::font()).inFont(u'0')) {
+        throw PrintError("No font is installed on this computer, so there is nothing to print with.");
+    }
+}
 
 void print_on(const QPrinterInfo& where, const PrintJob& job) {
     const Hourglass hourglass;
@@ -162,6 +171,7 @@ QString print(Module1& module, QWidget* window, Destination destination,
         QPrinterInfo printer;
         {
             const Hourglass hourglass;
+            require_font();
             job = prepare();
             if (destination == Destination::printer) {
                 printer = QPrinterInfo::defaultPrinter();

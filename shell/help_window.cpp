@@ -1,5 +1,6 @@
 #include "shell/help_window.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -76,6 +77,13 @@ void HelpWindow::open_help_file(const QString& help_file) {
     }
     if (!file.isFile()) {  // a pipe would be waited for
         throw std::runtime_error("The help file " + to_utf8(help_file) + " is not a file.");
+    }
+    // Where the folder is missing, the toolkit would go on in the root folder.
+    const bool missing = QDir::tempPath().isEmpty();
+    if (missing || !folder_.isValid()) {
+        throw std::runtime_error("Help cannot write to the folder for temporary files, " +
+                                 to_utf8(qEnvironmentVariable("TMPDIR", u"/tmp"_s)) + ": " +
+                                 (missing ? "it is missing" : to_utf8(folder_.errorString())) + ".");
     }
     engine_ = std::make_unique<QHelpEngine>(folder_.filePath(u"help"_s));
     engine_->setReadOnly(false);

@@ -19,8 +19,9 @@ class HelpWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    // Throws std::runtime_error naming the file when it is missing or is not the program's help file.
-    // The window must be destroyed before the application object.
+    // Throws std::runtime_error naming the file when it is missing or is not the program's help file,
+    // and when there is no temporary folder to write to. The window must be destroyed before the
+    // application object.
     explicit HelpWindow(const QString& help_file);
     ~HelpWindow() override;
 

@@ -100,6 +100,24 @@ TEST(Help, RefusesWhatIsNoHelpFile) {
     expect_refusal("cut off");
 }
 
+TEST(Help, NeedsAFolderForTemporaryFiles) {
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/nonexistent");
+    try {
+        const HelpWindow help(QStringLiteral(KELVAR_HELP_FILE));
+        ADD_FAILURE() << "opened";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find("folder for temporary files"), std::string::npos)
+            << error.what();
+        EXPECT_NE(std::string(error.what()).find("/nonexistent"), std::string::npos) << error.what();
+    }
+    if (before.isNull()) {
+        qunsetenv("TMPDIR");
+    } else {
+        qputenv("TMPDIR", before);
+    }
+}
+
 // Help opens at the screen's page and stays open while the user works; F1 does the same.
 TEST_F(UiTest, HelpStaysOpenBesideTheProgram) {
     std::filesystem::copy_file(KELVAR_HELP_FILE, folder.path() / "vestoraq.hlp");

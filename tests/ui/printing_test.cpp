@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProcess>
 #include <filesystem>
 #include <fstream>
 
@@ -186,6 +187,33 @@ TEST_F(Printing, LumpSumPrintsOnePage) {
     click("cmdprint");
     EXPECT_TRUE(take_messages().empty());
     EXPECT_EQ(printed_pages(), 1);
+}
+
+// Fonts are looked for once, when a program starts: the same test again, in a program that finds none.
+TEST_F(Printing, WithoutAFontSaysSo) {
+    if (!qEnvironmentVariableIsSet("KELVAR_TEST_WITHOUT_FONT")) {
+        const auto config = folder.path() / "fonts.conf";
+        std::ofstream(config) << "<fontconfig><cachedir>" << folder.path().string()
+                              << "</cachedir></fontconfig>";
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"FONTCONFIG_FILE"_s, to_qt(config.string()));
+        environment.insert(u"KELVAR_TEST_WITHOUT_FONT"_s, u"1"_s);
+        program.setProcessEnvironment(environment);
+        program.start(QCoreApplication::applicationFilePath(),
+                      {u"--gtest_filter=Printing.WithoutAFontSaysSo"_s});
+        ASSERT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardOutput().toStdString();
+        return;
+    }
+    go_to_method();
+    click("optmethod_0");
+    go_to_result();
+    click("cmdprint");
+    const auto messages = take_messages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].find("No font is installed"), std::string::npos) << messages[0];
+    EXPECT_EQ(printed_pages(), 0);
 }
 
 TEST_F(Printing, FileNamesLeaveOutWhatNoneCanHold) {
