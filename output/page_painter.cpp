@@ -49,11 +49,15 @@ void set_style(QTextDocument& document) {
     document.setDefaultFont(font_of_size(body_points));
     document.setDefaultStyleSheet(style);
     document.setDocumentMargin(0.0);
+    // Laid out only once, when device and page are known: for a long list that is most of the work.
+    document.setLayoutEnabled(false);
+    document.documentLayout();
 }
 
 void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     document.documentLayout()->setPaintDevice(&device);
     document.setPageSize(body_of(device).size());
+    document.setLayoutEnabled(true);
 }
 
 PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)

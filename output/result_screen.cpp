@@ -72,12 +72,13 @@ PrintJob ResultScreen::print_job() const {
         throw PrintError(missing);
     }
     const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
-    const Date today = module.today();
-    return {
-        .title = title,
-        .file_name = pdf_name(title, cmbrate->currentText(), today),
-        .missing = missing,
-        .draw = [reports, today](QPagedPaintDevice& device) { draw_reports(reports, today, device); }};
+    const Date printed = module.today();
+    return {.title = title,
+            .file_name = pdf_name(title, cmbrate->currentText(), printed),
+            .missing = missing,
+            .draw = [reports, printed](QPagedPaintDevice& device) {
+                draw_reports(reports, printed, device);
+            }};
 }
 
 void ResultScreen::store_result(std::function<void()> store) {
