@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "shell/screen.h"
 #include "shell/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -66,9 +67,9 @@ QPixmap allocation_picture(const Portfolio& portfolio, int size) {
 
 QGroupBox* portfolio_frame(int index, PortfolioName name) {
     const Portfolio& portfolio = portfolios().at(static_cast<std::size_t>(index));
-    auto* frame =
-        new QGroupBox(name == PortfolioName::in_overview ? portfolio.overview_name : portfolio.name);
-    frame->setObjectName(u"framPort_%1"_s.arg(index));
+    QGroupBox* frame =
+        control::frame(name == PortfolioName::in_overview ? portfolio.overview_name : portfolio.name,
+                       u"framPort_%1"_s.arg(index).toLatin1());
     auto* row = new QHBoxLayout(frame);
     auto* picture = new QLabel;
     picture->setPixmap(allocation_picture(portfolio, 8 * theme::grid));

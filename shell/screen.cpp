@@ -15,6 +15,7 @@
 #include <stdexcept>
 
 #include "shell/entry_box.h"
+#include "shell/captioned_frame.h"
 #include "shell/focus_ring.h"
 #include "shell/text.h"
 #include "shell/theme.h"
@@ -482,7 +483,7 @@ QLabel* words_beside(QToolButton* picture, const QString& text, const char* name
 }
 
 QGroupBox* frame(const QString& caption, const char* name) {
-    auto* frame = new QGroupBox(caption);
+    auto* frame = new CaptionedFrame(caption);
     frame->setObjectName(QString::fromLatin1(name));
     return frame;
 }

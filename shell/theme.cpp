@@ -77,8 +77,10 @@ QPalette palette() {
     return palette;
 }
 
-QString style_sheet(double base) {
+QString style_sheet(const QFont& font) {
     const Colors& c = colors_;
+    const double base = font.pointSizeF();
+    const int indicator = QFontInfo(font).pixelSize() / 2 * 2;  // even, else circles are off centre
     const auto points = [&](double factor) { return QString::number(base * factor, 'f', 1); };
     return uR"(
         QFrame#titleband { background: %1; border: none; }
@@ -86,9 +88,8 @@ QString style_sheet(double base) {
         QFrame#navigation { background: %3; border: none; border-top: 1px solid %4; }
         QGroupBox { background: %3; border: 1px solid %4; border-radius: 6px; margin-top: 0px;
                     padding: %10px 8px 4px 8px; }
-        QGroupBox::title { subcontrol-origin: padding; subcontrol-position: top left;
-                           left: 12px; top: 10px; color: %5; }
-        QFrame#card { background: %3; border: 1px solid %4; border-radius: 6px; }
+        QFrame#card, QFrame#summary { background: %3; border: 1px solid %4; border-radius: 6px; }
+        QFrame#summary:focus { border: 2px solid %5; }
         QLabel[role="title"] { font-size: %6pt; font-weight: 600; }
         QPushButton#lblkelv { font-size: %9pt; font-weight: 700; color: %5; border: none;
                               background: transparent; padding: 0px 16px; }
@@ -106,14 +107,14 @@ QString style_sheet(double base) {
         QHeaderView::section { background: %12; color: %13; font-weight: 600; border: none;
                                border-bottom: 1px solid %4; padding: 4px 8px; }
         QTableView { border: 1px solid %4; gridline-color: transparent; }
-        kelvar--Grid::item { border: 0px; padding: 0px 8px; }
+        kelvar--Grid::item { border: 0px; padding: 0px 5px; }
         QTableView:focus { border: 2px solid %5; }
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))
-        .arg(static_cast<int>(base * 2.6))
+        .arg(QFontMetrics(font).height() + theme::grid)
         .arg(c.note.name(), dark_ ? c.card.lighter(130).name() : u"#e3ebf2"_s, c.text.name(),
              QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name())
-        .arg(static_cast<int>(base * 1.3));
+        .arg(indicator);
 }
 
 const char* role_name(Role role) {
@@ -160,7 +161,7 @@ void apply(QApplication& application) {
     font.setPointSizeF(std::max(11.0, font.pointSizeF()));
     application.setFont(font);
     application.setPalette(palette());
-    application.setStyleSheet(style_sheet(font.pointSizeF()));
+    application.setStyleSheet(style_sheet(font));
     application.setWindowIcon(icon(u"kelvar"_s));
 }
 

@@ -1,6 +1,5 @@
 #include "shell/wrapping_radio_button.h"
 
-#include <QStyleOptionButton>
 #include <QStylePainter>
 
 namespace kelvar {
@@ -21,9 +20,17 @@ WrappingRadioButton::WrappingRadioButton(const QString& text, const QString& nam
     setSizePolicy(policy);
 }
 
+// An ordinary option button of one line, as which the first line is laid out.
+QStyleOptionButton WrappingRadioButton::first_line() const {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.rect = QRect(0, 0, width(), fontMetrics().height() + 2 * margin);
+    return option;
+}
+
 int WrappingRadioButton::text_left() const {
-    return style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, this) +
-           style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, this) + margin;
+    const QStyleOptionButton option = first_line();
+    return style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this).left();
 }
 
 QRect WrappingRadioButton::text_rect(int width) const {
@@ -47,12 +54,9 @@ QSize WrappingRadioButton::minimumSizeHint() const {
 
 void WrappingRadioButton::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
-    QStyleOptionButton option;
-    initStyleOption(&option);
+    QStyleOptionButton option = first_line();
     const QRect text = text_rect(width());
-    const int line = fontMetrics().height();
-    option.rect =
-        QRect(0, margin, style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, &option, this), line);
+    option.rect = style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, this);
     painter.drawPrimitive(QStyle::PE_IndicatorRadioButton, option);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));

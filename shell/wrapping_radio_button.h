@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRadioButton>
+#include <QStyleOptionButton>
 
 namespace kelvar {
 
@@ -21,6 +22,7 @@ protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 
 private:
+    QStyleOptionButton first_line() const;
     int text_left() const;
     QRect text_rect(int width) const;
 };

@@ -7,19 +7,26 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QGraphicsSimpleTextItem>
+#include <QGraphicsView>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStandardItemModel>
 #include <QTableView>
 #include <cmath>
 #include <set>
 
 #include "output/bar_chart.h"
 #include "output/printing.h"
+#include "shell/grid.h"
 #include "shell/theme.h"
+#include "shell/wrapping_radio_button.h"
 #include "tests/support/stations.h"
 
 namespace kelvar::test {
@@ -261,6 +268,91 @@ TEST(Contrast, OutlinesAreDrawn) {
                 }
             }
             EXPECT_GE(outlined, 8) << control->metaObject()->className() << (dark ? ", dark" : "");
+        }
+    }
+}
+
+// The first and last columns of pixels in which anything is drawn.
+struct Ink {
+    int left;
+    int right;
+};
+
+Ink ink(QWidget& widget, const QRect& part) {
+    const QImage image = widget.grab(part).toImage();
+    const int ground = qGray(image.pixel(0, 0));
+    Ink ink{image.width(), -1};
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (std::abs(qGray(image.pixel(x, y)) - ground) > 60) {
+                ink = {std::min(ink.left, x), x};
+            }
+        }
+    }
+    return ink;
+}
+
+TEST(Alignment, HeadingsOfAGridStandOverTheirCells) {
+    for (const double points : {11.0, 22.0}) {
+        const Desktop desktop(points, false);
+        QStandardItemModel model(1, 2);
+        Grid grid("grid", u"Numbers"_s);
+        for (int column = 0; column < 2; ++column) {
+            const auto side = column == 0 ? Qt::AlignLeft : Qt::AlignRight;
+            model.setHorizontalHeaderItem(column, new QStandardItem(u"HH"_s));
+            model.setItem(0, column, new QStandardItem(u"HH"_s));
+            model.horizontalHeaderItem(column)->setTextAlignment(side | Qt::AlignVCenter);
+            model.item(0, column)->setTextAlignment(side | Qt::AlignVCenter);
+        }
+        grid.setModel(&model);
+        grid.resize(600, 300);
+        grid.ensurePolished();
+        for (int column = 0; column < 2; ++column) {
+            QWidget* header = grid.horizontalHeader()->viewport();
+            const QRect cell = grid.visualRect(model.index(0, column));
+            const Ink above = ink(*header, QRect(cell.left(), 2, cell.width(), header->height() - 6));
+            const Ink below = ink(*grid.viewport(), cell);
+            const int slip = column == 0 ? above.left - below.left : above.right - below.right;
+            EXPECT_LE(std::abs(slip), 1) << points << " pt, column " << column;
+        }
+    }
+}
+
+TEST(Alignment, CaptionsOfFramesStandOverTheirContents) {
+    for (const double points : {11.0, 22.0}) {
+        const Desktop desktop(points, false);
+        for (const QString& caption : {u"Balance"_s, u"B&alance"_s, u"Balance in the account &now"_s}) {
+            const std::unique_ptr<QGroupBox> frame(control::frame(caption, "frame"));
+            auto* row = new QHBoxLayout(frame.get());
+            auto* label = theme::label(u"Balance"_s, theme::Role::body);
+            row->addWidget(label);
+            frame->resize(600, 200);
+            frame->ensurePolished();
+            row->activate();
+            const QRect inside = frame->rect().adjusted(5, 5, -5, -5);
+            const Ink above = ink(*frame, {inside.topLeft(), QPoint(inside.right(), label->y() - 1)});
+            const Ink below = ink(*frame, {QPoint(inside.left(), label->y()), inside.bottomRight()});
+            EXPECT_LE(std::abs(above.left - below.left), 1)
+                << points << " pt, " << caption.toStdString();
+        }
+    }
+}
+
+// Options whose captions wrap are round, and drawn as the others are.
+TEST(Alignment, AllOptionsLookAlike) {
+    for (const bool dark : {false, true}) {
+        for (const double points : {11.0, 22.0}) {
+            const Desktop desktop(points, dark);
+            for (const bool chosen : {false, true}) {
+                QRadioButton plain(u"&Payments"_s);
+                WrappingRadioButton wrapping(u"&Payments"_s, u"wrapping"_s);
+                for (QRadioButton* option : {&plain, static_cast<QRadioButton*>(&wrapping)}) {
+                    option->setChecked(chosen);
+                    option->resize(500, wrapping.heightForWidth(500));
+                }
+                EXPECT_EQ(plain.grab().toImage(), wrapping.grab().toImage())
+                    << points << " pt" << (dark ? ", dark" : "");
+            }
         }
     }
 }
