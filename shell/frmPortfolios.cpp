@@ -31,7 +31,9 @@ frmPortfolios::frmPortfolios(const Module1& module, QWidget* parent) : QDialog(p
     setObjectName(u"frmPortfolios"_s);
     setWindowTitle(u"Sample Investment Allocation Portfolios"_s);
     setModal(true);
+    control::only_closes(this);
     auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(portfolio_frame(scenario.portfolio_index, PortfolioName::alone));
     auto* cmdpok = control::button(u"&OK"_s, "cmdpok");
     cmdpok->setDefault(true);

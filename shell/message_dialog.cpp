@@ -18,6 +18,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& text, QWidget* parent) : 
     setObjectName(question ? u"frmmsg1"_s : u"frmmsg"_s);
     setWindowTitle(u"Kelvar"_s);
     setModal(true);
+    control::only_closes(this);
     setAccessibleName(text);
 
     auto* sign = new QLabel;

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QFrame>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <stdexcept>
 
@@ -513,6 +515,18 @@ void refill(QComboBox* list, const QStringList& entries) {
     list->addItems(entries);
     const int kept = list->findText(chosen);
     list->setCurrentIndex(kept >= 0 ? kept : 0);
+}
+
+void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen) {
+    auto* shortcut = new QShortcut(keys, screen);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
+}
+
+void only_closes(QDialog* dialog) {
+    dialog->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
 }  // namespace control

@@ -12,6 +12,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QDialog;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -163,6 +164,11 @@ QLabel* paragraph(const QString& text, const char* name = nullptr);
 // Replaces the entries of a list and keeps the chosen one if it is still there, else chooses the first.
 // Gives no signal. An open list whose entries stay the same stays open.
 void refill(QComboBox* list, const QStringList& entries);
+// Keys that press a button wherever the focus is on its screen, also where letters are typed or looked
+// for.
+void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen);
+// A window over the main one can be closed but neither minimised nor maximised. Before it is shown.
+void only_closes(QDialog* dialog);
 
 }  // namespace control
 

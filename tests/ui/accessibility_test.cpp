@@ -167,14 +167,39 @@ class Dialogs : public UiTest {};
 
 TEST_F(Dialogs, AreReadableAndHoldTheFocus) {
     QStringList seen;
+    const auto expect_good_lines = [&](QDialog& note) {
+        const QList<QLabel*> lines = note.findChildren<QLabel*>(QRegularExpression(u"lblnote_"_s));
+        ASSERT_EQ(lines.size(), 7);
+        for (const QLabel* line : lines) {
+            const QFontMetricsF metrics(line->font());
+            const auto characters = static_cast<double>(line->text().size());
+            const double character = metrics.horizontalAdvance(line->text()) / characters;
+            EXPECT_GE(metrics.xHeight(), QFontMetricsF(window->font()).xHeight() - 0.5);
+            EXPECT_GE(line->width() / character, 75.0) << line->text().toStdString();
+            EXPECT_LE(line->width() / character, 95.0) << line->text().toStdString();
+        }
+        const auto place = [&](const QWidget* widget, QPoint point) {
+            return widget->mapTo(&note, point).y();
+        };
+        const auto* ok = note.findChild<QWidget*>(u"cmdok"_s);
+        EXPECT_LE(place(ok, {}) - place(lines.last(), lines.last()->rect().bottomLeft()),
+                  4 * theme::grid);
+    };
     look_at_dialog = [&](QDialog& dialog) {
         seen << dialog.objectName();
+        EXPECT_EQ(dialog.windowFlags() & (Qt::CustomizeWindowHint | Qt::WindowMinMaxButtonsHint),
+                  Qt::CustomizeWindowHint)
+            << "can be minimised or maximised";
+        if (dialog.objectName() == u"frmclaim"_s) {
+            expect_good_lines(dialog);
+        }
         expect_readable(QAccessible::queryAccessibleInterface(&dialog));
         EXPECT_NE(dialog.focusWidget(), nullptr) << name_of(&dialog);
     };
     go_to_participant();
     click("Cmdnext");  // an empty birth date: a message
     module->ask("Go on?");
+    window->resize(1900, 1000);
     window->show(ScreenId::frmclaim);
     window->show(ScreenId::frmPortfolios);
     EXPECT_EQ(seen.join(u' ').toStdString(), "frmmsg frmmsg1 frmclaim frmPortfolios");
