@@ -58,7 +58,13 @@ void frmdrate::rate_ticked(int index) {
 }
 
 void frmdrate::build_portfolios(QBoxLayout* column) {
-    column->addWidget(theme::label(u"Pre-Arranged Portfolios"_s, theme::Role::section, "lblratetitle"));
+    QBoxLayout* title = control::row();
+    title->addWidget(theme::label(u"Pre-Arranged Portfolios"_s, theme::Role::section, "lblratetitle"),
+                     1);
+    title->addLayout(
+        legend_entry(Share::fixed_income, theme::label(u"Fixed Income Funds"_s, theme::Role::note)));
+    title->addLayout(legend_entry(Share::equity, theme::label(u"Equity Funds"_s, theme::Role::note)));
+    column->addLayout(title);
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(2 * theme::grid);
     const bool one_offered = module.screens.offers(ScreenId::frmPortfolios);
@@ -69,6 +75,8 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
         const Portfolio& portfolio = portfolios().at(static_cast<std::size_t>(index));
         auto* picture = control::picture(u"info"_s, portfolio.name, "");
         picture->setObjectName(u"picrate_%1"_s.arg(index));
+        picture->setAccessibleDescription(allocation(portfolio));
+        picture->setToolTip(allocation(portfolio));
         picture->setIcon(allocation_picture(portfolio, 4 * theme::grid));
         picture->setIconSize(QSize(4 * theme::grid, 4 * theme::grid));
         auto* text = control::words_beside(picture, u"Click the picture for detailed information"_s,

@@ -39,7 +39,7 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
                                .text = palette().color(QPalette::WindowText),
                                .lines = theme::colors().border,
                                .bars = theme::colors().accent,
-                               .steps = theme::large_text() ? 2 : 5})),
+                               .most_steps = theme::large_text() ? 4 : 8})),
       view_(new QChartView(drawing_)),
       readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
@@ -69,26 +69,22 @@ BarChart::BarChart(const char* name, const QString& accessible_name)
 
 void BarChart::show_bars(const BarData& bars) {
     data_ = bars;
+    if (data_.whole.isEmpty()) {
+        data_.whole = accessibleName();
+    }
     drawing_->draw(bars);
+    const int titles = (bars.value_title.isEmpty() ? 0 : 1) + (bars.label_title.isEmpty() ? 0 : 1);
+    setMinimumHeight(minimumHeight() + titles * fontMetrics().height());
     legend_->setVisible(bars.sets.size() > 1);
     for (std::size_t set = 0; set < bars.sets.size(); ++set) {
         add_legend_key(set);
     }
-    say_selected(hasFocus());
+    say();
 }
 
 void BarChart::add_legend_key(std::size_t set) {
-    const int side = 2 * theme::grid;
-    const QColor accent = theme::colors().accent;
-    QPixmap key(side, side);
-    key.fill(palette().color(QPalette::Base));
-    QPainter painter(&key);
-    painter.setPen(QPen(accent, 1.5));
-    painter.setBrush(set == 0 ? QBrush(accent) : QBrush(accent, Qt::BDiagPattern));
-    painter.drawRect(1, 1, side - 3, side - 3);
-    painter.end();
     auto* picture = new QLabel;
-    picture->setPixmap(key);
+    picture->setPixmap(theme::legend_key(set == 0 ? Qt::SolidPattern : Qt::BDiagPattern));
     auto* entry = new QHBoxLayout;
     entry->addWidget(picture);
     entry->addWidget(theme::label(data_.sets[set].name, theme::Role::body));
@@ -114,30 +110,48 @@ void BarChart::select(int place) {
         return;
     }
     selected_ = std::clamp(place, 0, drawing_->places() - 1);
-    say_selected(true);
+    say_selected();
 }
 
 void BarChart::choose(int label) {
     selected_ = label * static_cast<int>(data_.sets.size());
-    say_selected(hasFocus());
+    say();
+}
+
+void BarChart::say() {
+    if (hasFocus()) {
+        say_selected();
+    } else {
+        say_whole();
+    }
 }
 
 bool BarChart::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) {
         const QPoint point = static_cast<QMouseEvent*>(event)->pos();
         const int place = drawing_->place_at(drawing_->mapFromScene(view_->mapToScene(point)));
-        if (place >= 0 && place != selected_) {
+        if (place < 0) {
+            say();
+        } else if (readout_->text() != sentence(place)) {
             select(place);
         }
+    } else if (event->type() == QEvent::Leave) {
+        say();
     }
     return QWidget::eventFilter(watched, event);
 }
 
-void BarChart::say_selected(bool marked) {
+void BarChart::say_whole() {
+    drawing_->mark(-1);
+    readout_->setText(data_.whole);
+    setAccessibleDescription(data_.whole);
+}
+
+void BarChart::say_selected() {
     if (drawing_->places() == 0) {
         return;
     }
-    drawing_->mark(marked ? selected_ : -1);
+    drawing_->mark(selected_);
     readout_->setText(sentence(selected_));
     setAccessibleDescription(sentence(selected_));
     if (hasFocus()) {
@@ -178,12 +192,12 @@ void BarChart::keyPressEvent(QKeyEvent* event) {
 
 void BarChart::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    say_selected(true);
+    say();
 }
 
 void BarChart::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
-    say_selected(false);
+    say();
 }
 
 }  // namespace kelvar

@@ -1,5 +1,5 @@
 // A bar chart on a screen: arrow keys or the pointer say each bar in words below it, and to screen
-// readers.
+// readers; without focus and pointer the words are on the chart as a whole.
 #pragma once
 
 #include <QWidget>
@@ -29,7 +29,7 @@ public:
     // What a bar shows, such as "2021: Total paid $9,036.72".
     QString sentence(int bar) const;
 
-    // Says the first bar of this label, as if the arrow keys had chosen it.
+    // The arrow keys go on from the first bar of this label; with the focus it is said at once.
     void choose(int label);
 
 protected:
@@ -41,7 +41,9 @@ protected:
 private:
     void add_legend_key(std::size_t set);
     void select(int place);
-    void say_selected(bool marked);
+    void say();
+    void say_selected();
+    void say_whole();
 
     BarData data_;
     BarDrawing* drawing_ = nullptr;

@@ -9,8 +9,10 @@
 #include <QGraphicsSimpleTextItem>
 #include <QLegend>
 #include <algorithm>
+#include <cmath>
 
 #include "core/numbers.h"
+#include "engine/axis.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -48,8 +50,7 @@ BarDrawing::BarDrawing(const Look& look)
     series_->setBarWidth(bar_width);
     value_axis_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
     value_axis_->setGridLineColor(look.lines);
-    value_axis_->setLabelsColor(look.text);
-    value_axis_->setLabelsFont(look.font);
+    value_axis_->setLabelsVisible(false);  // they would be cut to dots where the ticks are close
     value_axis_->setLinePenColor(look.lines);
     label_axis_->setGridLineVisible(false);
     label_axis_->setLabelsVisible(false);
@@ -70,9 +71,10 @@ void BarDrawing::draw(const BarData& data) {
     const int line = line_height();
     const qsizetype bars = data.labels.size() * static_cast<qsizetype>(data.sets.size());
     turned_ = look_.turn_values_beyond > 0 && bars > look_.turn_values_beyond;
-    setMargins(
-        {theme::grid, turned_ ? 4 * line : line, theme::grid, line / 2 + (two_lines ? 2 : 1) * line});
-    set_ticks(data.upper);
+    const int above = (turned_ ? 4 : 1) + (data.value_title.isEmpty() ? 0 : 1);
+    const int below = (two_lines ? 2 : 1) + (data.label_title.isEmpty() ? 0 : 1);
+    const int left = set_ticks(data.upper);
+    setMargins({left, above * line, theme::grid, line / 2 + below * line});
     for (const BarSet& set : data.sets) {
         add_set(set);
     }
@@ -85,20 +87,28 @@ void BarDrawing::draw(const BarData& data) {
             value_texts_.push_back(add_text(short_text(value, unit_), value_font));
         }
     }
+    value_title_ = add_text(data.value_title, look_.font);
+    label_title_ = add_text(data.label_title, look_.font);
     place_texts();
 }
 
 int BarDrawing::line_height() const {
-    return static_cast<int>(QFontMetricsF(look_.font).height());
+    return static_cast<int>(std::ceil(QFontMetricsF(look_.font).height())) + 1;
 }
 
-// The bounds are among the ticks.
-void BarDrawing::set_ticks(double upper) {
+// Gives the room that their texts need. The upper bound has none unless it is a tick: it would be in
+// the way of the last one.
+int BarDrawing::set_ticks(double upper) {
     value_axis_->setRange(0.0, upper);
-    for (int step = 0; step <= look_.steps; ++step) {
-        const double value = upper * step / look_.steps;
-        value_axis_->append(short_text(value, unit_), value);
+    const double step = tick_step(upper, look_.most_steps);
+    double widest = 0.0;
+    for (int tick = 0; tick * step <= upper; ++tick) {
+        const QString text = short_text(tick * step, unit_);
+        value_axis_->append(text, tick * step);
+        tick_texts_.emplace_back(tick * step, add_text(text, look_.font));
+        widest = std::max(widest, tick_texts_.back().second->boundingRect().width());
     }
+    return 2 * theme::grid + static_cast<int>(widest);
 }
 
 void BarDrawing::add_set(const BarSet& set) {
@@ -149,6 +159,8 @@ void BarDrawing::place_texts() {
     const double slot = plotArea().width() / static_cast<double>(label_texts_.size());
     place_labels(slot);
     place_values(slot);
+    place_ticks();
+    place_titles();
 }
 
 // Every label, or every second, fifth, tenth and so on, so that none touches the next. A wide label of
@@ -204,6 +216,24 @@ void BarDrawing::place_values(double slot) {
         }
         text->setVisible(fits);
     }
+}
+
+void BarDrawing::place_ticks() {
+    for (const auto& [value, text] : tick_texts_) {
+        const QSizeF size = text->boundingRect().size();
+        text->setPos(plotArea().left() - gap - size.width(),
+                     mapToPosition({0.0, value}, series_).y() - size.height() / 2);
+    }
+}
+
+void BarDrawing::place_titles() {
+    if (value_title_ == nullptr) {
+        return;
+    }
+    const QSizeF size = label_title_->boundingRect().size();
+    value_title_->setPos(theme::grid, 0.0);
+    label_title_->setPos(plotArea().center().x() - size.width() / 2,
+                         this->size().height() - size.height());
 }
 
 QPointF BarDrawing::bar_top(int place) {

@@ -22,12 +22,15 @@ struct BarSet {
 
 enum class BarUnit { dollars, years };
 
-// What is drawn. `upper` is the upper bound of the axis.
+// What is drawn. `upper` is the upper bound of the axis, a whole number of at least 1.
 struct BarData {
     QStringList labels;
     std::vector<BarSet> sets;
     double upper = 1.0;
     BarUnit unit = BarUnit::dollars;
+    QString value_title{};  // above the value axis; may be empty
+    QString label_title{};  // below the labels; may be empty
+    QString whole{};        // the chart in one sentence; empty: its accessible name
 };
 
 class BarDrawing : public QChart {
@@ -40,7 +43,7 @@ public:
         QColor text;
         QColor lines;
         QColor bars;
-        int steps = 5;               // of the value axis
+        int most_steps = 8;          // of the value axis
         int turn_values_beyond = 0;  // this many bars the values read upwards; 0 never
     };
 
@@ -59,11 +62,13 @@ public:
 
 private:
     void add_set(const BarSet& set);
-    void set_ticks(double upper);
+    int set_ticks(double upper);
     QGraphicsSimpleTextItem* add_text(const QString& text, const QFont& font);
     int line_height() const;
     void place_texts();
     void place_values(double slot);
+    void place_ticks();
+    void place_titles();
     void place_labels(double slot);
     QPointF bar_top(int place);
 
@@ -75,6 +80,9 @@ private:
     QCategoryAxis* value_axis_ = nullptr;
     std::vector<QGraphicsSimpleTextItem*> label_texts_;
     std::vector<QGraphicsSimpleTextItem*> value_texts_;
+    std::vector<std::pair<double, QGraphicsSimpleTextItem*>> tick_texts_;  // with their values
+    QGraphicsSimpleTextItem* value_title_ = nullptr;
+    QGraphicsSimpleTextItem* label_title_ = nullptr;
 };
 
 // "$1,200" or "14" on the axis; "$1,200.00" or "14 years" in words.

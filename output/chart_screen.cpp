@@ -96,7 +96,8 @@ void ChartScreen::get_headings() {
     add_value(u"Current Account Balance:"_s,
               to_qt(format_number(distrib.number("curvalue"), "$###,###,##0.00")), "lblcurvalue");
     add_values(distrib);
-    add_value(u"Your Total Pay-Back:"_s, to_qt(distrib.text("totalvalue")), "lbltotalvalue");
+    total_paid_ = to_qt(distrib.text("totalvalue"));
+    add_value(u"Your Total Pay-Back:"_s, total_paid_, "lbltotalvalue");
 }
 
 void ChartScreen::add_line(const QString& text, const char* name) {
@@ -132,6 +133,7 @@ BarData ChartScreen::get_gdata() {
 
 void ChartScreen::period_chart(BarData bars) {
     bars.upper = y_max(std::ranges::max(bars.sets.front().values));
+    bars.whole = u"All payments: Total paid "_s + total_paid_;
     grphsche->show_bars(bars);
 }
 

@@ -45,6 +45,7 @@ private:
     QString rate_;
     QString printed_lines_;  // the same headings as HTML
     QString printed_values_;
+    QString total_paid_;
     BarChart* grphsche = nullptr;
 };
 

@@ -16,7 +16,7 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& cell, int role = Qt::DisplayRole) const override;
 
-    // "10 % a year at 6 % lasts 15 years"; empty for the cells with the rates themselves.
+    // "10% a year at 6% lasts 15 years"; empty for the cells with the rates themselves.
     QString sentence(const QModelIndex& cell) const;
 };
 

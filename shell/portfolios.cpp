@@ -65,27 +65,43 @@ QPixmap allocation_picture(const Portfolio& portfolio, int size) {
     return picture;
 }
 
+QBoxLayout* legend_entry(Share share, QLabel* words) {
+    auto* key = new QLabel;
+    key->setPixmap(
+        theme::legend_key(share == Share::fixed_income ? Qt::BDiagPattern : Qt::SolidPattern));
+    auto* entry = new QHBoxLayout;
+    entry->setSpacing(theme::grid);
+    entry->addWidget(key);
+    entry->addWidget(words, 1);
+    return entry;
+}
+
+QString allocation(const Portfolio& portfolio) {
+    return portfolio.fixed_income + u", "_s + portfolio.equity;
+}
+
 QGroupBox* portfolio_frame(int index, PortfolioName name) {
     const Portfolio& portfolio = portfolios().at(static_cast<std::size_t>(index));
     QGroupBox* frame =
         control::frame(name == PortfolioName::in_overview ? portfolio.overview_name : portfolio.name,
                        u"framPort_%1"_s.arg(index).toLatin1());
     auto* row = new QHBoxLayout(frame);
+    row->setSpacing(2 * theme::grid);
     auto* picture = new QLabel;
     picture->setPixmap(allocation_picture(portfolio, 8 * theme::grid));
-    picture->setAccessibleName(portfolio.fixed_income + u", "_s + portfolio.equity);
+    picture->setAccessibleName(allocation(portfolio));
     row->addWidget(picture, 0, Qt::AlignTop);
     auto* funds = new QVBoxLayout;
     funds->setSpacing(2);
-    const auto add_group = [funds](const QString& heading, const QStringList& lines) {
-        funds->addWidget(theme::label(heading, theme::Role::value));
+    const auto add_group = [funds](Share share, const QString& heading, const QStringList& lines) {
+        funds->addLayout(legend_entry(share, theme::label(heading, theme::Role::value)));
         for (const QString& line : lines) {
             funds->addWidget(theme::label(line, theme::Role::body));
         }
     };
-    add_group(portfolio.fixed_income, portfolio.fixed_income_funds);
+    add_group(Share::fixed_income, portfolio.fixed_income, portfolio.fixed_income_funds);
     funds->addSpacing(theme::grid / 2);
-    add_group(portfolio.equity, portfolio.equity_funds);
+    add_group(Share::equity, portfolio.equity, portfolio.equity_funds);
     funds->addStretch(1);
     row->addLayout(funds, 1);
     return frame;

@@ -6,6 +6,9 @@
 #include <QStringList>
 #include <array>
 
+class QBoxLayout;
+class QLabel;
+
 namespace kelvar {
 
 struct Portfolio {
@@ -23,6 +26,13 @@ const std::array<Portfolio, 4>& portfolios();
 
 // A pie of the shares: fixed income hatched, equity solid. `size` in pixels.
 QPixmap allocation_picture(const Portfolio& portfolio, int size);
+
+// The same in words: "Fixed Income Funds - 20%, Equity Funds - 80%".
+QString allocation(const Portfolio& portfolio);
+
+// Words beside the pattern that a share has in the pie.
+enum class Share { fixed_income, equity };
+QBoxLayout* legend_entry(Share share, QLabel* words);
 
 enum class PortfolioName { alone, in_overview };
 QGroupBox* portfolio_frame(int index, PortfolioName name);

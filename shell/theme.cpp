@@ -202,4 +202,15 @@ QPixmap picture(const QString& name, int size) {
     return render(drawing(name), colors_.accent, size);
 }
 
+QPixmap legend_key(Qt::BrushStyle pattern) {
+    constexpr int side = 2 * grid;
+    QPixmap key(side, side);
+    key.fill(Qt::transparent);
+    QPainter painter(&key);
+    painter.setPen(QPen(colors_.accent, 1.5));
+    painter.setBrush(QBrush(colors_.accent, pattern));
+    painter.drawRect(1, 1, side - 3, side - 3);
+    return key;
+}
+
 }  // namespace kelvar::theme

@@ -44,5 +44,7 @@ QLabel* label(const QString& text, Role role, const char* name = nullptr);
 // size in device-independent pixels.
 QIcon icon(const QString& name);
 QPixmap picture(const QString& name, int size);
+// The square beside a word of a legend, filled with this pattern in the accent colour.
+QPixmap legend_key(Qt::BrushStyle pattern);
 
 }  // namespace kelvar::theme

@@ -218,10 +218,33 @@ TEST_P(EveryScreen, BarsOfAChartAreItsChildren) {
         EXPECT_EQ(element->indexOfChild(last), chart->bars() - 1);
         EXPECT_EQ(last->text(QAccessible::Name), text_of("lblreadout"));
         EXPECT_FALSE(element->child(0)->state().focused);
+        press(Qt::Key_Tab);  // now the words are on the chart as a whole
+        EXPECT_EQ(text_of("lblreadout"), chart->accessibleDescription());
+        for (int bar = 0; bar < chart->bars(); ++bar) {
+            EXPECT_NE(text_of("lblreadout"), chart->sentence(bar));
+        }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, EveryScreen, ::testing::ValuesIn(stations()), station_name);
+
+// Neither labels nor values nor titles of a drawing lie on each other, nor outside.
+void expect_texts_apart(const QGraphicsView& view) {
+    std::vector<const QGraphicsSimpleTextItem*> texts;
+    for (const QGraphicsItem* item : view.scene()->items()) {
+        const auto* text = dynamic_cast<const QGraphicsSimpleTextItem*>(item);
+        if (text == nullptr || !text->isVisible() || text->text().isEmpty()) {
+            continue;
+        }
+        const QRectF place = text->sceneBoundingRect();
+        EXPECT_TRUE(view.sceneRect().contains(place)) << text->text().toStdString();
+        for (const QGraphicsSimpleTextItem* other : texts) {
+            EXPECT_FALSE(place.intersects(other->sceneBoundingRect()))
+                << text->text().toStdString() << " lies on " << other->text().toStdString();
+        }
+        texts.push_back(text);
+    }
+}
 
 struct LargeDesktop {
     Desktop desktop{22.0, false};
@@ -249,6 +272,9 @@ TEST_P(LargeText, IsNotClipped) {
             label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
         EXPECT_TRUE(needed.width() <= label->width() && needed.height() <= label->height())
             << name_of(label) << ": " << label->text().toStdString();
+    }
+    for (const QGraphicsView* chart : visible<QGraphicsView>()) {
+        expect_texts_apart(*chart);
     }
     for (const QAbstractButton* button : visible<QAbstractButton>()) {
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << name_of(button);

@@ -111,7 +111,7 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     EXPECT_EQ(module->database().distrib().number("fixamount"), 2500.0);
 }
 
-// 1,000 a month outlives the account without growth, but at 5 % and more it never empties it.
+// 1,000 a month outlives the account without growth, but at 5% and more it never empties it.
 TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     const std::string limit =
         "Because of the assumed rate of return you selected, the total number of payments in this "

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <QCategoryAxis>
+#include <QChartView>
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
