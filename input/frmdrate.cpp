@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMouseEvent>
 #include <algorithm>
 
 #include "input/distribution_rules.h"
@@ -86,7 +85,7 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
         connect(picture, &QToolButton::clicked, this, [this, index, picture] {
             show_portfolio(index, picture->mapTo(this, picture->rect().bottomLeft()));
         });
-        lblport[static_cast<std::size_t>(index)] = text;
+        picrate[static_cast<std::size_t>(index)] = picture;
         auto* words = new QVBoxLayout;
         words->setSpacing(0);
         words->addWidget(theme::label(portfolio.name, theme::Role::body));
@@ -189,16 +188,13 @@ void frmdrate::show_portfolio(int index, QPoint position) {
     module.screens.show(ScreenId::frmPortfolios);
 }
 
-// The words beside a portfolio show it where they were clicked.
-bool frmdrate::eventFilter(QObject* watched, QEvent* event) {
-    const auto label = std::ranges::find(lblport, watched);
-    if (label != lblport.end() && event->type() == QEvent::MouseButtonRelease &&
-        (*label)->isEnabled()) {
-        const QPoint position = static_cast<QMouseEvent*>(event)->position().toPoint();
-        show_portfolio(static_cast<int>(label - lblport.begin()), (*label)->mapTo(this, position));
-        return true;
+void frmdrate::words_clicked(QToolButton* picture, QPoint place) {
+    const auto portfolio = std::ranges::find(picrate, picture);
+    if (portfolio == picrate.end()) {
+        Screen::words_clicked(picture, place);
+    } else {
+        show_portfolio(static_cast<int>(portfolio - picrate.begin()), place);
     }
-    return Screen::eventFilter(watched, event);
 }
 
 void frmdrate::go_next() {

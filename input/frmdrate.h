@@ -19,7 +19,8 @@ public:
     void activate() override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    // The words beside a portfolio show it where they were clicked.
+    void words_clicked(QToolButton* picture, QPoint place) override;
     void go_next() override;
     void go_previous() override;
 
@@ -34,7 +35,7 @@ private:
     void show_portfolio(int index, QPoint position);
 
     std::array<QCheckBox*, 5> chkrate{};
-    std::array<QLabel*, 4> lblport{};  // by portfolio
+    std::array<QToolButton*, 4> picrate{};  // by portfolio
 };
 
 }  // namespace kelvar

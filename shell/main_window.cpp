@@ -52,8 +52,7 @@ void MainWindow::load(Module1& module) {
     fit_to_display();
     resize(stack_->minimumSize());
     centre();
-    module.scenario.main_offset_x = x();
-    module.scenario.main_offset_y = y();
+    record_place();
     show(ScreenId::frmkelvd);
 }
 
@@ -62,6 +61,19 @@ void MainWindow::fit_to_display() {
     const QSize frame = frameGeometry().size() - geometry().size();
     const QSize room = screen()->availableGeometry().size() - frame.expandedTo(usual_frame);
     stack_->setMinimumSize(standard_.boundedTo(room));
+}
+
+// Where notes that open at the pointer reckon from.
+void MainWindow::record_place() {
+    if (module_ != nullptr) {
+        module_->scenario.main_offset_x = x();
+        module_->scenario.main_offset_y = y();
+    }
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    record_place();
 }
 
 void MainWindow::centre() {

@@ -57,10 +57,12 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
 private:
     void fit_to_display();
     void centre();
+    void record_place();
     void bring_topmost_to_front();
     bool run_message(bool question, const std::string& text);
 

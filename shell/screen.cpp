@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QWindow>
 #include <stdexcept>
 
 #include "shell/entry_box.h"
@@ -259,7 +260,7 @@ bool Screen::keeps_back(QWidget* widget, QEvent* event) {
                    (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event) ||
                     select_by_shortcut(*widget));
         case QEvent::MouseButtonRelease:
-            return press_by_words(qobject_cast<QLabel*>(widget), *event) ||
+            return press_by_words(widget, static_cast<const QMouseEvent&>(*event)) ||
                    choose_by_click(widget, *event);
         case QEvent::MouseButtonDblClick:  // the first click may have been on the screen before
             return widget->parentWidget() == navigation_->parentWidget();
@@ -277,8 +278,16 @@ bool Screen::keeps_back(QWidget* widget, QEvent* event) {
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     auto* widget = qobject_cast<QWidget*>(watched);
+    const bool second_click =
+        type == QEvent::MouseButtonDblClick && watched == window()->windowHandle();
+    if (second_click && !pressed_here_) {
+        return true;  // not even the focus goes there
+    }
     if (widget != nullptr && (finishes_leaving(widget, event) || keeps_back(widget, event))) {
         return true;
+    }
+    if (widget != nullptr && type == QEvent::MouseButtonPress) {
+        follow_press(widget, static_cast<const QMouseEvent&>(*event));
     }
     if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
         type == QEvent::ShortcutOverride) {
@@ -325,16 +334,42 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-// Words beside a picture.
-bool Screen::press_by_words(const QLabel* words, const QEvent& event) {
-    auto* picture = words == nullptr ? nullptr : qobject_cast<QToolButton*>(words->buddy());
-    const auto& release = static_cast<const QMouseEvent&>(event);
-    if (picture == nullptr || !isAncestorOf(words) || release.button() != Qt::LeftButton ||
-        !words->rect().contains(release.position().toPoint())) {
+namespace {
+
+// The picture beside which a widget is the words.
+QToolButton* picture_beside(const QWidget* widget) {
+    const auto* words = qobject_cast<const QLabel*>(widget);
+    return words == nullptr ? nullptr : qobject_cast<QToolButton*>(words->buddy());
+}
+
+}  // namespace
+
+// A press that nobody takes comes once more to what lies around; only the first one is of interest.
+void Screen::follow_press(QWidget* widget, const QMouseEvent& press) {
+    pressed_here_ = widget == this || isAncestorOf(widget);
+    if (picture_beside(widget) != nullptr || !widget->isAncestorOf(pressed_words_)) {
+        const bool left = press.button() == Qt::LeftButton && press.buttons() == Qt::LeftButton;
+        pressed_words_ = left && picture_beside(widget) != nullptr ? widget : nullptr;
+    }
+}
+
+// The left button went down on words beside a picture and comes up on them.
+bool Screen::press_by_words(QWidget* widget, const QMouseEvent& release) {
+    const QPoint place = release.position().toPoint();
+    if (widget != pressed_words_ || release.button() != Qt::LeftButton || !isAncestorOf(widget)) {
         return false;
     }
-    picture->click();
+    pressed_words_ = nullptr;
+    QToolButton* picture = picture_beside(widget);
+    if (!widget->rect().contains(place) || !picture->isEnabled()) {
+        return false;
+    }
+    words_clicked(picture, widget->mapTo(this, place));
     return true;
+}
+
+void Screen::words_clicked(QToolButton* picture, QPoint) {
+    picture->click();
 }
 
 // Alt and a letter press a button at once, after what leaving the field before has to say; after a
@@ -437,6 +472,7 @@ void Screen::keyPressEvent(QKeyEvent* event) {
 
 void Screen::showEvent(QShowEvent* event) {
     qApp->installEventFilter(this);
+    pressed_here_ = false;
     QWidget::showEvent(event);
 }
 

@@ -104,6 +104,9 @@ protected:
     QToolButton* picnext = nullptr;
     QPushButton* cmdclose = nullptr;
 
+    // A click on the words beside a picture, at a place of this screen. Presses the picture.
+    virtual void words_clicked(QToolButton* picture, QPoint place);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -118,7 +121,8 @@ private:
     void left(QWidget* field, bool by_tab);
     bool finishes_leaving(QWidget* receiver, QEvent* event);
     bool keeps_back(QWidget* widget, QEvent* event);
-    bool press_by_words(const QLabel* words, const QEvent& event);
+    void follow_press(QWidget* widget, const QMouseEvent& press);
+    bool press_by_words(QWidget* widget, const QMouseEvent& release);
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
     bool select_by_shortcut(const QWidget& caption);
     bool choose_by_click(QWidget* clicked, const QEvent& event);
@@ -133,6 +137,8 @@ private:
     std::vector<std::pair<QWidget*, QAbstractButton*>> opened_by_;
     QPointer<QWidget> last_focus_;
     QPointer<FocusRing> focus_ring_;
+    QPointer<QWidget> pressed_words_;  // with the left button, which is still down
+    bool pressed_here_ = false;        // the last press of a mouse button was on this screen
     bool error_shown_ = false;
 };
 

@@ -3,8 +3,11 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QScreen>
 #include <QTableView>
+#include <QTest>
+#include <QToolButton>
 
 #include "shell/frmPortfolios.h"
 #include "tests/support/ui_harness.h"
@@ -51,12 +54,37 @@ TEST_F(Notes, OnTheRatesScreen) {
     EXPECT_EQ(module->scenario.portfolio_index, 0);
     EXPECT_EQ(notes_shown, (QStringList{u"frmPortfolios"_s, u"frmPortfolios"_s}));
     EXPECT_EQ(screen_name(), u"frmdrate"_s);
+
+    // Nothing but a left click on the words opens it.
+    auto* words = find<QLabel>("lblport_3");
+    auto* other = find<QLabel>("lblport_1");
+    const QPoint outside(5, words->height() + 30);
+    QTest::mouseClick(words, Qt::RightButton, {}, QPoint(5, 5));
+    QTest::mousePress(words, Qt::LeftButton, {}, QPoint(5, 5));
+    QTest::mouseRelease(words, Qt::LeftButton, {}, outside);
+    QTest::mousePress(other, Qt::LeftButton, {}, QPoint(5, 5));
+    QTest::mouseRelease(words, Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(notes_shown.size(), 2);
+    QTest::mouseClick(words, Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(notes_shown.size(), 3);
+    EXPECT_EQ(module->scenario.portfolio_click_x,
+              words->mapTo(window->visible_screen(), QPoint(5, 5)).x());
+
+    EXPECT_EQ(find<QToolButton>("picrate_1")->accessibleDescription(),
+              u"Fixed Income Funds - 40%, Equity Funds - 60%"_s);
 }
 
 // Wherever the user pointed, the note stays on the screen; it spells the name that the overview
 // misspells.
 TEST_F(Notes, OnePortfolioStaysOnTheScreen) {
     module->scenario.portfolio_index = 2;
+    module->scenario.portfolio_click_x = 100.0;
+    module->scenario.portfolio_click_y = 200.0;
+    for (const QPoint place : {QPoint(20, 30), QPoint(45, 60)}) {
+        window->move(place);  // the note goes with it
+        settle();
+        EXPECT_EQ(frmPortfolios(*module, window.get()).pos(), window->pos() + QPoint(100, 100));
+    }
     for (const double far : {-5000.0, 5000.0}) {
         module->scenario.portfolio_click_x = far;
         module->scenario.portfolio_click_y = far;

@@ -249,7 +249,20 @@ TEST_F(ScreenTest, ClickIntoAListTakesOverTheBoxBefore) {
     EXPECT_EQ(focus_name(), u"mskbirth"_s);
 }
 
-TEST_F(ScreenTest, DoubleClickPressesNextOnce) {
+// The first click of the two was on the screen before.
+TEST_F(ScreenTest, DoubleClickActsOnce) {
+    for (const char* name : {"pictime", "lbltime"}) {
+        start_program();
+        click("Cmdnext");
+        const auto* control = find<QWidget>(name);
+        const QPoint spot = control->mapTo(window.get(), control->rect().center());
+        start_program();
+        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, spot);
+        settle();
+        EXPECT_EQ(screen_name(), u"frmdist"_s) << name;
+        EXPECT_EQ(focus_name(), u"Cmdnext"_s) << name;
+    }
+    start_program();
     go_to_length();
     auto* next = find<QPushButton>("Cmdnext");
     const QPointF spot = next->rect().center();
