@@ -1,6 +1,5 @@
 #include "output/chart_screen.h"
 
-#include <QFrame>
 #include <QLabel>
 #include <QPagedPaintDevice>
 #include <QTextDocument>
@@ -11,6 +10,7 @@
 #include "engine/yearly_totals.h"
 #include "output/bar_chart.h"
 #include "output/page_painter.h"
+#include "output/summary_panel.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -43,10 +43,9 @@ QString month_and_year(const Recordset& schedule) {
 ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
     : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
       id_(id) {
-    auto* card = new QFrame;
-    card->setObjectName(u"card"_s);
-    auto* columns =
-        new QBoxLayout(theme::large_text() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, card);
+    summary_ = new SummaryPanel;
+    auto* columns = control::row();
+    summary_->setLayout(columns);
     columns->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
     lines_ = new QVBoxLayout;
     lines_->setSpacing(theme::grid / 2);
@@ -59,7 +58,7 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
     right->addStretch(1);
     columns->addLayout(right);
     content()->setSpacing(theme::grid);
-    content()->addWidget(card);
+    content()->addWidget(summary_);
 
     grphsche = new BarChart("grphsche", u"Payments by calendar year"_s);
     content()->addWidget(grphsche, 1);
@@ -110,9 +109,9 @@ void ChartScreen::add_value(const QString& caption, const QString& value, const 
     const int row = values_->rowCount();
     auto* label = theme::label(value, theme::Role::value, name);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setAccessibleName(caption);
-    values_->addWidget(theme::label(caption, theme::Role::body), row, 0);
+    auto* words = theme::label(caption, theme::Role::body);
+    summary_->add(words, label);
+    values_->addWidget(words, row, 0);
     values_->addWidget(label, row, 1);
     printed_values_ += u"<tr><td>"_s + caption.toHtmlEscaped() + u"</td><td align=\"right\"><b>"_s +
                        value.toHtmlEscaped() + u"</b></td></tr>"_s;

@@ -10,6 +10,7 @@ class QGridLayout;
 namespace kelvar {
 
 class BarChart;
+class SummaryPanel;
 struct BarData;
 
 class ChartScreen : public Screen {
@@ -39,6 +40,7 @@ private:
     PrintJob print_job() const;
 
     ScreenId id_;
+    SummaryPanel* summary_ = nullptr;
     QVBoxLayout* lines_ = nullptr;
     QGridLayout* values_ = nullptr;
     QString method_;

@@ -209,6 +209,8 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu);
+    QWidget* row = navigation->parentWidget();
+    control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, row->parentWidget());
     navigation->insertWidget(1, cmdprint);
     navigation->insertWidget(2, cmdprintmenu);
 

@@ -11,6 +11,7 @@
 #include "output/page_painter.h"
 #include "output/report.h"
 #include "output/report_templates.h"
+#include "output/summary_panel.h"
 #include "shell/text.h"
 #include "shell/theme.h"
 
@@ -29,9 +30,8 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     top->addWidget(lblsub, 1);
     top->addWidget(rate_list());
     content()->addLayout(top);
-    auto* card = new QFrame;
-    card->setObjectName(u"card"_s);
-    values_ = new QGridLayout(card);
+    summary_ = new SummaryPanel;
+    values_ = new QGridLayout(summary_);
     values_->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
     values_->setHorizontalSpacing(theme::grid);
     values_->setVerticalSpacing(theme::grid / 2);
@@ -40,7 +40,7 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
         values_->setColumnMinimumWidth(2, 2 * theme::grid);
         values_->setColumnStretch(3, 2);
     }
-    content()->addWidget(card);
+    content()->addWidget(summary_);
 
     result_ = new QStackedWidget;
     lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
@@ -125,8 +125,7 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
     text->setWordWrap(true);
     auto* value = theme::label({}, theme::Role::value, name);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    value->setAccessibleName(caption.trimmed());
+    summary_->add(text, value);
     if (theme::large_text()) {
         row = values_->count() / 2;
         column = 0;

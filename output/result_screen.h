@@ -13,6 +13,8 @@ class QStackedWidget;
 
 namespace kelvar {
 
+class SummaryPanel;
+
 class ResultScreen : public Screen {
     Q_OBJECT
 
@@ -62,6 +64,7 @@ private:
     PrintJob print_job() const;
     void store_again_if_changed() const;
 
+    SummaryPanel* summary_ = nullptr;
     QGridLayout* values_ = nullptr;
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;

@@ -69,6 +69,7 @@ void ScheduleScreen::load() {
     Recordset& schedule = module.database().schedule();
     rows_ = new RecordTableModel(schedule, schedule_columns(schedule), this);
     grddist->setModel(rows_);
+    grddist->set_search_column(rows_->columnCount() - 1);  // the year
     lblnumber->setNum(scenario.number_of_payments);
     lblfee->setText(to_qt(format_number(scenario.fee_amount, "$##0")));
     add_rate(RateText::with_blank);

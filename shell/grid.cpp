@@ -72,6 +72,23 @@ QModelIndex Grid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifier
     return QTableView::moveCursor(action, to_an_end ? modifiers | Qt::ControlModifier : modifiers);
 }
 
+// The view's own search looks in the column that was clicked last, and forgets too soon for those who
+// look for each key.
+void Grid::keyboardSearch(const QString& typed) {
+    constexpr int forgotten_after = 2000;  // ms
+    const bool goes_on =
+        since_typed_.isValid() && !since_typed_.hasExpired(forgotten_after) && found_ == currentIndex();
+    sought_ = goes_on ? sought_ + typed : typed;
+    since_typed_.start();
+    const QModelIndexList rows = model()->match(model()->index(0, search_column_), Qt::DisplayRole,
+                                                sought_, 1, Qt::MatchStartsWith);
+    if (!rows.isEmpty()) {
+        setCurrentIndex(rows.front());
+        scrollTo(rows.front(), PositionAtTop);
+    }
+    found_ = currentIndex();
+}
+
 void Grid::measure_columns() {
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);

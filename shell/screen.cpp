@@ -98,10 +98,12 @@ void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
         navigation_->addWidget(cmdprev);
         connect(picprev, &QToolButton::clicked, this, [this] { go_previous(); });
         connect(cmdprev, &QPushButton::clicked, this, [this] { go_previous(); });
+        escape_ = layout.step.isEmpty() ? cmdprev : nullptr;  // the steps are where one types
     }
     if (layout.close_with != nullptr) {
         Cmdnext = control::button(u"&OK"_s, layout.close_with);
         Cmdnext->setDefault(true);
+        escape_ = Cmdnext;
         set_first_field(Cmdnext);
         connect(Cmdnext, &QPushButton::clicked, this, [this] { go_next(); });
         navigation_->addWidget(Cmdnext);
@@ -121,6 +123,7 @@ void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
     cmdclose = control::button(u"&Close"_s, "cmdclose");
     navigation_->addWidget(cmdclose);
     connect(cmdclose, &QPushButton::clicked, this, [this] { module.close_all_screens(); });
+    control::press_with(Qt::CTRL | Qt::Key_Q, cmdclose, this);
     column->addWidget(bar);
 }
 
@@ -443,10 +446,11 @@ void Screen::mark_focus(QWidget* control) {
 }
 
 // Enter is Next, unless the focus is on another button: then Enter presses that one. Escape closes a
-// note. Page keys scroll a long text, whatever has the focus.
+// note and goes back from what only shows something; where something is typed it does nothing. Page
+// keys scroll a long text, whatever has the focus.
 void Screen::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && cmdclose == nullptr) {
-        Cmdnext->click();  // a note
+    if (event->key() == Qt::Key_Escape && escape_ != nullptr && !event->isAutoRepeat()) {
+        escape_->click();
         return;
     }
     if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {

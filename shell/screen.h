@@ -132,6 +132,7 @@ private:
     QVBoxLayout* content_ = nullptr;
     QHBoxLayout* navigation_ = nullptr;
     QScrollArea* scroll_ = nullptr;
+    QPushButton* escape_ = nullptr;  // what Escape presses
     std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
     int leaves_to_come_ = 0;  // leave actions that still wait in the event loop
     std::vector<std::pair<QWidget*, QAbstractButton*>> opened_by_;

@@ -130,6 +130,11 @@ TEST_F(Notes, LifeTableShowsTheWholeTableInItsOwnOrder) {
     EXPECT_EQ(rows->index(0, 0).data().toString(), u"120"_s);
     EXPECT_EQ(rows->index(51, 1).data().toString(), u"19.6"_s);
     EXPECT_EQ(rows->index(51, 2).data().toString(), u"88.6"_s);
+    auto* grid = find<QTableView>("grdlife");
+    grid->setCurrentIndex(rows->index(3, 2));
+    press(Qt::Key_7);
+    press(Qt::Key_2);
+    EXPECT_EQ(grid->currentIndex(), rows->index(48, 0));
 }
 
 }  // namespace

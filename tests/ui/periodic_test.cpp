@@ -1,7 +1,9 @@
 // Journeys through the real widgets for periodic payments, checked against the rules and the tables.
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -78,6 +80,23 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     EXPECT_EQ(grid->currentIndex().row(), 348);
     press(Qt::Key_Home);
     EXPECT_EQ(grid->currentIndex().row(), 0);
+    grid->setCurrentIndex(grid->model()->index(2, 3));
+    for (const Qt::Key key : {Qt::Key_2, Qt::Key_0, Qt::Key_3, Qt::Key_0}) {
+        press(key);
+    }
+    EXPECT_EQ(grid->currentIndex().row(), 114);  // January 2030
+    press(Qt::Key_Home);
+    press(Qt::Key_PageDown);
+    EXPECT_GT(grid->currentIndex().row(), 0);
+
+    // One value after the other can be copied; those without a text are passed over.
+    find<QWidget>("summary")->setFocus(Qt::TabFocusReason);
+    for (const char* value : {"lblcurvalue", "lblfrstdate", "lblstartvalue", "lblnumber"}) {
+        press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), text_of(value));
+        EXPECT_TRUE(find<QWidget>("summary")->accessibleName().endsWith(text_of(value)));
+        press(Qt::Key_Down);
+    }
 
     choose("cmbrate", u" 8%"_s);
     const double at_8 =

@@ -109,6 +109,9 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_EQ(printed_pages(), 9);
     EXPECT_EQ(work_table_rows(), rows);
     EXPECT_EQ(heading(), std::vector<std::string>{"Periodic Payments - Monthly  5% $578,796.05"});
+    find<QWidget>("cmbrate")->setFocus();
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(printed_pages(), 9);
     click("pichart");
     EXPECT_EQ(screen_name(), u"frmcperi"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Periodic Payments - Monthly (Over Life Expectancy)"_s);
@@ -132,7 +135,14 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_EQ(printed_pages(), 1);
     EXPECT_EQ(offered, u"Periodic Payments Chart 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"Save as PDF"_s);
-    click("cmdprev");
+    auto* axis = dynamic_cast<QCategoryAxis*>(
+        window->visible_screen()->findChild<QChartView*>()->chart()->axes(Qt::Vertical).front());
+    EXPECT_EQ(axis->categoriesLabels().join(u' ').toStdString(),
+              "$0 $5,000 $10,000 $15,000 $20,000 $25,000 $30,000 $35,000");
+    EXPECT_EQ(axis->max(), 38000.0);
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(printed_pages(), 1);
+    press(Qt::Key_Escape);
     EXPECT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(grid_rows(), rows);
     EXPECT_EQ(work_table_rows(), rows);
@@ -147,7 +157,11 @@ TEST_F(Printing, PartialChartHasTheLumpSumAsItsOwnPoint) {
     EXPECT_EQ(screen_name(), u"frmcpart"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Partial Lump Sum Payments"_s);
     EXPECT_EQ(text_of("lblpartial"), u"$100,000.00"_s);
-    EXPECT_EQ(find<QLabel>("lblpartial")->accessibleName(), u"Lump Sum (7/2020):"_s);
+    press(Qt::Key_Backtab);
+    press(Qt::Key_Down);
+    EXPECT_EQ(find<QWidget>("summary")->accessibleName(), u"Lump Sum (7/2020): $100,000.00"_s);
+    EXPECT_TRUE(text_of("lblreadout").startsWith(u"All payments: Total paid "_s));
+    press(Qt::Key_Tab);
     EXPECT_EQ(text_of("lblreadout"), u"Lump Sum: Total paid $100,000.00"_s);
     press(Qt::Key_Right);
     EXPECT_TRUE(text_of("lblreadout").startsWith(u"2020: "_s));  // October to December, no lump sum

@@ -95,9 +95,9 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
                      row);
     click("chkrate_3");
     click("Cmdnext");
-    expect_tab_order(QStringList{u"cmbrate"_s, u"grddist"_s} + print + chart + back);
+    expect_tab_order(QStringList{u"cmbrate"_s, u"summary"_s, u"grddist"_s} + print + chart + back);
     click("cmdchart");
-    expect_tab_order(QStringList{u"grphsche"_s} + print + back);
+    expect_tab_order(QStringList{u"summary"_s, u"grphsche"_s} + print + back);
 }
 
 TEST_F(ScreenTest, HaveTheStandardSizeUnlessTheDisplayIsSmaller) {
@@ -278,7 +278,13 @@ TEST_F(ScreenTest, DoubleClickActsOnce) {
 
 TEST_F(ScreenTest, CloseEndsTheProgram) {
     go_to_rates();
+    press(Qt::Key_Escape);  // nothing where one types
+    EXPECT_EQ(screen_name(), u"frmdrate"_s);
     click("cmdclose");
+    EXPECT_FALSE(window->isVisible());
+    start_program();
+    go_to_participant();
+    press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(window->isVisible());
 }
 
