@@ -219,7 +219,6 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
     lblsaved->installEventFilter(this);
     lblsaved->hide();
-    QWidget* row = navigation->parentWidget();
     auto* column = static_cast<QVBoxLayout*>(row->parentWidget()->layout());
     column->insertWidget(column->indexOf(row), lblsaved);
 }

@@ -26,7 +26,8 @@ void SummaryPanel::add(QLabel* caption, QLabel* value) {
 void SummaryPanel::mark(int from, int step) {
     int place = from;
     const int end = static_cast<int>(values_.size());
-    while (place >= 0 && place < end && values_[static_cast<std::size_t>(place)].value->text().isEmpty()) {
+    while (place >= 0 && place < end &&
+           values_[static_cast<std::size_t>(place)].value->text().isEmpty()) {
         place += step;
     }
     if (place < 0 || place >= end) {

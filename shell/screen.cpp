@@ -17,8 +17,8 @@
 #include <QWindow>
 #include <stdexcept>
 
-#include "shell/entry_box.h"
 #include "shell/captioned_frame.h"
+#include "shell/entry_box.h"
 #include "shell/focus_ring.h"
 #include "shell/text.h"
 #include "shell/theme.h"
