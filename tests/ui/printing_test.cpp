@@ -121,6 +121,11 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_EQ(text_of("lblnumber"), u"Number of Payments: 349"_s);
     EXPECT_EQ(text_of("lblcurvalue"), u"$250,000.00"_s);
     EXPECT_EQ(text_of("lbltotalvalue"), u"$578,796.05"_s);
+    auto* axis = dynamic_cast<QCategoryAxis*>(
+        window->visible_screen()->findChild<QChartView*>()->chart()->axes(Qt::Vertical).front());
+    EXPECT_EQ(axis->categoriesLabels().join(u' ').toStdString(),
+              "$0 $5,000 $10,000 $15,000 $20,000 $25,000 $30,000 $35,000");
+    EXPECT_EQ(axis->max(), 38000.0);
     EXPECT_EQ(focus_name(), u"grphsche"_s);
     EXPECT_EQ(text_of("lblreadout"), u"2020: Total paid $4,405.80"_s);  // 6 x 734.30
     press(Qt::Key_Right);
@@ -135,11 +140,6 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_EQ(printed_pages(), 1);
     EXPECT_EQ(offered, u"Periodic Payments Chart 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"Save as PDF"_s);
-    auto* axis = dynamic_cast<QCategoryAxis*>(
-        window->visible_screen()->findChild<QChartView*>()->chart()->axes(Qt::Vertical).front());
-    EXPECT_EQ(axis->categoriesLabels().join(u' ').toStdString(),
-              "$0 $5,000 $10,000 $15,000 $20,000 $25,000 $30,000 $35,000");
-    EXPECT_EQ(axis->max(), 38000.0);
     press(Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(printed_pages(), 1);
     press(Qt::Key_Escape);
