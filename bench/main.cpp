@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "shell/application.h"
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 namespace {
 

@@ -15,8 +15,8 @@
 #include <filesystem>
 
 #include "main/all_screens.h"
-#include "output/report.h"
-#include "output/report_templates.h"
+#include "output/report/report.h"
+#include "output/report/report_templates.h"
 #include "shell/main_window.h"
 #include "shell/screen.h"
 #include "tests/support/temporary_program_folder.h"

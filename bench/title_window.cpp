@@ -4,7 +4,7 @@
 #include "main/all_screens.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 int main(int argc, char** argv) {
     using namespace kelvar;

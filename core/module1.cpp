@@ -4,13 +4,13 @@
 
 #include "core/life_limit.h"
 #include "core/numbers.h"
+#include "core/plan.h"
 #include "core/reference_data.h"
 
 namespace kelvar {
 
 namespace {
 
-constexpr std::int16_t yearly_fee = 80;         // dollars
 constexpr std::int16_t standard_height = 6800;  // twips
 constexpr std::int16_t standard_width = 8685;   // twips
 
@@ -26,7 +26,7 @@ void Module1::open_database() {
     auto database = std::make_unique<Database>(program_file(database_name));
     check_reference_data(*database);
     database_ = std::move(database);
-    scenario.fee_amount = yearly_fee;
+    scenario.fee_amount = plan::yearly_fee;
     scenario.over_72_flag = 0;
 }
 
@@ -65,18 +65,7 @@ void Module1::reset_scenario() {
 }
 
 std::string_view Module1::frequency_name() const {
-    switch (scenario.frequency) {
-        case 1:
-            return "Annually";
-        case 2:
-            return "Semi-Annually";
-        case 4:
-            return "Quarterly";
-        case 12:
-            return "Monthly";
-        default:
-            return "";
-    }
+    return plan::frequency_name(scenario.frequency);
 }
 
 int Module1::check_payments_exceed_life() {

@@ -12,6 +12,18 @@ namespace kelvar {
 // half a cent, is refused on entry.
 inline constexpr double largest_amount = 9'999'999'999'999.99;
 
+// The patterns of the screens and reports.
+namespace pattern {
+inline constexpr const char* dollars = "$###,###,##0.00";
+inline constexpr const char* payment = "$###,##0.00";
+inline constexpr const char* whole_dollars = "$###,###,##0";
+inline constexpr const char* fee = "$##0";
+inline constexpr const char* amount = "###,###,##0.00";  // in a box
+inline constexpr const char* plain_amount = "##0.00";    // in a box
+inline constexpr const char* percentage = "00.00";       // in a box
+inline constexpr const char* whole = "##0";
+}  // namespace pattern
+
 // Rounds dollars to cents, half away from zero. The value is first taken at 15 significant digits,
 // what a person would read: 1.005 gives 1.01 although the double is a little below it.
 inline double round_to_cents(double dollars);

@@ -21,14 +21,4 @@ double y_max(double largest) {
     return std::max(1.0, std::round(bound));
 }
 
-double tick_step(double bound, int most) {
-    for (double power = 1.0;; power *= 10.0) {
-        for (const double step : {1.0 * power, 2.0 * power, 2.5 * power, 5.0 * power}) {
-            if (step == std::floor(step) && !(bound > step * most)) {
-                return step;
-            }
-        }
-    }
-}
-
 }  // namespace kelvar

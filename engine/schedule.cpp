@@ -6,20 +6,21 @@
 #include <stdexcept>
 
 #include "core/numbers.h"
+#include "core/plan.h"
 
 namespace kelvar {
 
 namespace {
 
-constexpr double days_per_year = 365.0;
 constexpr std::size_t usual_payments = 1020;  // room for monthly payments over a whole life, 85 years
 
 // Growth and fee of an account at one rate.
 class Accrual {
 public:
-    Accrual(double rate, double fee) : daily_factor_(1.0 + rate * 0.01 / days_per_year), fee_(fee) {}
+    Accrual(double rate, double fee)
+        : daily_factor_(1.0 + rate * 0.01 / plan::days_per_year), fee_(fee) {}
 
-    double charge(int days) const { return days * fee_ / days_per_year; }
+    double charge(int days) const { return days * fee_ / plan::days_per_year; }
 
     double grown_less_fee(double value, int days) const {
         return round_to_cents(value * std::pow(daily_factor_, days) - charge(days));

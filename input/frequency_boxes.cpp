@@ -3,8 +3,8 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 
-#include "input/distribution_rules.h"
-#include "shell/theme.h"
+#include "input/rules/distribution_rules.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

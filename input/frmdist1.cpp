@@ -9,11 +9,11 @@
 #include <algorithm>
 
 #include "core/numbers.h"
-#include "input/lists.h"
-#include "input/participant_rules.h"
-#include "shell/masked_date_edit.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "input/rules/participant_rules.h"
+#include "widgets/controls.h"
+#include "widgets/masked_date_edit.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -153,7 +153,7 @@ void frmdist1::value_left() {
     const auto value = get_num(to_utf8(txtcurvalue->text()));
     scenario.present_value = value ? round_to_cents(*value) : 0.0;
     if (value) {
-        txtcurvalue->setText(to_qt(format_number(*value, "###,###,##0.00")));
+        txtcurvalue->setText(to_qt(format_number(*value, pattern::amount)));
     }
 }
 

@@ -12,12 +12,12 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "input/distribution_rules.h"
 #include "input/frequency_boxes.h"
-#include "input/lists.h"
-#include "shell/entry_box.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "input/rules/distribution_rules.h"
+#include "widgets/controls.h"
+#include "widgets/entry_box.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -318,7 +318,7 @@ void frmdist2::apply_percentage(double percentage) {
     shown_present_value_ = scenario.present_value;
     scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
     scenario.partial_percent = to_utf8(cmbPercent->currentText());
-    txtpartial->setText(to_qt(format_number(scenario.partial_amount, "###,###,##0.00")));
+    txtpartial->setText(to_qt(format_number(scenario.partial_amount, pattern::amount)));
 }
 
 // A number that cannot be read counts as no amount; Next says so.
@@ -330,7 +330,7 @@ void frmdist2::take_partial_amount() {
         cmbPercent->clearEditText();
         return;
     }
-    txtpartial->setText(to_qt(format_number(*amount, "###,###,##0.00")));
+    txtpartial->setText(to_qt(format_number(*amount, pattern::amount)));
     show_percentage();
 }
 

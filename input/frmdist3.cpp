@@ -8,14 +8,14 @@
 #include <QRadioButton>
 
 #include "core/numbers.h"
-#include "input/length_rules.h"
-#include "input/lists.h"
-#include "input/participant_rules.h"
-#include "shell/grid.h"
-#include "shell/masked_date_edit.h"
-#include "shell/text.h"
-#include "shell/theme.h"
-#include "shell/wrapping_radio_button.h"
+#include "input/rules/length_rules.h"
+#include "input/rules/participant_rules.h"
+#include "widgets/controls.h"
+#include "widgets/grid.h"
+#include "widgets/masked_date_edit.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+#include "widgets/wrapping_radio_button.h"
 
 using namespace Qt::StringLiterals;
 
@@ -348,13 +348,13 @@ void frmdist3::en_f3() {
 
 void frmdist3::number_left() {
     if (const auto number = read_unsigned(to_utf8(txtnumber->text()))) {
-        txtnumber->setText(to_qt(format_number(*number, "##0")));
+        txtnumber->setText(to_qt(format_number(*number, pattern::whole)));
     }
 }
 
 void frmdist3::amount_left() {
     if (const auto amount = get_num(to_utf8(txtfixamount->text()))) {
-        txtfixamount->setText(to_qt(format_number(*amount, "##0.00")));
+        txtfixamount->setText(to_qt(format_number(*amount, pattern::plain_amount)));
     }
 }
 
@@ -392,7 +392,7 @@ void frmdist3::go_next() {
     number_left();
     amount_left();
     if (entry.option == by_dollar_amount && get_num(entry.amount_text) > scenario.present_value) {
-        txtfixamount->setText(to_qt(format_number(scenario.fixed_amount, "##0.00")));
+        txtfixamount->setText(to_qt(format_number(scenario.fixed_amount, pattern::plain_amount)));
     }
     if (check) {
         refuse(check->text, check->field);

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "shell/record_table_model.h"
 #include "shell/screen.h"
+#include "widgets/record_table_model.h"
 
 class QLineEdit;
 class QRadioButton;

@@ -6,12 +6,12 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "input/distribution_rules.h"
-#include "input/participant_rules.h"
-#include "input/rate_rules.h"
-#include "shell/portfolios.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "input/rules/distribution_rules.h"
+#include "input/rules/participant_rules.h"
+#include "input/rules/rate_rules.h"
+#include "shell/notes/portfolios.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

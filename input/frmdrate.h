@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "input/refusal.h"
+#include "input/rules/refusal.h"
 #include "shell/screen.h"
 
 class QCheckBox;

@@ -4,7 +4,7 @@
 #include "main/only_program.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 int main(int argc, char** argv) {
     using namespace kelvar;

@@ -1,10 +1,10 @@
 #include "output/frmlife.h"
 
 #include "core/numbers.h"
-#include "shell/grid.h"
-#include "shell/record_table_model.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "widgets/grid.h"
+#include "widgets/record_table_model.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

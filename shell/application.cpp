@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "shell/message_dialog.h"
+#include "widgets/message_dialog.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

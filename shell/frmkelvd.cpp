@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <chrono>
 
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

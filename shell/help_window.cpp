@@ -23,8 +23,8 @@
 #include <stdexcept>
 
 #include "shell/screen.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 

@@ -10,9 +10,9 @@
 #include <memory>
 
 #include "shell/help_window.h"
-#include "shell/message_dialog.h"
 #include "shell/screen.h"
-#include "shell/text.h"
+#include "widgets/message_dialog.h"
+#include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -17,26 +17,16 @@
 #include <QWindow>
 #include <stdexcept>
 
-#include "shell/captioned_frame.h"
-#include "shell/entry_box.h"
-#include "shell/focus_ring.h"
-#include "shell/text.h"
-#include "shell/theme.h"
+#include "widgets/controls.h"
+#include "widgets/entry_box.h"
+#include "widgets/focus_ring.h"
+#include "widgets/scrolled_page.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
-
-namespace {
-
-// Leaves it to the screen to keep the focus in view: the toolkit takes the current row of a table for
-// the place of the focus, also when it is out of the table's own sight.
-class ContentView : public QScrollArea {
-protected:
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
-};
-
-}  // namespace
 
 Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     : module(module1), scenario(module1.scenario) {
@@ -52,7 +42,7 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     const int side = theme::side_margin();
     content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
     content_->setSpacing(2 * theme::grid);
-    scroll_ = new ContentView;
+    scroll_ = new ScrolledView;
     scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(page);
@@ -484,91 +474,5 @@ void Screen::hideEvent(QHideEvent* event) {
     qApp->removeEventFilter(this);
     QWidget::hideEvent(event);
 }
-
-ScrolledPage::ScrolledPage() {
-    setObjectName(u"content"_s);
-}
-
-bool ScrolledPage::event(QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
-        setMinimumHeight(layout()->minimumHeightForWidth(width()));
-    }
-    return QWidget::event(event);
-}
-
-namespace control {
-
-QPushButton* button(const QString& text, const char* name) {
-    auto* button = new QPushButton(text);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(true);
-    return button;
-}
-
-QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name) {
-    auto* picture = new QToolButton;
-    picture->setObjectName(QString::fromLatin1(name));
-    picture->setIcon(theme::icon(icon));
-    picture->setIconSize(QSize(24, 24));
-    picture->setAccessibleName(accessible_name);
-    picture->setToolTip(accessible_name);
-    picture->setFocusPolicy(Qt::StrongFocus);
-    return picture;
-}
-
-QLabel* words_beside(QToolButton* picture, const QString& text, const char* name) {
-    QLabel* words = theme::label(text, theme::Role::note, name);
-    words->setWordWrap(theme::large_text());
-    words->setBuddy(picture);
-    words->setCursor(Qt::PointingHandCursor);
-    return words;
-}
-
-QGroupBox* frame(const QString& caption, const char* name) {
-    auto* frame = new CaptionedFrame(caption);
-    frame->setObjectName(QString::fromLatin1(name));
-    return frame;
-}
-
-QBoxLayout* row() {
-    return new QBoxLayout(theme::large_text() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-}
-
-QLabel* paragraph(const QString& text, const char* name) {
-    auto* label = theme::label(text, theme::Role::note, name);
-    label->setWordWrap(true);
-    return label;
-}
-
-void refill(QComboBox* list, const QStringList& entries) {
-    QStringList present;
-    for (int index = 0; index < list->count(); ++index) {
-        present << list->itemText(index);
-    }
-    if (present == entries) {
-        return;
-    }
-    list->hidePopup();
-    const QSignalBlocker quiet(list);
-    const QString chosen = list->currentText();
-    list->clear();
-    list->addItems(entries);
-    const int kept = list->findText(chosen);
-    list->setCurrentIndex(kept >= 0 ? kept : 0);
-}
-
-void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen) {
-    auto* shortcut = new QShortcut(keys, screen);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    shortcut->setAutoRepeat(false);
-    QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
-}
-
-void only_closes(QDialog* dialog) {
-    dialog->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
-}
-
-}  // namespace control
 
 }  // namespace kelvar

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/module1.h"
+#include "widgets/controls.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -142,41 +143,5 @@ private:
     bool pressed_here_ = false;        // the last press of a mouse button was on this screen
     bool error_shown_ = false;
 };
-
-// What scrolls in a scroll area. It is as high as its wrapped texts need at its width; left to itself
-// the scroll area would cut them off.
-class ScrolledPage : public QWidget {
-    Q_OBJECT
-
-public:
-    ScrolledPage();
-
-protected:
-    bool event(QEvent* event) override;
-};
-
-// Controls that every screen builds alike.
-namespace control {
-
-QPushButton* button(const QString& text, const char* name);
-// A picture that acts: a button for the mouse, the keyboard and screen readers.
-QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
-// The words beside a picture; a click on them presses it.
-QLabel* words_beside(QToolButton* picture, const QString& text, const char* name);
-QGroupBox* frame(const QString& caption, const char* name);
-// Side by side, or below each other when the text is large.
-QBoxLayout* row();
-// A wrapped label for running text.
-QLabel* paragraph(const QString& text, const char* name = nullptr);
-// Replaces the entries of a list and keeps the chosen one if it is still there, else chooses the first.
-// Gives no signal. An open list whose entries stay the same stays open.
-void refill(QComboBox* list, const QStringList& entries);
-// Keys that press a button wherever the focus is on its screen, also where letters are typed or looked
-// for.
-void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen);
-// A window over the main one can be closed but neither minimised nor maximised. Before it is shown.
-void only_closes(QDialog* dialog);
-
-}  // namespace control
 
 }  // namespace kelvar

@@ -1,4 +1,4 @@
-#include "input/distribution_rules.h"
+#include "input/rules/distribution_rules.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "input/length_rules.h"
+#include "input/rules/length_rules.h"
 
 #include <gtest/gtest.h>
 

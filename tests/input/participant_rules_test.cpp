@@ -1,10 +1,10 @@
-#include "input/participant_rules.h"
+#include "input/rules/participant_rules.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 
-#include "input/ages.h"
+#include "input/rules/ages.h"
 
 namespace kelvar::test {
 namespace {

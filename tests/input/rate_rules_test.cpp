@@ -1,4 +1,4 @@
-#include "input/rate_rules.h"
+#include "input/rules/rate_rules.h"
 
 #include <gtest/gtest.h>
 

@@ -18,8 +18,8 @@
 
 #include "core/numbers.h"
 #include "main/all_screens.h"
-#include "shell/message_dialog.h"
-#include "shell/text.h"
+#include "widgets/message_dialog.h"
+#include "widgets/text.h"
 
 namespace kelvar::test {
 

@@ -22,12 +22,12 @@
 #include <cmath>
 #include <set>
 
-#include "output/bar_chart.h"
-#include "output/printing.h"
-#include "shell/grid.h"
-#include "shell/theme.h"
-#include "shell/wrapping_radio_button.h"
+#include "output/report/printing.h"
 #include "tests/support/stations.h"
+#include "widgets/bar_chart.h"
+#include "widgets/grid.h"
+#include "widgets/theme.h"
+#include "widgets/wrapping_radio_button.h"
 
 namespace kelvar::test {
 

@@ -7,9 +7,9 @@
 #include <QPushButton>
 
 #include "core/numbers.h"
-#include "output/bar_chart.h"
-#include "shell/grid.h"
 #include "tests/support/ui_harness.h"
+#include "widgets/bar_chart.h"
+#include "widgets/grid.h"
 
 namespace kelvar::test {
 

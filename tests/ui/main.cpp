@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/application.h"
-#include "shell/theme.h"
+#include "widgets/theme.h"
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);

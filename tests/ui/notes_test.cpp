@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "shell/frmPortfolios.h"
+#include "shell/notes/frmPortfolios.h"
 #include "tests/support/ui_harness.h"
 
 namespace kelvar::test {

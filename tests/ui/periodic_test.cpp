@@ -11,8 +11,8 @@
 #include <cmath>
 
 #include "core/numbers.h"
-#include "shell/grid.h"
 #include "tests/support/ui_harness.h"
+#include "widgets/grid.h"
 
 namespace kelvar::test {
 

@@ -14,12 +14,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/bar_chart.h"
-#include "output/printing.h"
-#include "shell/grid.h"
-#include "shell/text.h"
+#include "output/report/printing.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
+#include "widgets/bar_chart.h"
+#include "widgets/grid.h"
+#include "widgets/text.h"
 
 namespace kelvar::test {
 

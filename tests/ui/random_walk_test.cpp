@@ -8,8 +8,8 @@
 #include <QTest>
 #include <random>
 
-#include "shell/text.h"
 #include "tests/support/stations.h"
+#include "widgets/text.h"
 
 namespace kelvar::test {
 

@@ -20,8 +20,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include "shell/application.h"
-#include "shell/message_dialog.h"
 #include "tests/support/ui_harness.h"
+#include "widgets/message_dialog.h"
 
 namespace kelvar::test {
 

@@ -1,0 +1,44 @@
+// The plan's own figures: ages, months and fees that its rules name, each in one place.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace kelvar::plan {
+
+// Ages in whole years.
+inline constexpr int youngest_participant = 16;
+inline constexpr int oldest_participant = 100;
+inline constexpr int minimum_distribution_from = 70;  // below it the single life table counts
+inline constexpr int oldest_for_joint_life = 90;      // of the participant, at the nearest birthday
+inline constexpr int youngest_spouse = 35;
+inline constexpr int least_spouse_difference = 10;  // the spouse must be more than this much younger
+
+// Payments may begin up to this month, its 31st, of the year after the participant reaches 70½.
+inline constexpr int last_month_of_deadline = 3;
+
+// Dollars a year. The lump sum projection charges a fee of its own, whatever fee its screen shows.
+inline constexpr std::int16_t yearly_fee = 80;
+inline constexpr double lump_sum_fee = 50.0;
+
+// Growth is compounded and fees are charged by the day, on this many days a year, also in leap years.
+inline constexpr double days_per_year = 365.0;
+
+// Name of 1, 2, 4 or 12 payments a year: "Annually", "Semi-Annually", "Quarterly", "Monthly"; "" for
+// any other number.
+constexpr std::string_view frequency_name(int payments_per_year) {
+    switch (payments_per_year) {
+        case 1:
+            return "Annually";
+        case 2:
+            return "Semi-Annually";
+        case 4:
+            return "Quarterly";
+        case 12:
+            return "Monthly";
+        default:
+            return "";
+    }
+}
+
+}  // namespace kelvar::plan

@@ -1,0 +1,166 @@
+#include "output/chart/chart_screen.h"
+
+#include <QLabel>
+#include <QPagedPaintDevice>
+#include <QTextDocument>
+#include <algorithm>
+
+#include "core/numbers.h"
+#include "engine/axis.h"
+#include "engine/yearly_totals.h"
+#include "output/report/page_painter.h"
+#include "widgets/bar_chart.h"
+#include "widgets/summary_panel.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+QString frequency_word(int payments_per_year) {
+    switch (payments_per_year) {
+        case 1:
+            return u"Annual"_s;
+        case 2:
+            return u"Semi-Annual"_s;
+        case 4:
+            return u"Quarterly"_s;
+        default:
+            return u"Monthly"_s;
+    }
+}
+
+// Month and year of the current row.
+QString month_and_year(const Recordset& schedule) {
+    return to_qt(schedule.text("Month") + ", " + schedule.text("Year"));
+}
+
+}  // namespace
+
+ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
+    : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
+      id_(id) {
+    summary_ = new SummaryPanel;
+    auto* columns = control::row();
+    summary_->setLayout(columns);
+    columns->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
+    lines_ = new QVBoxLayout;
+    lines_->setSpacing(theme::grid / 2);
+    values_ = new QGridLayout;
+    values_->setHorizontalSpacing(theme::grid);
+    values_->setVerticalSpacing(theme::grid / 2);
+    columns->addLayout(lines_, 1);
+    auto* right = new QVBoxLayout;
+    right->addLayout(values_);
+    right->addStretch(1);
+    columns->addLayout(right);
+    content()->setSpacing(theme::grid);
+    content()->addWidget(summary_);
+
+    grphsche = new BarChart("grphsche", u"Payments by calendar year"_s);
+    content()->addWidget(grphsche, 1);
+    set_first_field(grphsche);
+
+    auto* buttons = new PrintButtons(navigation());
+    connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
+        buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+    });
+}
+
+void ChartScreen::load() {
+    get_headings();
+    period_chart(get_gdata());
+}
+
+void ChartScreen::get_headings() {
+    Recordset& distrib = module.database().distrib();
+    Recordset& schedule = module.database().schedule();
+    distrib.MoveFirst();
+    method_ = to_qt(distrib.text("dtitle")).section(u" - "_s, 0, 0);
+    rate_ = to_qt(distrib.text("rate"));
+    const bool over_life = static_cast<int>(distrib.number("paylength")) == by_life_expectancy;
+    lbltitle->setText(to_qt(distrib.text("dtitle")) +
+                      (over_life ? u" (Over Life Expectancy)"_s : QString()));
+    schedule.MoveFirst();
+    const QString start = month_and_year(schedule);
+    schedule.MoveLast();
+    const QString end = month_and_year(schedule);
+    add_line(frequency_word(scenario.frequency) + u" Payments"_s, "lblfrequency");
+    add_line(u"("_s + start + u" - "_s + end + u")"_s, "lblperiod");
+    add_line(u"Number of Payments: "_s + to_qt(distrib.text("payments")), "lblnumber");
+    add_line(u"BASED ON "_s + to_qt(distrib.text("rate")) + u" ANNUAL RETURN "_s, "lblrate");
+    add_value(u"Current Account Balance:"_s,
+              to_qt(format_number(distrib.number("curvalue"), pattern::dollars)), "lblcurvalue");
+    add_values(distrib);
+    total_paid_ = to_qt(distrib.text("totalvalue"));
+    add_value(u"Your Total Pay-Back:"_s, total_paid_, "lbltotalvalue");
+}
+
+void ChartScreen::add_line(const QString& text, const char* name) {
+    const bool first = lines_->count() == 0;
+    lines_->addWidget(theme::label(text, first ? theme::Role::section : theme::Role::body, name));
+    printed_lines_ += text.trimmed().toHtmlEscaped() + u"<br>"_s;
+}
+
+void ChartScreen::add_value(const QString& caption, const QString& value, const char* name) {
+    const int row = values_->rowCount();
+    auto* label = theme::label(value, theme::Role::value, name);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* words = theme::label(caption, theme::Role::body);
+    summary_->add(words, label);
+    values_->addWidget(words, row, 0);
+    values_->addWidget(label, row, 1);
+    printed_values_ += u"<tr><td>"_s + caption.toHtmlEscaped() + u"</td><td align=\"right\"><b>"_s +
+                       value.toHtmlEscaped() + u"</b></td></tr>"_s;
+}
+
+BarData ChartScreen::get_gdata() {
+    BarData bars;
+    bars.sets.push_back({.name = u"Total paid"_s, .values = {}});
+    add_points(bars);
+    const YearlyTotals totals = yearly_totals(module.database().schedule());
+    int year = totals.first_year;
+    for (const double amount : totals.amounts) {
+        bars.labels << QString::number(year++);
+        bars.sets.front().values.push_back(amount);
+    }
+    return bars;
+}
+
+void ChartScreen::period_chart(BarData bars) {
+    bars.upper = y_max(std::ranges::max(bars.sets.front().values));
+    bars.whole = u"All payments: Total paid "_s + total_paid_;
+    grphsche->show_bars(bars);
+}
+
+void ChartScreen::go_previous() {
+    module.screens.close(id_);
+}
+
+PrintJob ChartScreen::print_job() const {
+    const QString title = lbltitle->text();
+    const QString headings =
+        u"<h1>"_s + title.toHtmlEscaped() + u"</h1><table width=\"100%\"><tr><td>"_s + printed_lines_ +
+        u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
+    const Date today = module.today();
+    return {.title = title + u" - Chart"_s,  // the list of payments has the same title
+            .file_name = pdf_name(method_ + u" Chart"_s, rate_, today),
+            .orientation = QPageLayout::Landscape,
+            .draw = [this, title, headings, today](QPagedPaintDevice& device) {
+                PagePainter page(device, today, 1);
+                QTextDocument document;
+                set_style(document);
+                document.setHtml(headings);
+                lay_out(document, device);
+                page.next_page(title);
+                page.draw(document, 0);
+                grphsche->paint_on_paper(page.painter(),
+                                         page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
+                page.finish();
+            }};
+}
+
+}  // namespace kelvar

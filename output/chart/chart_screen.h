@@ -1,0 +1,54 @@
+// Base of the yearly charts of a stored schedule: headings, one bar for each calendar year, printing.
+// Everything shown is read from the work tables.
+#pragma once
+
+#include "output/report/printing.h"
+#include "shell/screen.h"
+
+class QGridLayout;
+
+namespace kelvar {
+
+class BarChart;
+class SummaryPanel;
+struct BarData;
+
+class ChartScreen : public Screen {
+    Q_OBJECT
+
+public:
+    void load() override;
+
+protected:
+    ChartScreen(Module1& module, ScreenId id, const char* name);
+
+    void go_previous() override;
+
+    // What a screen shows besides what all charts do: points ahead of the years, values of the heading
+    // row.
+    virtual void add_points(BarData&) {}
+    virtual void add_values(const Recordset& /*distrib*/) {}
+
+    // A value with its caption, below those already there.
+    void add_value(const QString& caption, const QString& value, const char* name);
+
+private:
+    void get_headings();
+    void add_line(const QString& text, const char* name);
+    BarData get_gdata();
+    void period_chart(BarData bars);
+    PrintJob print_job() const;
+
+    ScreenId id_;
+    SummaryPanel* summary_ = nullptr;
+    QVBoxLayout* lines_ = nullptr;
+    QGridLayout* values_ = nullptr;
+    QString method_;
+    QString rate_;
+    QString printed_lines_;  // the same headings as HTML
+    QString printed_values_;
+    QString total_paid_;
+    BarChart* grphsche = nullptr;
+};
+
+}  // namespace kelvar

@@ -1,0 +1,112 @@
+#include "output/report/page_painter.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
+#include <QPageLayout>
+#include <QTextDocument>
+
+#include "widgets/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr double footer_inches = 0.35;
+constexpr double body_points = 10.0;
+constexpr double footer_points = 8.0;
+
+const QString style =
+    uR"(
+    h1 { font-size: x-large; margin-top: 0px; margin-bottom: 2px; }
+    h2 { font-size: large; margin-top: 14px; margin-bottom: 2px; }
+    p { margin-top: 2px; margin-bottom: 6px; }
+    p.note { font-size: 9pt; }
+    table { margin-top: 6px; margin-bottom: 6px; }
+    th { font-weight: 600; background-color: #e3ebf2; padding: 2px 6px; }
+    td { padding: 1px 6px; }
+)"_s;
+
+constexpr const char* refused = "The printer or the file does not take any pages.";
+
+QFont font_of_size(double points) {
+    QFont font = QGuiApplication::font();
+    font.setPointSizeF(points);
+    return font;
+}
+
+// The page without its margins and footer, in device pixels.
+QRectF body_of(const QPagedPaintDevice& device) {
+    const double footer = footer_inches * device.logicalDpiY();
+    const QSizeF page = device.pageLayout().paintRectPixels(device.logicalDpiY()).size();
+    return QRectF({0.0, 0.0}, page).adjusted(0.0, 0.0, 0.0, -footer);
+}
+
+}  // namespace
+
+void set_style(QTextDocument& document) {
+    document.setDefaultFont(font_of_size(body_points));
+    document.setDefaultStyleSheet(style);
+    document.setDocumentMargin(0.0);
+    // Laid out only once, when device and page are known: for a long list that is most of the work.
+    document.setLayoutEnabled(false);
+    document.documentLayout();
+}
+
+void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
+    document.documentLayout()->setPaintDevice(&device);
+    document.setPageSize(body_of(device).size());
+    document.setLayoutEnabled(true);
+}
+
+PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)
+    : device_(device), body_(body_of(device)), printed_(printed), page_count_(page_count) {
+    if (!painter_.begin(&device)) {
+        throw PrintError(refused);
+    }
+}
+
+void PagePainter::next_page(const QString& title) {
+    if (page_++ > 0 && !device_.newPage()) {
+        throw PrintError(refused);
+    }
+    draw_footer(title);
+}
+
+void PagePainter::finish() {
+    if (!painter_.end()) {
+        throw PrintError(refused);
+    }
+}
+
+void PagePainter::draw(const QTextDocument& document, int page) {
+    const double top = page * body_.height();
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = body_.translated(0.0, top);
+    context.palette.setColor(QPalette::Text, Qt::black);
+    painter_.save();
+    painter_.translate(0.0, -top);
+    painter_.setClipRect(context.clip);
+    document.documentLayout()->draw(&painter_, context);
+    painter_.restore();
+}
+
+void PagePainter::draw_footer(const QString& title) {
+    const double footer = footer_inches * device_.logicalDpiY();
+    const QRectF area(body_.left(), body_.bottom() + footer / 3, body_.width(), footer * 2 / 3);
+    painter_.save();
+    painter_.setFont(font_of_size(footer_points));
+    painter_.setPen(QPen(QColor(0x80, 0x80, 0x80), device_.logicalDpiY() / 150.0));
+    painter_.drawLine(area.topLeft(), area.topRight());
+    painter_.setPen(Qt::black);
+    const auto put = [&](Qt::Alignment side, const QString& text) {
+        painter_.drawText(area, static_cast<int>(side | Qt::AlignBottom), text);
+    };
+    put(Qt::AlignLeft, u"Printed "_s + to_qt(date_text(printed_)));
+    put(Qt::AlignHCenter, title);
+    put(Qt::AlignRight, u"Page %1 of %2"_s.arg(page_).arg(page_count_));
+    painter_.restore();
+}
+
+}  // namespace kelvar

@@ -1,0 +1,124 @@
+#include "output/report/report_document.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+#include <QRegularExpression>
+#include <QTextFormat>
+#include <QUrl>
+#include <algorithm>
+
+#include "widgets/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr qint64 largest_file = 10'000'000;  // bytes
+constexpr int most_tables = 8;               // inside each other; each one doubles the work or more
+constexpr const char* elsewhere = "it is not in the program folder";
+
+int table_depth(const QString& html) {
+    static const QRegularExpression tag(
+        u"<!--.*?-->|<(/?)table\\b"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    int open = 0;
+    int deepest = 0;
+    for (auto tags = tag.globalMatch(html); tags.hasNext();) {
+        const QRegularExpressionMatch found = tags.next();
+        if (!found.hasCaptured(1)) {
+            continue;  // a comment
+        }
+        open = std::max(open + (found.capturedLength(1) == 0 ? 1 : -1), 0);
+        deepest = std::max(deepest, open);
+    }
+    return deepest;
+}
+
+// Null when the bytes are no such image. Others, such as SVG, can name further files.
+QImage decoded(QByteArray& bytes) {
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    const QByteArray format = reader.format();
+    const bool pixels = format == "png" || format == "jpeg" || format == "gif" || format == "bmp";
+    return pixels ? reader.read() : QImage();
+}
+
+}  // namespace
+
+ReportDocument::ReportDocument(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+std::optional<std::string> ReportDocument::read(const QString& html) {
+    if (table_depth(html) > most_tables) {
+        return "has more than 8 tables inside each other.";
+    }
+    setHtml(html);  // reads style sheets and backgrounds
+    for (const QTextFormat& format : allFormats()) {
+        const QString image = format.toImageFormat().name();
+        if (format.isImageFormat() && !QUrl(image).isValid()) {
+            refuse(image, elsewhere);
+        } else if (format.isImageFormat()) {
+            resource(ImageResource, QUrl(image));
+        }
+    }
+    return refused_;
+}
+
+// Always gives something: for an image without contents the toolkit would look for a file by itself.
+QVariant ReportDocument::loadResource(int type, const QUrl& name) {
+    QByteArray bytes = read_file(name);
+    QVariant contents = bytes;
+    if (type == ImageResource) {
+        QImage image = decoded(bytes);
+        if (image.isNull()) {
+            refuse(name.toString(), "it is no PNG, JPEG, GIF or BMP image");
+            image = QImage(1, 1, QImage::Format_ARGB32);
+        }
+        contents = image;
+    }
+    addResource(type, name, contents);
+    return contents;
+}
+
+QByteArray ReportDocument::read_file(const QUrl& name) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path folder = fs::canonical(folder_, error);
+    const fs::path file = fs::weakly_canonical(folder / to_utf8(name.path(QUrl::FullyDecoded)), error);
+    const bool inside = std::ranges::mismatch(folder, file).in1 == folder.end();
+    if (error || !name.scheme().isEmpty() || !inside) {
+        refuse(name.toString(), elsewhere);
+        return {};
+    }
+    if (!fs::exists(file, error)) {
+        refuse(name.toString(), "it is missing");
+        return {};
+    }
+    if (!fs::is_regular_file(file, error)) {
+        refuse(name.toString(), "it is not a file");
+        return {};
+    }
+    QFile input(QString::fromStdString(file.string()));
+    if (!input.open(QIODevice::ReadOnly)) {
+        refuse(name.toString(), "it cannot be read: " + to_utf8(input.errorString()));
+        return {};
+    }
+    QByteArray bytes = input.read(largest_file + 1);
+    if (bytes.size() > largest_file) {
+        refuse(name.toString(), "it is larger than 10 MB");
+        return {};
+    }
+    return bytes;
+}
+
+// The first one counts.
+void ReportDocument::refuse(const QString& name, const std::string& why) {
+    if (!refused_) {
+        refused_ = "cannot use \"" + to_utf8(name.left(200)) + "\": " + why + ".";
+    }
+}
+
+}  // namespace kelvar

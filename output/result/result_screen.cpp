@@ -1,0 +1,180 @@
+#include "output/result/result_screen.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QStackedWidget>
+
+#include "core/numbers.h"
+#include "engine/schedule.h"
+#include "output/report/page_painter.h"
+#include "output/report/report.h"
+#include "output/report/report_templates.h"
+#include "widgets/summary_panel.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
+    : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
+      today(module1.today()),
+      id_(id) {
+    content()->setSpacing(theme::grid);
+    lblsub = theme::label({}, theme::Role::section, "lblsub");
+    lblsub->setWordWrap(true);
+    QBoxLayout* top = control::row();
+    top->addWidget(lblsub, 1);
+    top->addWidget(rate_list());
+    content()->addLayout(top);
+    summary_ = new SummaryPanel;
+    values_ = new QGridLayout(summary_);
+    values_->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
+    values_->setHorizontalSpacing(theme::grid);
+    values_->setVerticalSpacing(theme::grid / 2);
+    values_->setColumnStretch(0, 3);
+    if (!theme::large_text()) {
+        values_->setColumnMinimumWidth(2, 2 * theme::grid);
+        values_->setColumnStretch(3, 2);
+    }
+    content()->addWidget(summary_);
+
+    result_ = new QStackedWidget;
+    lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
+    lblcover->setWordWrap(true);
+    lblcover->setAlignment(Qt::AlignCenter);
+    lblcover->setMargin(4 * theme::grid);
+    result_->addWidget(lblcover);
+    content()->addWidget(result_, 1);
+
+    print_buttons = new PrintButtons(navigation());
+    connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
+        print_buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+    });
+}
+
+// The summary and then the schedule that suits the scenario, as one job: also without one of them.
+PrintJob ResultScreen::print_job() const {
+    store_again_if_changed();
+    std::vector<Report> reports;
+    std::string missing;
+    for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
+        try {
+            reports.push_back(fill_template(module.program_file(name), module.database()));
+        } catch (const PrintError& error) {
+            missing += (missing.empty() ? "" : "\n\n") + std::string(error.what());
+        }
+    }
+    if (reports.empty()) {
+        throw PrintError(missing);
+    }
+    const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
+    const Date printed = module.today();
+    return {.title = title,
+            .file_name = pdf_name(title, cmbrate->currentText(), printed),
+            .missing = missing,
+            .draw = [reports, printed](QPagedPaintDevice& device) {
+                draw_reports(reports, printed, device);
+            }};
+}
+
+void ResultScreen::store_result(std::function<void()> store) {
+    store_ = std::move(store);
+    store_();
+}
+
+void ResultScreen::store_again_if_changed() const {
+    if (module.database().changed_by_others()) {
+        store_();
+    }
+}
+
+QFrame* ResultScreen::rate_list() {
+    auto* Frame1 = new QFrame;
+    Frame1->setObjectName(u"Frame1"_s);
+    auto* row = new QHBoxLayout(Frame1);
+    row->setContentsMargins(0, 0, 0, 0);
+    cmbrate = new QComboBox;
+    cmbrate->setObjectName(u"cmbrate"_s);
+    cmbrate->setAccessibleName(u"Annual Rate of Return"_s);
+    cmbrate->setMinimumContentsLength(6);
+    auto* caption = theme::label(u"Annual &Rate of Return"_s, theme::Role::body);
+    caption->setBuddy(cmbrate);
+    row->addWidget(caption);
+    row->addWidget(cmbrate);
+    return Frame1;
+}
+
+void ResultScreen::activate() {
+    if (!computed_) {
+        computed_ = true;
+        get_value();
+    }
+}
+
+void ResultScreen::go_previous() {
+    module.screens.show(ScreenId::frmdrate);
+    module.screens.close(id_);
+}
+
+QLabel* ResultScreen::add_value(const QString& caption, const char* name, int row, int column) {
+    auto* text = theme::label(caption, theme::Role::body);
+    text->setWordWrap(true);
+    auto* value = theme::label({}, theme::Role::value, name);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    summary_->add(text, value);
+    if (theme::large_text()) {
+        row = values_->count() / 2;
+        column = 0;
+    }
+    values_->addWidget(text, row, 3 * column);
+    values_->addWidget(value, row, 3 * column + 1);
+    return value;
+}
+
+void ResultScreen::show_money(QLabel* label, double dollars) {
+    label->setText(to_qt(format_number(dollars, pattern::dollars)));
+}
+
+void ResultScreen::add_rate(RateText text) {
+    for (const double rate : scenario.selected_rates) {
+        const bool blank = text == RateText::with_blank && rate >= 0.0;
+        cmbrate->addItem((blank ? u" "_s : QString()) + to_qt(number_text(rate)) + u"%"_s);
+    }
+    cmbrate->setCurrentIndex(0);
+    // Picking the entry that is already chosen counts as well.
+    connect(cmbrate, &QComboBox::activated, this, [this] { get_value(); });
+    set_first_field(cmbrate);
+}
+
+double ResultScreen::chosen_rate() const {
+    return parse_rate(to_utf8(cmbrate->currentText()));
+}
+
+void ResultScreen::set_result(QWidget* result) {
+    result_->addWidget(result);
+    result_->setCurrentWidget(result);
+}
+
+void ResultScreen::get_cover(const QString& reason) {
+    print_buttons->show_saved({});
+    lblcover->setText(reason);
+    result_->setCurrentWidget(lblcover);
+}
+
+void ResultScreen::uncover() {
+    print_buttons->show_saved({});
+    result_->setCurrentIndex(result_->count() - 1);
+}
+
+void ResultScreen::show_note() {
+    if (!note_shown_ && module.screens.offers(ScreenId::frmclaim)) {
+        note_shown_ = true;
+        module.screens.show(ScreenId::frmclaim);
+    }
+}
+
+}  // namespace kelvar

@@ -1,0 +1,77 @@
+// What every result screen has: the rate list, labelled values, the result area with its cover, the
+// print button, the note shown once per visit.
+#pragma once
+
+#include <functional>
+
+#include "output/report/printing.h"
+#include "shell/screen.h"
+
+class QFrame;
+class QGridLayout;
+class QStackedWidget;
+
+namespace kelvar {
+
+class SummaryPanel;
+
+class ResultScreen : public Screen {
+    Q_OBJECT
+
+public:
+    // Computes when the screen comes to the front for the first time, so that its messages appear over
+    // it. Closing it and coming again computes afresh.
+    void activate() override;
+
+protected:
+    ResultScreen(Module1& module, ScreenId id, const char* name);
+
+    // Computes and shows the result for the chosen rate; run also whenever another rate is picked.
+    virtual void get_value() = 0;
+    void go_previous() override;
+
+    // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
+    QLabel* add_value(const QString& caption, const char* name, int row, int column);
+    static void show_money(QLabel* label, double dollars);  // "$###,###,##0.00"
+    // Fills the rate list; picking an entry runs get_value. The schedule screens put a blank before a
+    // positive rate, where a negative one has its sign.
+    enum class RateText { plain, with_blank };
+    void add_rate(RateText text);
+    // Chosen rate, percent per year.
+    double chosen_rate() const;
+    // The area below the values that the cover hides.
+    void set_result(QWidget* result);
+    // Covers the result area and says why nothing is shown. Either way it is a new result.
+    virtual void get_cover(const QString& reason);
+    void uncover();
+
+    // Stores what the screen shows: now, and once more before it is printed when somebody else has
+    // written the file in between.
+    void store_result(std::function<void()> store);
+
+    // The disclaimer, after the first successful computation.
+    void show_note();
+
+    // One visit has one today, also across midnight: the first payment and its value at every rate
+    // belong together.
+    const Date today;
+    QLabel* lblsub = nullptr;
+    QComboBox* cmbrate = nullptr;
+    PrintButtons* print_buttons = nullptr;  // disabled while there is nothing to print
+
+private:
+    QFrame* rate_list();
+    PrintJob print_job() const;
+    void store_again_if_changed() const;
+
+    SummaryPanel* summary_ = nullptr;
+    QGridLayout* values_ = nullptr;
+    QStackedWidget* result_ = nullptr;
+    QLabel* lblcover = nullptr;
+    std::function<void()> store_;
+    bool computed_ = false;
+    bool note_shown_ = false;
+    ScreenId id_;
+};
+
+}  // namespace kelvar

@@ -1,0 +1,101 @@
+#include "shell/notes/frmclaim.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "widgets/controls.h"
+#include "widgets/scrolled_page.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+// Double and trailing blanks belong to the texts.
+const QString texts[] = {
+    u"The Assumed Rates of Returns for the Future are based on historical returns, volatility and correlations, but not exclusively. They are forward-looking, therefore, they will not match historical returns."_s,
+    u"A change in the method of distribution,  payment date or annual rate of return could substantially change the figures on the next screen."_s,
+    u"The figures on the payment schedule are only estimates and are for illustration purposes only.  The payment schedule is not intended nor shall it in any way be construed as a guarantee of rate of return,  account value or payment amounts."_s,
+    u"The estimated distribution payment is before any taxes, or penalties (if applicable). "_s,
+    u"For periodic payments: In this software, each calendar year, your account's distribution will be recalculated before the 1st payment for that year. This recalculation is necessary in order to reflect any growth in your account.  The annual recalculation will be based on the remaining balance in your account and the number of installment payments left.  Consequently, the dollar amount of each year's installment payments will either increase, decrease or remain the same relative to the previous year's payment(s). "_s,
+    u"This projection is based upon your current life expectancy/joint life expectancy/minimum distribution and does not reflect the fact that under the Plan, your life expectancy will be recalculated annually.  The amount of your total annual distribution may vary significantly from the amounts of this projection due to this recalculation feature and market fluctuation."_s,
+    u"Pursuant to IRS rules, participants who defer distribution until after the close of the year in which they reach age 70 1/2, or sever from City service if older than age 70 1/2, must receive two minimum distribution payments in that year. This software does not incorporate this condition. "_s,
+};
+
+constexpr int characters_in_a_line = 90;
+
+// The narrow font, or the narrowest there is instead, so large that its small letters are as high as
+// those of the other texts.
+QFont narrow_font(const QFont& base) {
+    QFont font = base;
+    font.setFamilies({u"Arial Narrow"_s, u"Liberation Sans Narrow"_s, base.family()});
+    const double smaller = QFontMetricsF(base).xHeight() / QFontMetricsF(font).xHeight();
+    font.setPointSizeF(base.pointSizeF() * std::max(1.0, smaller));
+    return font;
+}
+
+// In pixels; the texts have enough words to tell how wide a character is on average.
+int line_width(const QFont& font) {
+    const QString& text = texts[4];
+    return QFontMetrics(font).horizontalAdvance(text.left(400)) * characters_in_a_line / 400;
+}
+
+}  // namespace
+
+frmclaim::frmclaim(QWidget* parent) : QDialog(parent) {
+    setObjectName(u"frmclaim"_s);
+    setWindowTitle(u"Kelvar"_s);
+    setModal(true);
+    control::only_closes(this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(3 * theme::grid, 2 * theme::grid, 3 * theme::grid, 2 * theme::grid);
+    layout->setSpacing(theme::grid);
+    layout->addWidget(theme::label(u"Please Note:"_s, theme::Role::section, "lblnote1"));
+
+    auto* page = new ScrolledPage;
+    const QFont narrow = narrow_font(font());
+    auto* lines = new QVBoxLayout(page);
+    lines->setContentsMargins(0, 0, theme::grid, 0);
+    lines->setSpacing(theme::grid);
+    int index = 0;
+    for (const QString& text : texts) {
+        auto* line = theme::label(text, theme::Role::body);
+        line->setObjectName(u"lblnote_%1"_s.arg(index++));
+        line->setWordWrap(true);
+        line->setFont(narrow);
+        lines->addWidget(line);
+    }
+    lines->addStretch(1);
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(page);
+    scroll->setAccessibleName(u"Please Note:"_s);
+    layout->addWidget(scroll, 1);
+
+    auto* cmdok = control::button(u"&OK"_s, "cmdok");
+    cmdok->setDefault(true);
+    connect(cmdok, &QPushButton::clicked, this, &QDialog::accept);
+    layout->addWidget(cmdok, 0, Qt::AlignRight);
+    cmdok->setFocus();
+
+    // No wider than reads well and no higher than its texts, so that the button stays below them.
+    const QSize screen = parent->screen()->availableSize() - QSize(0, 4 * theme::grid);
+    const QSize room(std::min(screen.width(), parent->width() - 8 * theme::grid), screen.height());
+    const int beside = 6 * theme::grid;  // margins of the window
+    const int width = std::min(beside + theme::grid + line_width(narrow), room.width());
+    const int around = layout->sizeHint().height() - scroll->sizeHint().height();
+    const int height = around + lines->heightForWidth(width - beside);
+    if (height <= room.height()) {
+        // One that is there for a moment narrows the texts, and so stays for ever.
+        scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+    setFixedSize(width, std::min(height, room.height()));
+}
+
+}  // namespace kelvar

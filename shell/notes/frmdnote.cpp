@@ -1,0 +1,39 @@
+#include "shell/notes/frmdnote.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+
+#include "shell/notes/portfolios.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+frmdnote::frmdnote(Module1& module1)
+    : Screen(module1, "frmdnote",
+             {.title = u"Sample Investment Allocation Portfolios"_s,
+              .step = {},
+              .help = false,
+              .previous = false,
+              .next = false,
+              .close_with = "cmdnoteok"}) {
+    auto* grid = new QGridLayout;
+    grid->setSpacing(theme::grid);
+    const int columns = theme::large_text() ? 1 : 2;
+    for (int index = 0; index < static_cast<int>(portfolios().size()); ++index) {
+        grid->addWidget(portfolio_frame(index, PortfolioName::in_overview), index / columns,
+                        index % columns);
+    }
+    content()->addLayout(grid);
+    // The run of blanks is part of the footnote.
+    content()->addWidget(control::paragraph(
+        u"* The funds that make up the four pre-arranged portfolios are varying percentages of the             Plan's core investment options."_s));
+    content()->addStretch(1);
+}
+
+void frmdnote::go_next() {
+    module.screens.close(ScreenId::frmdnote);
+}
+
+}  // namespace kelvar

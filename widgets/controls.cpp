@@ -1,0 +1,130 @@
+#include "widgets/controls.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include "core/dates.h"
+#include "widgets/captioned_frame.h"
+#include "widgets/entry_box.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+namespace kelvar {
+
+QStringList month_entries(const std::vector<int>& months) {
+    QStringList entries;
+    for (const int month : months) {
+        entries << to_qt(month_name(month));
+    }
+    return entries;
+}
+
+QStringList year_entries(const std::vector<int>& years) {
+    QStringList entries;
+    for (const int year : years) {
+        entries << QString::number(year);
+    }
+    return entries;
+}
+
+namespace control {
+
+QPushButton* button(const QString& text, const char* name) {
+    auto* button = new QPushButton(text);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(true);
+    return button;
+}
+
+QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name) {
+    auto* picture = new QToolButton;
+    picture->setObjectName(QString::fromLatin1(name));
+    picture->setIcon(theme::icon(icon));
+    picture->setIconSize(QSize(24, 24));
+    picture->setAccessibleName(accessible_name);
+    picture->setToolTip(accessible_name);
+    picture->setFocusPolicy(Qt::StrongFocus);
+    return picture;
+}
+
+QLabel* words_beside(QToolButton* picture, const QString& text, const char* name) {
+    QLabel* words = theme::label(text, theme::Role::note, name);
+    words->setWordWrap(theme::large_text());
+    words->setBuddy(picture);
+    words->setCursor(Qt::PointingHandCursor);
+    return words;
+}
+
+QGroupBox* frame(const QString& caption, const char* name) {
+    auto* frame = new CaptionedFrame(caption);
+    frame->setObjectName(QString::fromLatin1(name));
+    return frame;
+}
+
+QBoxLayout* row() {
+    return new QBoxLayout(theme::large_text() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+QLabel* paragraph(const QString& text, const char* name) {
+    auto* label = theme::label(text, theme::Role::note, name);
+    label->setWordWrap(true);
+    return label;
+}
+
+void refill(QComboBox* list, const QStringList& entries) {
+    QStringList present;
+    for (int index = 0; index < list->count(); ++index) {
+        present << list->itemText(index);
+    }
+    if (present == entries) {
+        return;
+    }
+    list->hidePopup();
+    const QSignalBlocker quiet(list);
+    const QString chosen = list->currentText();
+    list->clear();
+    list->addItems(entries);
+    const int kept = list->findText(chosen);
+    list->setCurrentIndex(kept >= 0 ? kept : 0);
+}
+
+void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen) {
+    auto* shortcut = new QShortcut(keys, screen);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
+}
+
+void only_closes(QDialog* dialog) {
+    dialog->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+}
+
+QComboBox* list(const char* name, const QString& accessible_name) {
+    auto* list = new QComboBox;
+    list->setObjectName(QString::fromLatin1(name));
+    list->setAccessibleName(accessible_name);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    list->setMinimumContentsLength(9);
+    list->setMaxVisibleItems(12);
+    return list;
+}
+
+QLineEdit* money_box(const char* name, const QString& accessible_name) {
+    auto* box = new EntryBox;
+    box->setObjectName(QString::fromLatin1(name));
+    box->setAccessibleName(accessible_name);
+    box->setAlignment(Qt::AlignRight);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("9,999,999,999,999.99")) +
+                       4 * box->fontMetrics().averageCharWidth());
+    return box;
+}
+
+}  // namespace control
+
+}  // namespace kelvar

@@ -1,0 +1,92 @@
+#include "widgets/masked_date_edit.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr int month_end = 2;
+constexpr int day_start = 3;
+constexpr int day_end = 5;
+constexpr int year_start = 6;
+
+}  // namespace
+
+MaskedDateEdit::MaskedDateEdit(const char* name) {
+    setObjectName(QString::fromLatin1(name));
+    setInputMask(u"99/99/9999;_"_s);
+    setCursorPosition(0);
+    setFixedWidth(fontMetrics().horizontalAdvance(u"00/00/0000"_s) +
+                  4 * fontMetrics().averageCharWidth());
+}
+
+bool MaskedDateEdit::is_empty() const {
+    return mask_text() == u"__/__/____"_s;
+}
+
+void MaskedDateEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) {
+        paste_date(QGuiApplication::clipboard()->text());
+        event->accept();
+    } else if (event->text() == u"/"_s || event->text() == u"-"_s || event->text() == u"."_s) {
+        end_part();
+        event->accept();
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void MaskedDateEdit::select_content() {
+    if (is_empty()) {
+        setCursorPosition(0);
+    } else {
+        selectAll();
+    }
+}
+
+void MaskedDateEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (is_empty()) {
+        setCursorPosition(0);
+    }
+}
+
+void MaskedDateEdit::end_part() {
+    const int cursor = cursorPosition();
+    if (cursor > day_end) {
+        return;
+    }
+    const int start = cursor <= month_end ? 0 : day_start;
+    QString typed = mask_text();
+    const QChar first = typed[start];
+    const QChar second = typed[start + 1];
+    if (first == u'_') {
+        return;
+    }
+    if (second == u'_') {
+        typed[start] = u'0';
+        typed[start + 1] = first;
+        setText(typed);
+    }
+    setCursorPosition(start == 0 ? day_start : year_start);
+}
+
+void MaskedDateEdit::paste_date(const QString& text) {
+    static const QRegularExpression date(
+        u"^\\s*(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})\\s*$|^\\s*(\\d\\d)(\\d\\d)(\\d{4})\\s*$"_s);
+    const QRegularExpressionMatch match = date.match(text);
+    if (!match.hasMatch()) {
+        return;
+    }
+    const int first = match.capturedStart(1) >= 0 ? 1 : 4;
+    setText(match.captured(first).rightJustified(2, u'0') + u'/' +
+            match.captured(first + 1).rightJustified(2, u'0') + u'/' + match.captured(first + 2));
+}
+
+}  // namespace kelvar

@@ -1,0 +1,216 @@
+#include "widgets/theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QPalette>
+#include <QScreen>
+#include <QSvgRenderer>
+#include <algorithm>
+
+#include "widgets/outlined_style.h"
+
+using namespace Qt::StringLiterals;
+
+// The drawings are linked in from a static library, so they must be asked for. (The macro works in the
+// global namespace only.)
+static void use_icons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace kelvar::theme {
+
+namespace {
+
+Colors make_colors(bool dark) {
+    if (dark) {
+        return {.window = QColor(0x1b, 0x21, 0x27),
+                .card = QColor(0x25, 0x2d, 0x35),
+                .field = QColor(0x36, 0x41, 0x4c),
+                .border = QColor(0x5a, 0x67, 0x74),
+                .outline = QColor(0x9a, 0xa7, 0xb3),
+                .band = QColor(0x0f, 0x2f, 0x46),
+                .band_text = QColor(0xff, 0xff, 0xff),
+                .text = QColor(0xe8, 0xed, 0xf2),
+                .note = QColor(0xb8, 0xc4, 0xcf),
+                .accent = QColor(0x7c, 0xbd, 0xe8),
+                .warning = QColor(0xf0, 0xb4, 0x5b)};
+    }
+    return {.window = QColor(0xf2, 0xf5, 0xf8),
+            .card = QColor(0xff, 0xff, 0xff),
+            .field = QColor(0xff, 0xff, 0xff),
+            .border = QColor(0xc3, 0xcd, 0xd7),
+            .outline = QColor(0x73, 0x80, 0x8d),
+            .band = QColor(0x17, 0x40, 0x5f),
+            .band_text = QColor(0xff, 0xff, 0xff),
+            .text = QColor(0x1d, 0x28, 0x33),
+            .note = QColor(0x4a, 0x57, 0x64),
+            .accent = QColor(0x1a, 0x66, 0x9c),
+            .warning = QColor(0xa1, 0x57, 0x00)};
+}
+
+bool dark_ = false;
+Colors colors_ = make_colors(false);
+
+QPalette palette() {
+    const Colors& c = colors_;
+    const QColor disabled = dark_ ? QColor(0x80, 0x8c, 0x97) : QColor(0x84, 0x90, 0x9b);
+    QPalette palette;
+    palette.setColor(QPalette::Window, c.window);
+    palette.setColor(QPalette::WindowText, c.text);
+    palette.setColor(QPalette::Base, c.field);
+    palette.setColor(QPalette::AlternateBase, dark_ ? c.field.darker(112) : QColor(0xf3, 0xf7, 0xfa));
+    palette.setColor(QPalette::Text, c.text);
+    palette.setColor(QPalette::PlaceholderText, c.note);
+    palette.setColor(QPalette::Button, dark_ ? QColor(0x33, 0x3d, 0x47) : QColor(0xfa, 0xfb, 0xfc));
+    palette.setColor(QPalette::ButtonText, c.text);
+    palette.setColor(QPalette::ToolTipBase, c.card);
+    palette.setColor(QPalette::ToolTipText, c.text);
+    palette.setColor(QPalette::BrightText, c.warning);
+    palette.setColor(QPalette::Link, c.accent);
+    palette.setColor(QPalette::Highlight, dark_ ? QColor(0x2a, 0x74, 0xaa) : c.accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, disabled);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Base, c.window);
+    return palette;
+}
+
+QString style_sheet(const QFont& font) {
+    const Colors& c = colors_;
+    const double base = font.pointSizeF();
+    const int indicator = QFontInfo(font).pixelSize() / 2 * 2;  // even, else circles are off centre
+    const auto points = [&](double factor) { return QString::number(base * factor, 'f', 1); };
+    return uR"(
+        QFrame#titleband { background: %1; border: none; }
+        QFrame#titleband QLabel { color: %2; background: transparent; }
+        QFrame#navigation { background: %3; border: none; border-top: 1px solid %4; }
+        QGroupBox { background: %3; border: 1px solid %4; border-radius: 6px; margin-top: 0px;
+                    padding: %10px 8px 4px 8px; }
+        QFrame#card, QFrame#summary { background: %3; border: 1px solid %4; border-radius: 6px; }
+        QFrame#summary:focus { border: 2px solid %5; }
+        QLabel[role="title"] { font-size: %6pt; font-weight: 600; }
+        QPushButton#lblkelv { font-size: %9pt; font-weight: 700; color: %5; border: none;
+                              background: transparent; padding: 0px 16px; }
+        QPushButton#lblkelv:focus { text-decoration: underline; }
+        QLabel[role="subtitle"] { font-size: %7pt; }
+        QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
+        QLabel[role="value"] { font-weight: 600; }
+        QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QToolButton::menu-indicator { image: none; }
+        QComboBox { combobox-popup: 0; }
+        QCheckBox::indicator, QRadioButton::indicator { width: %15px; height: %15px; }
+        QLabel:disabled { color: %14; }
+        QScrollArea { background: transparent; border: none; }
+        QWidget#content { background: transparent; }
+        QHeaderView::section { background: %12; color: %13; font-weight: 600; border: none;
+                               border-bottom: 1px solid %4; padding: 4px 8px; }
+        QTableView { border: 1px solid %4; gridline-color: transparent; }
+        kelvar--Grid::item { border: 0px; padding: 0px 5px; }
+        QTableView:focus { border: 2px solid %5; }
+    )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
+             points(1.6), points(1.1), points(1.0), points(3.2))
+        .arg(QFontMetrics(font).height() + theme::grid)
+        .arg(c.note.name(), dark_ ? c.card.lighter(130).name() : u"#e3ebf2"_s, c.text.name(),
+             QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name())
+        .arg(indicator);
+}
+
+const char* role_name(Role role) {
+    switch (role) {
+        case Role::title:
+            return "title";
+        case Role::subtitle:
+            return "subtitle";
+        case Role::section:
+            return "section";
+        case Role::value:
+            return "value";
+        case Role::note:
+            return "note";
+        default:
+            return "body";
+    }
+}
+
+QByteArray drawing(const QString& name) {
+    QFile file(u":/icons/"_s + name + u".svg"_s);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QPixmap render(QByteArray drawing, const QColor& color, int size) {
+    drawing.replace("currentColor", color.name().toUtf8());
+    QSvgRenderer renderer(drawing);
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    return pixmap;
+}
+
+}  // namespace
+
+void apply(QApplication& application) {
+    use_icons();
+    QLocale::setDefault(QLocale::c());
+    dark_ = application.palette().color(QPalette::Window).lightness() < 128;
+    colors_ = make_colors(dark_);
+    QApplication::setStyle(new OutlinedStyle);
+    QFont font = application.font();
+    font.setPointSizeF(std::max(11.0, font.pointSizeF()));
+    application.setFont(font);
+    application.setPalette(palette());
+    application.setStyleSheet(style_sheet(font));
+    application.setWindowIcon(icon(u"kelvar"_s));
+}
+
+bool large_text() {
+    constexpr double usual_up_to = 16.0;  // points
+    constexpr int narrowest_usual = 860;  // pixels, for a screen of the standard size
+    return QApplication::font().pointSizeF() > usual_up_to ||
+           QGuiApplication::primaryScreen()->availableGeometry().width() < narrowest_usual;
+}
+
+int side_margin() {
+    return large_text() ? grid / 2 : 3 * grid;
+}
+
+const Colors& colors() {
+    return colors_;
+}
+
+QLabel* label(const QString& text, Role role, const char* name) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("role", QString::fromLatin1(role_name(role)));
+    if (name != nullptr) {
+        label->setObjectName(QString::fromLatin1(name));
+    }
+    return label;
+}
+
+QIcon icon(const QString& name) {
+    constexpr int size = 48;  // sharp on a screen of double density
+    const QColor disabled = QApplication::palette().color(QPalette::Disabled, QPalette::ButtonText);
+    QIcon icon(picture(name, size));
+    icon.addPixmap(render(drawing(name), disabled, size), QIcon::Disabled);
+    return icon;
+}
+
+QPixmap picture(const QString& name, int size) {
+    return render(drawing(name), colors_.accent, size);
+}
+
+QPixmap legend_key(Qt::BrushStyle pattern) {
+    constexpr int side = 2 * grid;
+    QPixmap key(side, side);
+    key.fill(Qt::transparent);
+    QPainter painter(&key);
+    painter.setPen(QPen(colors_.accent, 1.5));
+    painter.setBrush(QBrush(colors_.accent, pattern));
+    painter.drawRect(1, 1, side - 3, side - 3);
+    return key;
+}
+
+}  // namespace kelvar::theme

@@ -1,0 +1,50 @@
+// The look of the program in one place: one palette, light or dark as the desktop is, one type scale
+// that follows the desktop's font size, one set of icons.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QLabel>
+
+class QApplication;
+
+namespace kelvar::theme {
+
+inline constexpr int grid = 8;  // all distances are multiples of this, in device-independent pixels
+
+// Sets style, palette, fonts and style sheet. Called once, before the first window.
+void apply(QApplication& application);
+
+// True when the desktop's font is so large, or its display so narrow, that what otherwise stands side
+// by side goes below each other, so that nothing needs sideways scrolling.
+bool large_text();
+// Margin left and right of the content, indentation below an option; narrower for large text.
+int side_margin();
+
+struct Colors {
+    QColor window;
+    QColor card;
+    QColor field;    // text boxes, lists, tables
+    QColor border;   // of cards and tables, and of what is disabled
+    QColor outline;  // of what can be filled in or ticked
+    QColor band;
+    QColor band_text;
+    QColor text;
+    QColor note;
+    QColor accent;
+    QColor warning;
+};
+const Colors& colors();
+
+// What a label is for decides its size and colour.
+enum class Role { body, title, subtitle, section, value, note };
+QLabel* label(const QString& text, Role role, const char* name = nullptr);
+
+// One of our own drawings from widgets/icons in the accent colour: for a button, or as a picture of a
+// size in device-independent pixels.
+QIcon icon(const QString& name);
+QPixmap picture(const QString& name, int size);
+// The square beside a word of a legend, filled with this pattern in the accent colour.
+QPixmap legend_key(Qt::BrushStyle pattern);
+
+}  // namespace kelvar::theme
