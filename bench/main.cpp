@@ -98,7 +98,7 @@ private:
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" KELVAR_DISPLAYS);
     }
     kelvar::Application application(argc, argv);
     kelvar::theme::apply(application);

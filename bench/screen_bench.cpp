@@ -14,7 +14,7 @@
 #include <chrono>
 #include <filesystem>
 
-#include "main/all_screens.h"
+#include "main/program.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
 #include "shell/main_window.h"
@@ -43,15 +43,13 @@ void start(benchmark::State& state, const char* program) {
 // The whole program with a result screen open on the longest schedule, at four rates.
 struct OpenResult {
     explicit OpenResult(Method method = periodic_payments, ScreenId result = ScreenId::frmperio)
-        : module(window, folder.path(), [] { return Date{2020y / 1 / 15}; }) {
-        add_all_screens(window, module);
+        : program(folder.path(), [] { return Date{2020y / 1 / 15}; }) {
         window.add_modal(ScreenId::frmclaim, [](QWidget* parent) {  // nobody is there to close it
             auto* note = new QDialog(parent);
             QTimer::singleShot(0, note, &QDialog::accept);
             return note;
         });
-        window.load(module);
-        static_cast<QMainWindow&>(window).show();
+        program.open();
         Scenario& scenario = module.scenario;
         scenario.birth_date = 2003y / 6 / 15;
         scenario.present_value = 250000.0;
@@ -70,8 +68,9 @@ struct OpenResult {
     }
 
     test::TemporaryProgramFolder folder;
-    MainWindow window;
-    Module1 module;
+    Program program;
+    MainWindow& window = program.window();
+    Module1& module = program.module();
 };
 
 // Picking another rate: computes, stores and paints.
@@ -80,6 +79,7 @@ void another_rate_until_painted(benchmark::State& state) {
     auto* cmbrate = open.window.visible_screen()->findChild<QComboBox*>(u"cmbrate"_s);
     for (auto _ : state) {
         cmbrate->setCurrentIndex(cmbrate->currentIndex() == 0 ? 1 : 0);
+        emit cmbrate->activated(cmbrate->currentIndex());
         open.window.repaint();
         QCoreApplication::processEvents();
     }

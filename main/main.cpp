@@ -1,9 +1,8 @@
 #include <filesystem>
 
-#include "main/all_screens.h"
 #include "main/only_program.h"
+#include "main/program.h"
 #include "shell/application.h"
-#include "shell/main_window.h"
 #include "widgets/theme.h"
 
 int main(int argc, char** argv) {
@@ -15,15 +14,12 @@ int main(int argc, char** argv) {
     try {
         const std::filesystem::path program_folder =
             std::filesystem::path(Application::applicationDirPath().toStdString());
-        const OnlyProgram program(program_folder);
-        if (program.is_second()) {
+        const OnlyProgram only_one(program_folder);
+        if (only_one.is_second()) {
             return Application::report_already_open();
         }
-        MainWindow window;
-        Module1 module(window, program_folder);
-        add_all_screens(window, module);
-        window.load(module);
-        window.show();
+        Program program(program_folder);
+        program.open();
         return Application::exec();
     } catch (const std::exception& error) {
         return Application::report_run_time_error(error);

@@ -17,7 +17,6 @@
 #include <QTimer>
 
 #include "core/numbers.h"
-#include "main/all_screens.h"
 #include "widgets/message_dialog.h"
 #include "widgets/text.h"
 
@@ -31,20 +30,25 @@ UiTest::UiTest() {
 }
 
 void UiTest::start_program() {
-    window.reset();
-    window = std::make_unique<MainWindow>();
-    module = std::make_unique<Module1>(*window, folder.path(), [this] { return today; });
-    add_all_screens(*window, *module);
-    window->load(*module);
-    static_cast<QMainWindow*>(window.get())->show();
+    end_program();
+    program = std::make_unique<Program>(folder.path(), [this] { return today; });
+    window = &program->window();
+    module = &program->module();
+    program->open();
     window->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
 }
 
 UiTest::~UiTest() {
     qApp->removeEventFilter(this);
-    window.reset();
+    end_program();
     settle();
+}
+
+void UiTest::end_program() {
+    window = nullptr;
+    module = nullptr;
+    program.reset();
 }
 
 bool UiTest::eventFilter(QObject* watched, QEvent* event) {

@@ -10,8 +10,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/module1.h"
-#include "shell/main_window.h"
+#include "main/program.h"
 #include "shell/screen.h"
 #include "tests/support/temporary_program_folder.h"
 
@@ -79,12 +78,14 @@ public:
     std::vector<QStringList> work_table_rows();
 
     TemporaryProgramFolder folder;
-    std::unique_ptr<Module1> module;  // outlives the window's screens
-    std::unique_ptr<MainWindow> window;
+    std::unique_ptr<Program> program;
+    MainWindow* window = nullptr;  // of the program
+    Module1* module = nullptr;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void end_program();
     void save(QDialog* file_dialog);
     void choose_from(QMenu* menu);
 

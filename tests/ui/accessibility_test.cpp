@@ -109,12 +109,12 @@ TEST_P(EveryScreen, TabReachesEveryControlDownThePageAndTheFocusIsSeen) {
             EXPECT_EQ(ring->visibleRegion().boundingRect(), ring->rect())
                 << "part of the ring around " << name_of(control) << " is cut off";
         }
-        const QRect place(control->mapTo(window.get(), QPoint()), control->size());
+        const QRect place(control->mapTo(window, QPoint()), control->size());
         press(Qt::Key_Tab);
         const QWidget* next = window->focusWidget();
         EXPECT_TRUE(next == control || surroundings(control) != with_focus)
             << name_of(control) << " shows no focus";
-        upwards += next->mapTo(window.get(), QPoint(0, next->height())).y() <= place.top() ? 1 : 0;
+        upwards += next->mapTo(window, QPoint(0, next->height())).y() <= place.top() ? 1 : 0;
     }
     for (const QObject* control : expected) {
         EXPECT_TRUE(reached.contains(control))

@@ -83,12 +83,12 @@ TEST_F(Notes, OnePortfolioStaysOnTheScreen) {
     for (const QPoint place : {QPoint(20, 30), QPoint(45, 60)}) {
         window->move(place);  // the note goes with it
         settle();
-        EXPECT_EQ(frmPortfolios(*module, window.get()).pos(), window->pos() + QPoint(100, 100));
+        EXPECT_EQ(frmPortfolios(*module, window).pos(), window->pos() + QPoint(100, 100));
     }
     for (const double far : {-5000.0, 5000.0}) {
         module->scenario.portfolio_click_x = far;
         module->scenario.portfolio_click_y = far;
-        const frmPortfolios note(*module, window.get());
+        const frmPortfolios note(*module, window);
         EXPECT_TRUE(window->screen()->availableGeometry().contains(note.pos()));
         EXPECT_EQ(note.findChild<QGroupBox*>(u"framPort_2"_s)->title(),
                   u"Moderately Low Return/Risk Portfolio"_s);

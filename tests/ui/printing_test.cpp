@@ -211,15 +211,15 @@ TEST_F(Printing, WithoutAFontSaysSo) {
         const auto config = folder.path() / "fonts.conf";
         std::ofstream(config) << "<fontconfig><cachedir>" << folder.path().string()
                               << "</cachedir></fontconfig>";
-        QProcess program;
+        QProcess again;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"FONTCONFIG_FILE"_s, to_qt(config.string()));
         environment.insert(u"KELVAR_TEST_WITHOUT_FONT"_s, u"1"_s);
-        program.setProcessEnvironment(environment);
-        program.start(QCoreApplication::applicationFilePath(),
-                      {u"--gtest_filter=Printing.WithoutAFontSaysSo"_s});
-        ASSERT_TRUE(program.waitForFinished());
-        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardOutput().toStdString();
+        again.setProcessEnvironment(environment);
+        again.start(QCoreApplication::applicationFilePath(),
+                    {u"--gtest_filter=Printing.WithoutAFontSaysSo"_s});
+        ASSERT_TRUE(again.waitForFinished());
+        EXPECT_EQ(again.exitCode(), 0) << again.readAllStandardOutput().toStdString();
         return;
     }
     go_to_method();

@@ -57,7 +57,7 @@ public:
         save_as = below(3) == 0 ? to_qt((folder.path() / "walk.pdf").string()) : QString();
         menu_entry = below(2) == 0 ? u"&Save as PDF..."_s : QString();
         QWidget* popup = QApplication::activePopupWidget();
-        QWidget* top = popup != nullptr ? popup : window.get();
+        QWidget* top = popup != nullptr ? popup : window;
         QWidget* focus = top->focusWidget() != nullptr ? top->focusWidget() : top;
         switch (below(10)) {
             case 0:

@@ -169,7 +169,7 @@ TEST_F(ScreenTest, EnterIsNextAfterANoteAndNoOtherScreenWakesOnTheWay) {
     go_to_length();
     click("optlength_2");
     QStringList woken;
-    connect(qApp, &QApplication::focusChanged, window.get(), [&](QWidget*, const QWidget* now) {
+    connect(qApp, &QApplication::focusChanged, window, [&](QWidget*, const QWidget* now) {
         for (; now != nullptr; now = now->parentWidget()) {
             woken << now->objectName();
         }
@@ -255,7 +255,7 @@ TEST_F(ScreenTest, DoubleClickActsOnce) {
         start_program();
         click("Cmdnext");
         const auto* control = find<QWidget>(name);
-        const QPoint spot = control->mapTo(window.get(), control->rect().center());
+        const QPoint spot = control->mapTo(window, control->rect().center());
         start_program();
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, spot);
         settle();
