@@ -10,12 +10,17 @@ namespace kelvar::plan {
 inline constexpr int youngest_participant = 16;
 inline constexpr int oldest_participant = 100;
 inline constexpr int minimum_distribution_from = 70;  // below it the single life table counts
-inline constexpr int oldest_for_joint_life = 90;      // of the participant, at the nearest birthday
+inline constexpr int oldest_of_single_life_table = 69;
+inline constexpr int oldest_for_joint_life = 90;  // of the participant, at the nearest birthday
 inline constexpr int youngest_spouse = 35;
 inline constexpr int least_spouse_difference = 10;  // the spouse must be more than this much younger
+inline constexpr int most_years_since_spouse_birth = 100;  // calendar years
+inline constexpr int oldest_commencement = 100;  // of payments beyond life that are insisted on
 
 // Payments may begin up to this month, its 31st, of the year after the participant reaches 70½.
 inline constexpr int last_month_of_deadline = 3;
+// After 70½, from this age on, what follows a first payment in the last year may begin a year later.
+inline constexpr int late_first_payment_from = 71;
 
 // Dollars a year. The lump sum projection charges a fee of its own, whatever fee its screen shows.
 inline constexpr std::int16_t yearly_fee = 80;

@@ -3,7 +3,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 
-#include "input/rules/distribution_rules.h"
+#include "input/rules/frequency.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;

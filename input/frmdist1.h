@@ -6,6 +6,7 @@ class QLineEdit;
 
 namespace kelvar {
 
+class FirstPaymentLists;
 class MaskedDateEdit;
 
 // Participant data: date of birth, account value, first payment month.
@@ -30,31 +31,14 @@ private:
     void chk_curvalue();
     void value_left();
 
-    void get_month();
-    void get_year();
-    void chk_year();
-    void chk_frstmon();
-    bool over_72() const;
-    void less_month_now();
-    void show_age();
-    void show_changed();
-
     void err_box(std::string_view text, QWidget* field) { report_once(text, field); }
     void edit_date();
     void go_dnxt2();
     void get_back();
 
-    int chosen_month() const;  // 1..12
-    int chosen_year() const;   // 0 while no year is offered
-
     MaskedDateEdit* mskbirth = nullptr;
     QLineEdit* txtcurvalue = nullptr;
-    QComboBox* Cmbfrstmonth = nullptr;
-    QComboBox* Cmbfrstyear = nullptr;
-    QLabel* lblage = nullptr;
-    QLabel* lblchanged = nullptr;
-    int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
-    int wished_year_ = 0;   // 0 while none was chosen
+    FirstPaymentLists* first_payment_ = nullptr;
 };
 
 }  // namespace kelvar

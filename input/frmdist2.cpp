@@ -1,48 +1,20 @@
 #include "input/frmdist2.h"
 
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QFrame>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
-#include <utility>
 
-#include "core/numbers.h"
-#include "input/frequency_boxes.h"
-#include "input/rules/distribution_rules.h"
+#include "input/commencement_lists.h"
+#include "input/partial_amount_box.h"
+#include "input/rules/next_checks.h"
 #include "widgets/controls.h"
-#include "widgets/entry_box.h"
-#include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
-
-// A list that knows whether its entry was picked from the open list, not stepped to by arrow keys.
-class PopupList : public QComboBox {
-public:
-    void showPopup() override {
-        popup_used_ = true;
-        QComboBox::showPopup();
-    }
-    bool take_popup_used() { return std::exchange(popup_used_, false); }
-
-protected:
-    void focusInEvent(QFocusEvent* event) override {
-        QComboBox::focusInEvent(event);
-        if (selects_text(event->reason())) {
-            lineEdit()->selectAll();
-        }
-    }
-
-private:
-    bool popup_used_ = false;
-};
 
 namespace {
 
@@ -116,86 +88,38 @@ void frmdist2::build_partial(QBoxLayout* card) {
     column->setContentsMargins(theme::side_margin(), 0, 0, 0);
     card->addWidget(periodic_after_partial_);
 
-    auto* Label2 = theme::label(u"Partial Amount Certain of:  $"_s, theme::Role::body, "Label2");
-    txtpartial = control::money_box("txtpartial", u"Partial amount certain in dollars"_s);
-    Label2->setBuddy(txtpartial);
-    auto* Label3 = theme::label(u"OR Percentage of Balance"_s, theme::Role::body, "Label3");
-    cmbPercent = new PopupList;
-    cmbPercent->setObjectName(u"cmbPercent"_s);
-    cmbPercent->setAccessibleName(u"Partial amount as a percentage of the balance"_s);
-    cmbPercent->setEditable(true);
-    cmbPercent->lineEdit()->setAccessibleName(cmbPercent->accessibleName());
-    cmbPercent->setInsertPolicy(QComboBox::NoInsert);
-    cmbPercent->setCompleter(nullptr);
-    cmbPercent->setMinimumContentsLength(6);
-    Label3->setBuddy(cmbPercent);
-    auto* dollars = new QHBoxLayout;
-    dollars->addWidget(Label2);
-    dollars->addWidget(txtpartial);
-    dollars->addStretch(1);
-    auto* percent = new QHBoxLayout;
-    percent->addWidget(Label3);
-    percent->addWidget(cmbPercent);
-    percent->addStretch(1);
-    QBoxLayout* amount = control::row();
-    amount->addLayout(dollars);
-    amount->addLayout(percent, 1);
-    column->addLayout(amount);
-
+    partial_amount_ = new PartialAmountBox(scenario);
+    column->addWidget(partial_amount_);
     column->addWidget(
         theme::label(u"With remaining balance to be paid:"_s, theme::Role::body, "lblmethod_0"));
     chkpartial = frequency_boxes("chkpartial", column);
-    build_commencement(column);
+    commencement_ = new CommencementLists(module);
+    column->addWidget(commencement_);
 
-    on_leave(txtpartial, [this](Leaving leaving) { partial_amount_left(leaving); });
-    on_leave(cmbPercent, [this](Leaving leaving) {
-        if (!leaving.to_navigation && !is_option(leaving.to)) {
-            percentage_typed();
+    on_leave(partial_amount_->dollars(), [this](Leaving leaving) {
+        if (!is_option(leaving.to)) {
+            partial_amount_->dollars_left(leaving.to_navigation, leaving.by_tab);
         }
     });
-    connect(cmbPercent, &QComboBox::activated, this, &frmdist2::percentage_chosen,
-            Qt::QueuedConnection);
-    connect(cmbPercent->lineEdit(), &QLineEdit::textEdited, this,
-            [this] { percentage_edited_ = true; });
-}
-
-void frmdist2::build_commencement(QBoxLayout* column) {
-    cmbscnmonth = control::list("cmbscnmonth", u"Month in which the remaining payments commence"_s);
-    cmbscnyear = control::list("cmbscnyear", u"Year in which the remaining payments commence"_s);
-    auto* lblmonth = theme::label(u"Month"_s, theme::Role::body, "lblmethod_2");
-    auto* lblyear = theme::label(u"Year"_s, theme::Role::body, "lblmethod_3");
-    lblmonth->setBuddy(cmbscnmonth);
-    lblyear->setBuddy(cmbscnyear);
-    auto* row = new QHBoxLayout;
-    row->addWidget(theme::label(u"Commencing:"_s, theme::Role::body, "lblmethod_1"));
-    row->addSpacing(theme::grid);
-    row->addWidget(lblmonth);
-    row->addWidget(cmbscnmonth);
-    row->addSpacing(theme::grid);
-    row->addWidget(lblyear);
-    row->addWidget(cmbscnyear);
-    row->addStretch(1);
-    column->addLayout(row);
-    lblnomonth = control::paragraph(
-        u"The payment of the amount certain is in the last month in which payments may begin, so that no month is left for the remaining payments. Go back and choose an earlier month for it."_s,
-        "lblnomonth");
-    column->addWidget(lblnomonth);
-    connect(cmbscnyear, &QComboBox::currentIndexChanged, this, [this] {
-        commencement_chosen_ = true;
-        get_month2();
-        take_commencement();
+    on_leave(partial_amount_->percentage(), [this](Leaving leaving) {
+        if (!leaving.to_navigation && !is_option(leaving.to)) {
+            partial_amount_->take_percentage();
+        }
     });
-    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] {
-        commencement_chosen_ = true;
-        take_commencement();
-    });
+    connect(
+        partial_amount_, &PartialAmountBox::percentage_chosen, this,
+        [this] {
+            clear_error();
+            partial_amount_->take_chosen_percentage();
+        },
+        Qt::QueuedConnection);
+    connect(partial_amount_, &PartialAmountBox::refused, this,
+            [this](const Refusal& refusal) { refuse(refusal.text, refusal.field); });
+    connect(partial_amount_, &PartialAmountBox::completed, this,
+            [this] { focus_field("chkpartial_0"); });
 }
 
 void frmdist2::load() {
-    for (int percentage = 1; percentage < 100; ++percentage) {
-        cmbPercent->addItem(QString::number(percentage));
-    }
-    cmbPercent->setCurrentIndex(-1);
     dis_f2();
     dis_f3();
     wait_for_method(u"Choose how the account is to be paid out to go on."_s);
@@ -208,11 +132,10 @@ void frmdist2::load() {
 }
 
 void frmdist2::activate() {
-    get_year();
-    take_commencement();
-    const bool stale = scenario.present_value != shown_present_value_;
-    if (scenario.method == partial_lump_sum && stale && scenario.partial_amount != 0.0) {
-        show_percentage();
+    commencement_->get_year();
+    commencement_->take();
+    if (scenario.method == partial_lump_sum) {
+        partial_amount_->follow_balance();
     }
 }
 
@@ -243,12 +166,8 @@ void frmdist2::choose_method(int index) {
             enable_cmd();
             en_f3();
             scenario.frequency = chkpartial->frequency();
-            if (percentage_edited_) {
-                percentage_typed();
-            } else {
-                take_partial_amount();
-            }
-            take_commencement();
+            partial_amount_->take_all();
+            commencement_->take();
             if (!error_shown()) {
                 focus_field("txtpartial");
             }
@@ -264,14 +183,6 @@ void frmdist2::choose_method(int index) {
     }
 }
 
-void frmdist2::en_f2() {
-    chkperiod->setEnabled(true);
-}
-
-void frmdist2::dis_f2() {
-    chkperiod->setEnabled(false);
-}
-
 // Next is grey, and a quiet line says what to do first.
 void frmdist2::wait_for_method(const QString& what_to_do) {
     disable_cmd();
@@ -283,146 +194,43 @@ void frmdist2::set_next_enabled(bool enabled) {
     picnext->setEnabled(enabled);
 }
 
-// An entry of the list was picked, or stepped to; only picking one moves on.
-void frmdist2::percentage_chosen() {
-    const bool picked = cmbPercent->take_popup_used() && cmbPercent->hasFocus();
-    clear_error();
-    if (percentage_typed() && picked) {
-        focus_field("chkpartial_0");
-    }
-}
-
-// Takes over what stands in the percentage box; false when it was refused.
-bool frmdist2::percentage_typed() {
-    const QString text = cmbPercent->currentText();
-    if (!percentage_edited_ && (text.isEmpty() || to_utf8(text) == scenario.partial_percent)) {
-        return true;
-    }
-    const auto percentage = read_percentage(to_utf8(text));
-    if (!percentage) {
-        cmbPercent->clearEditText();
-        percentage_edited_ = false;
-        report_once("Invalid percentage of Partial Lump Sum amount", cmbPercent);
-        return false;
-    }
-    apply_percentage(*percentage);
-    const Check check = partial_msg(scenario);
-    if (check) {
-        refuse(check->text, check->field);
-    }
-    return !check;
-}
-
-void frmdist2::apply_percentage(double percentage) {
-    percentage_edited_ = false;
-    shown_present_value_ = scenario.present_value;
-    scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
-    scenario.partial_percent = to_utf8(cmbPercent->currentText());
-    txtpartial->setText(to_qt(format_number(scenario.partial_amount, pattern::amount)));
-}
-
-// A number that cannot be read counts as no amount; Next says so.
-void frmdist2::take_partial_amount() {
-    const auto amount = read_partial_amount(to_utf8(txtpartial->text()));
-    scenario.partial_amount = amount.value_or(0.0);
-    if (!amount) {
-        scenario.partial_percent.clear();
-        cmbPercent->clearEditText();
-        return;
-    }
-    txtpartial->setText(to_qt(format_number(*amount, pattern::amount)));
-    show_percentage();
-}
-
-void frmdist2::partial_amount_left(Leaving leaving) {
-    if (!txtpartial->isModified() || is_option(leaving.to)) {
-        return;
-    }
-    take_partial_amount();
-    if (leaving.to_navigation || txtpartial->text().trimmed().isEmpty()) {
-        return;  // an empty box is no amount yet; Next asks for it
-    }
-    if (const Check check = partial_msg(scenario)) {
-        refuse(check->text, check->field);
-    } else if (leaving.by_tab) {
-        focus_field("chkpartial_0");
-    }
-}
-
-void frmdist2::show_percentage() {
-    percentage_edited_ = false;
-    shown_present_value_ = scenario.present_value;
-    scenario.partial_percent = percentage_of_amount(scenario.present_value, scenario.partial_amount);
-    cmbPercent->setCurrentIndex(-1);
-    cmbPercent->setEditText(to_qt(scenario.partial_percent));
-}
-
-// Until the user has chosen a month or year, they follow the first payment: the present year if it is
-// offered, else the first one, and the first month.
-void frmdist2::get_year() {
-    control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())));
-    if (!commencement_chosen_) {
-        const QSignalBlocker quiet(cmbscnyear);
-        const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
-        cmbscnyear->setCurrentIndex(std::max(present, 0));
-    }
-    get_month2();
-    if (!commencement_chosen_) {
-        const QSignalBlocker quiet(cmbscnmonth);
-        cmbscnmonth->setCurrentIndex(0);
-    }
-}
-
-void frmdist2::get_month2() {
-    const int year = cmbscnyear->currentText().toInt();
-    control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())));
-    lblnomonth->setVisible(cmbscnmonth->count() == 0);
-}
-
-void frmdist2::take_commencement() {
-    if (scenario.method != partial_lump_sum) {
-        return;
-    }
-    scenario.scenario_year = static_cast<std::int16_t>(cmbscnyear->currentText().toInt());
-    scenario.scenario_month =
-        static_cast<std::int16_t>(month_number(to_utf8(cmbscnmonth->currentText())));
-}
-
-// Enter in the percentage box takes the percentage; it is not Next.
-bool frmdist2::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && watched == cmbPercent) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            clear_error();
-            if (percentage_typed()) {
-                focus_field("chkpartial_0");
-            }
-            return true;
-        }
-    }
-    return Screen::eventFilter(watched, event);
-}
-
 void frmdist2::next_screen() {
     clear_error();
-    if (scenario.method == lump_sum) {
-        module.screens.show(ScreenId::frmdrate);
+    switch (scenario.method) {
+        case lump_sum:
+            module.screens.show(ScreenId::frmdrate);
+            break;
+        case periodic_payments:
+            go_on_unless(check_periodic(scenario));
+            break;
+        case partial_lump_sum:
+            next_after_partial();
+            break;
+        default:
+            break;
+    }
+}
+
+void frmdist2::next_after_partial() {
+    if (!partial_amount_->take_edited()) {
         return;
     }
-    Check check;
-    if (scenario.method == periodic_payments) {
-        check = check_periodic(scenario);
-    } else if (scenario.method == partial_lump_sum) {
-        if (txtpartial->isModified()) {
-            take_partial_amount();
-        } else if (percentage_edited_ && !percentage_typed()) {
-            return;
-        }
-        take_commencement();
-        check = check_partial(module, to_utf8(txtpartial->text()));
+    commencement_->take();
+    const auto check_all = [this, today = module.today()](bool insists) {
+        return check_partial(scenario, module.database(), partial_amount_->dollars_text(), today,
+                             insists);
+    };
+    const Check check = check_all(false);
+    if (!check || check->means != Refusal::Means::asked) {
+        go_on_unless(check);
+    } else if (module.ask(check->text)) {
+        focus_field(check->field);
     } else {
-        return;
+        go_on_unless(check_all(true));
     }
+}
+
+void frmdist2::go_on_unless(const Check& check) {
     if (check) {
         refuse(check->text, check->field);
     } else {

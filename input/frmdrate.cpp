@@ -6,9 +6,9 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "input/rules/distribution_rules.h"
-#include "input/rules/participant_rules.h"
-#include "input/rules/rate_rules.h"
+#include "input/rules/commencement.h"
+#include "input/rules/first_payment.h"
+#include "input/rules/rates.h"
 #include "shell/notes/portfolios.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"

@@ -1,4 +1,4 @@
-// What a check of an input screen finds wrong.
+// What a rule finds wrong. A rule never shows it and never asks; the screen does.
 #pragma once
 
 #include <optional>
@@ -7,8 +7,15 @@
 namespace kelvar {
 
 struct Refusal {
-    std::string_view text;   // message to show; empty when the user has already been told
-    std::string_view field;  // name of the control to correct
+    enum class Means {
+        refused,  // shown; the field is to be corrected
+        told,     // shown and passed over: what was asked for goes on
+        asked     // a yes/no question: Yes leads back to the field, No insists on the entry
+    };
+
+    std::string_view text;   // message or question, as it is shown
+    std::string_view field;  // name of the control to correct; empty when only told
+    Means means = Means::refused;
 };
 
 // Nothing when the entry is accepted.

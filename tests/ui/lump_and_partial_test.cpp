@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "core/numbers.h"
+#include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/bar_chart.h"
 #include "widgets/grid.h"
@@ -210,6 +211,32 @@ TEST_F(Partial, AmountJustBelowTheBalanceLeavesNothing) {
     EXPECT_FALSE(find<Grid>("grddist")->isVisible());
     EXPECT_TRUE(text_of("lblcover").contains(u"nothing is left"_s));
     EXPECT_TRUE(work_table_rows().empty());
+}
+
+// Born in 1952: the life expectancy ends at 68.5 at the amount certain; the rest is paid from 70 on.
+TEST_F(Partial, PaymentsBeyondLifeAreAskedAboutAndAFailedLookUpIsOnlyTold) {
+    run_sql(folder.database(), "UPDATE lifexp SET multiple = 0.5; DELETE FROM lifexp WHERE age = 70");
+    start_program();
+    go_to_method(u"06151952"_s);
+    click("optmethod_2");
+    enter("txtpartial", u"100000"_s);
+    click("chkpartial_0");
+    choose("cmbscnyear", u"2022"_s);
+    for (const bool enters_again : {true, false}) {
+        answer_yes = enters_again;
+        click("Cmdnext");
+        EXPECT_EQ(take_messages(),
+                  std::vector<std::string>{"Your selection will result in distribution payments beyond "
+                                           "your life expectancy. Do you wish to re-enter your "
+                                           "selection?"});
+        EXPECT_EQ(module->scenario.answer, enters_again ? 1 : 0);
+        EXPECT_EQ(screen_name(), enters_again ? u"frmdist2"_s : u"frmdist3"_s);
+        EXPECT_EQ(focus_name() == u"cmbscnyear"_s, enters_again);
+    }
+    click("optlength_2");
+    click("Cmdnext");
+    EXPECT_EQ(take_messages(), std::vector<std::string>{"Your current age is invalid."});
+    EXPECT_EQ(screen_name(), u"frmdrate"_s);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "input/rules/rate_rules.h"
+#include "input/rules/rates.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,13 @@
-#include "input/rules/length_rules.h"
+#include "input/rules/life_expectancy.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/support/fake_screens.h"
+#include <optional>
+
+#include "input/rules/next_checks.h"
 #include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
+#include "tests/support/told.h"
 
 namespace kelvar::test {
 namespace {
@@ -13,7 +16,7 @@ using namespace std::chrono_literals;
 
 const Date today = 2026y / 7 / 15;
 
-const std::string no_spouse = "Please enter the birthdate of your spouse.";
+const std::string no_spouse = "told: Please enter the birthdate of your spouse.";
 const std::string no_age = "Your current age is invalid.";
 const std::string too_many =
     "The number of payments will exceed your life expectancy or result in an amount below your minimum "
@@ -50,26 +53,19 @@ protected:
         scenario.life_expectancy_age = 12.5;
     }
 
-    // All that the user is told, with the control that gets the focus after a refusal.
+    void open_database() { database.emplace(folder.database()); }
     std::string next(const LengthEntry& entry) {
-        screens.messages.clear();
-        const Check check = chk_fld(module1, entry);
-        std::string told;
-        for (const std::string& message : screens.messages) {
-            told += message;
-        }
-        return check ? told.append(check->text).append(" [").append(check->field).append("]") : told;
+        return told(chk_fld(entry, scenario, database.value(), today));
     }
 
     TemporaryProgramFolder folder;
-    FakeScreens screens;
-    Module1 module1{screens, folder.path(), [] { return today; }};
-    Scenario& scenario = module1.scenario;
+    std::optional<Database> database;
+    Scenario scenario;
 };
 
 TEST_F(Length, NumberOfPaymentsEndsWithTheLifeExpectancyAtTheLatest) {
     run_sql(folder.database(), "UPDATE lifexp SET multiple = 3.33 WHERE age = 80");
-    module1.open_database();
+    open_database();
     struct Case {
         const char* name;
         int birth_year;
@@ -101,7 +97,7 @@ TEST_F(Length, NumberOfPaymentsEndsWithTheLifeExpectancyAtTheLatest) {
 }
 
 TEST_F(Length, AmountLastsUntilTheLifeExpectancyAtMost) {
-    module1.open_database();
+    open_database();
     struct Case {
         const char* name;
         double partial_amount;
@@ -133,7 +129,7 @@ TEST_F(Length, LifeExpectancyGivesWholePayments) {
     run_sql(folder.database(),
             "UPDATE lifexp SET multiple = 17.5 WHERE age = 81;"
             "UPDATE lifexp SET multiple = 17.55 WHERE age = 82");
-    module1.open_database();
+    open_database();
     struct Case {
         const char* name;
         Method method;
@@ -172,7 +168,7 @@ TEST_F(Length, LifeExpectancyGivesWholePayments) {
 }
 
 TEST_F(Length, SingleLifeFindsItsOwnAgeAfterJointLifeAndTheOtherMethod) {
-    module1.open_database();
+    open_database();
     enter(1950y / 7 / 20);
     scenario.first_pay_month = 7;  // the present month, before the birthday
     scenario.spouse_birth_date = 1970y / 8 / 5;
@@ -189,77 +185,19 @@ TEST_F(Length, SingleLifeFindsItsOwnAgeAfterJointLifeAndTheOtherMethod) {
     EXPECT_EQ(scenario.lookup_age, 75);
 }
 
-TEST_F(Length, AFailedLookUpIsToldOnceAndChangesNothing) {
+TEST_F(Length, AFailedLookUpIsToldAndChangesNothing) {
     run_sql(folder.database(), "DELETE FROM lifexp WHERE age = 76");
-    module1.open_database();
+    open_database();
     // A life expectancy goes on all the same; 76 and 71 are in no row of the joint table.
     for (const auto& [entry, expected, payments] :
          {std::tuple{number("10"), no_age + " [txtnumber]", 10},
-          std::tuple{amount("5000"), no_age + " [txtfixamount]", 7}, std::tuple{life, no_age, 7},
-          std::tuple{joint_life, no_spouse, 7}}) {
+          std::tuple{amount("5000"), no_age + " [txtfixamount]", 7},
+          std::tuple{life, "told: " + no_age, 7}, std::tuple{joint_life, no_spouse, 7}}) {
         enter(1950y / 6 / 15);
         scenario.spouse_birth_date = 1955y / 6 / 15;
         EXPECT_EQ(next(entry), expected);
         EXPECT_EQ(scenario.life_expectancy_age, 12.5) << expected;
         EXPECT_EQ(scenario.number_of_payments, payments) << expected;
-    }
-}
-
-TEST(StartOfPayments, AgeIsThatOfTheMethodsOwnDate) {
-    Scenario scenario;
-    scenario.birth_date = 1950y / 6 / 15;
-    scenario.first_pay_year = 2020;
-    scenario.scenario_year = 2021;
-    for (const auto& [method, month, scenario_month, expected] :
-         {std::tuple{periodic_payments, 6, 7, 69}, std::tuple{periodic_payments, 7, 6, 70},
-          std::tuple{partial_lump_sum, 5, 6, 70}, std::tuple{partial_lump_sum, 5, 7, 71}}) {
-        scenario.method = method;
-        scenario.first_pay_month = static_cast<std::int16_t>(month);
-        scenario.scenario_month = static_cast<std::int16_t>(scenario_month);
-        EXPECT_EQ(payment_start_age(scenario), expected) << "month " << month << ", " << scenario_month;
-    }
-}
-
-TEST(JointLife, IsOfferedUpToAge90AtTheNearestBirthday) {
-    EXPECT_TRUE(joint_life_available(1936y / 1 / 1, today)) << "90 and a half";
-    EXPECT_FALSE(joint_life_available(1935y / 12 / 31, today)) << "a month more";
-}
-
-TEST(JointLife, NeedsASpouseOf35MoreThanTenYearsYounger) {
-    const std::string too_young =
-        "You can select Joint Life Expectancy only if your spouse is at least 35 years old, and is at "
-        "least 10 years younger than you!";
-    const std::string too_old =
-        "You cannot select Joint Life Expectancy. It is an option only when your spouse is more than "
-        "10 "
-        "years younger than you.";
-    struct Case {
-        const char* name;
-        const char* mask;
-        int participant_age, spouse_age;
-        std::string message;
-    };
-    const Case cases[] = {{"11 years", "07/14/1977", 60, 49, ""},
-                          {"10 years", "07/14/1976", 60, 50, too_old},
-                          {"50 today, counted as 49", "07/15/1976", 60, 49, ""},
-                          {"100 years apart from today", "01/01/1926", 60, 100, too_old},
-                          {"35 since yesterday", "07/14/1991", 60, 35, ""},
-                          {"35 today, counted as 34", "07/15/1991", 60, 34, too_young},
-                          {"34 and not 10 years younger", "07/15/1991", 40, 34, too_young},
-                          {"35 and 10 years younger", "07/14/1991", 45, 35, too_old},
-                          {"35 and 11 years younger", "07/14/1991", 46, 35, ""},
-                          {"year of two digits", "06/15/80__", 60, 46, ""}};
-    for (const Case& c : cases) {
-        const SpouseCheck check = check_spouse(c.mask, c.participant_age, today);
-        EXPECT_EQ(check.message, c.message) << c.name << ": " << c.mask;
-        EXPECT_TRUE(check.birth_date.has_value()) << c.name << ": " << c.mask;
-        EXPECT_EQ(check.age, c.spouse_age) << c.name << ": " << c.mask;
-    }
-    for (const char* mask :
-         {"12/31/1925", "01/01/2026", "02/30/1980", "06/15/198_", "06/1_/1980", "__/__/____"}) {
-        const SpouseCheck check = check_spouse(mask, 60, today);
-        EXPECT_EQ(check.message, no_spouse) << mask;
-        EXPECT_FALSE(check.birth_date.has_value()) << mask;
     }
 }
 

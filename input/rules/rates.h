@@ -1,4 +1,4 @@
-// Rules of the rate screen.
+// The rates of return on offer and those ticked.
 #pragma once
 
 #include <array>

@@ -1,0 +1,85 @@
+#include "input/commencement_lists.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "input/rules/commencement.h"
+#include "widgets/controls.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+CommencementLists::CommencementLists(Module1& module1) : module(module1), scenario(module1.scenario) {
+    build();
+    connect(cmbscnyear, &QComboBox::currentIndexChanged, this, [this] {
+        chosen_ = true;
+        get_month2();
+        take();
+    });
+    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] {
+        chosen_ = true;
+        take();
+    });
+}
+
+void CommencementLists::build() {
+    cmbscnmonth = control::list("cmbscnmonth", u"Month in which the remaining payments commence"_s);
+    cmbscnyear = control::list("cmbscnyear", u"Year in which the remaining payments commence"_s);
+    auto* lblmonth = theme::label(u"Month"_s, theme::Role::body, "lblmethod_2");
+    auto* lblyear = theme::label(u"Year"_s, theme::Role::body, "lblmethod_3");
+    lblmonth->setBuddy(cmbscnmonth);
+    lblyear->setBuddy(cmbscnyear);
+    auto* row = new QHBoxLayout;
+    row->addWidget(theme::label(u"Commencing:"_s, theme::Role::body, "lblmethod_1"));
+    row->addSpacing(theme::grid);
+    row->addWidget(lblmonth);
+    row->addWidget(cmbscnmonth);
+    row->addSpacing(theme::grid);
+    row->addWidget(lblyear);
+    row->addWidget(cmbscnyear);
+    row->addStretch(1);
+    lblnomonth = control::paragraph(
+        u"The payment of the amount certain is in the last month in which payments may begin, so that no month is left for the remaining payments. Go back and choose an earlier month for it."_s,
+        "lblnomonth");
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(row);
+    column->addWidget(lblnomonth);
+}
+
+// Followed are the present year if it is offered, else the first one, and the first month.
+void CommencementLists::get_year() {
+    control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())));
+    if (!chosen_) {
+        const QSignalBlocker quiet(cmbscnyear);
+        const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
+        cmbscnyear->setCurrentIndex(std::max(present, 0));
+    }
+    get_month2();
+    if (!chosen_) {
+        const QSignalBlocker quiet(cmbscnmonth);
+        cmbscnmonth->setCurrentIndex(0);
+    }
+}
+
+void CommencementLists::get_month2() {
+    const int year = cmbscnyear->currentText().toInt();
+    control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())));
+    lblnomonth->setVisible(cmbscnmonth->count() == 0);
+}
+
+void CommencementLists::take() {
+    if (scenario.method != partial_lump_sum) {
+        return;
+    }
+    scenario.scenario_year = static_cast<std::int16_t>(cmbscnyear->currentText().toInt());
+    scenario.scenario_month =
+        static_cast<std::int16_t>(month_number(to_utf8(cmbscnmonth->currentText())));
+}
+
+}  // namespace kelvar

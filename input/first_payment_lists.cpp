@@ -1,0 +1,157 @@
+#include "input/first_payment_lists.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "input/rules/first_payment.h"
+#include "input/rules/lookup_ages.h"
+#include "widgets/controls.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+FirstPaymentLists::FirstPaymentLists(Module1& module1) : module(module1), scenario(module1.scenario) {
+    build();
+    connect(Cmbfrstmonth, &QComboBox::currentIndexChanged, this, [this] {
+        wished_month_ = month();
+        chk_frstmon();
+    });
+    connect(Cmbfrstyear, &QComboBox::currentIndexChanged, this, [this] {
+        wished_year_ = year();
+        chk_year();
+    });
+}
+
+void FirstPaymentLists::build() {
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(2 * theme::grid);
+    grid->setVerticalSpacing(theme::grid);
+    Cmbfrstmonth = control::list("Cmbfrstmonth", u"First payment month"_s);
+    Cmbfrstyear = control::list("Cmbfrstyear", u"First payment year"_s);
+    lblage = theme::label({}, theme::Role::value, "lblage");
+    lblage->setAccessibleName(u"Age at the first payment"_s);
+    auto* lblmonth = theme::label(u"&Month"_s, theme::Role::body, "lbltime_0");
+    auto* lblyear = theme::label(u"&Year"_s, theme::Role::body, "lbltime_1");
+    lblmonth->setBuddy(Cmbfrstmonth);
+    lblyear->setBuddy(Cmbfrstyear);
+    grid->addWidget(lblmonth, 0, 0);
+    grid->addWidget(lblyear, 0, 1);
+    grid->addWidget(Cmbfrstmonth, 1, 0);
+    grid->addWidget(Cmbfrstyear, 1, 1);
+    auto* age = new QHBoxLayout;
+    age->setSpacing(theme::grid);
+    age->addSpacing(2 * theme::grid);
+    age->addWidget(theme::label(u"At Age:"_s, theme::Role::body, "lbltime_2"));
+    age->addWidget(lblage);
+    grid->addLayout(age, 1, 2);
+    grid->setColumnStretch(3, 1);
+    lblchanged = control::paragraph({}, "lblchanged");
+    grid->addWidget(lblchanged, 2, 0, 1, 4);
+}
+
+void FirstPaymentLists::offer() {
+    get_year();
+    get_month();
+    show_age();
+}
+
+void FirstPaymentLists::follow_birth() {
+    get_year();
+    chk_year();
+}
+
+// The latest year offers fewer months; another year brings the one that the user chose back.
+void FirstPaymentLists::get_month() {
+    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
+    const QSignalBlocker quiet(Cmbfrstmonth);
+    Cmbfrstmonth->setCurrentIndex(wished_month_ <= Cmbfrstmonth->count() ? wished_month_ - 1 : 0);
+}
+
+// A return to the menu keeps the old date of birth, but no age: then none has been entered here yet.
+void FirstPaymentLists::get_year() {
+    const Date birth = scenario.current_age == 0 ? no_date : scenario.birth_date;
+    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())));
+    const int wished = Cmbfrstyear->findText(QString::number(wished_year_));
+    if (wished >= 0) {
+        const QSignalBlocker quiet(Cmbfrstyear);
+        Cmbfrstyear->setCurrentIndex(wished);
+    }
+}
+
+void FirstPaymentLists::chk_year() {
+    scenario.over_72_flag = over_72() ? 1 : 0;
+    get_month();
+    less_month_now();
+    show_age();
+    show_changed();
+}
+
+void FirstPaymentLists::chk_frstmon() {
+    less_month_now();
+    show_age();
+    show_changed();
+}
+
+// The latest year is open up to the deadline of March 31st only.
+bool FirstPaymentLists::over_72() const {
+    return Cmbfrstyear->count() > 0 && Cmbfrstyear->currentIndex() == Cmbfrstyear->count() - 1;
+}
+
+// A month of this year that has passed silently becomes the present month.
+void FirstPaymentLists::less_month_now() {
+    const Date today = module.today();
+    if (year() == year_of(today) && month() < month_of(today)) {
+        const QSignalBlocker quiet(Cmbfrstmonth);
+        Cmbfrstmonth->setCurrentIndex(month_of(today) - 1);
+    }
+}
+
+void FirstPaymentLists::show_age() {
+    if (year() == 0 || scenario.current_age == 0) {
+        lblage->clear();
+        return;
+    }
+    lblage->setNum(shown_age(scenario.birth_date, scenario.current_age, month(), year(),
+                             module.today()));
+}
+
+void FirstPaymentLists::clear_age() {
+    lblage->clear();
+}
+
+// Says when the lists do not offer what the user chose. (A month that has passed is moved silently.)
+void FirstPaymentLists::show_changed() {
+    const bool offered =
+        wished_year_ == 0 || (wished_year_ == year() && wished_month_ <= Cmbfrstmonth->count());
+    lblchanged->setText(offered ? QString()
+                                : u"The first payment was changed from %1, %2 to %3, %4."_s
+                                      .arg(to_qt(month_name(wished_month_)))
+                                      .arg(wished_year_)
+                                      .arg(Cmbfrstmonth->currentText())
+                                      .arg(year()));
+}
+
+int FirstPaymentLists::month() const {
+    return std::max(Cmbfrstmonth->currentIndex(), 0) + 1;
+}
+
+int FirstPaymentLists::year() const {
+    return Cmbfrstyear->currentText().toInt();
+}
+
+int FirstPaymentLists::age_shown() const {
+    return lblage->text().toInt();
+}
+
+void FirstPaymentLists::focus_year() {
+    Cmbfrstyear->setFocus();
+}
+
+}  // namespace kelvar

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+
+#include "core/module1.h"
+
+class QComboBox;
+class QLabel;
+
+namespace kelvar {
+
+// Month and year of the first payment with the age that is reached then. What the user chose comes back
+// as soon as it is offered again. Writes `over_72_flag`.
+class FirstPaymentLists : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FirstPaymentLists(Module1& module);
+
+    // Chooses a month, as the user would, before anything is offered.
+    void start_with(int month) { wished_month_ = month; }
+    // Offers what may be chosen today, and shows the age.
+    void offer();
+    // Lists and age follow a new date of birth.
+    void follow_birth();
+    void clear_age();
+
+    int month() const;      // 1..12
+    int year() const;       // 0 while no year is offered
+    int age_shown() const;  // 0 while none is
+    void focus_year();
+
+private:
+    void build();
+    void get_month();
+    void get_year();
+    void chk_year();
+    void chk_frstmon();
+    bool over_72() const;
+    void less_month_now();
+    void show_age();
+    void show_changed();
+
+    Module1& module;
+    Scenario& scenario;
+    QComboBox* Cmbfrstmonth = nullptr;
+    QComboBox* Cmbfrstyear = nullptr;
+    QLabel* lblage = nullptr;
+    QLabel* lblchanged = nullptr;
+    int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
+    int wished_year_ = 0;   // 0 while none was chosen
+};
+
+}  // namespace kelvar

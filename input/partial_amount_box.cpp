@@ -1,0 +1,161 @@
+#include "input/partial_amount_box.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include "core/numbers.h"
+#include "input/rules/partial_amount.h"
+#include "widgets/controls.h"
+#include "widgets/entry_list.h"
+#include "widgets/text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+PartialAmountBox::PartialAmountBox(Scenario& of_program) : scenario(of_program) {
+    build();
+    for (int percentage = 1; percentage < 100; ++percentage) {
+        cmbPercent->addItem(QString::number(percentage));
+    }
+    cmbPercent->setCurrentIndex(-1);
+    connect(cmbPercent, &QComboBox::activated, this, &PartialAmountBox::percentage_chosen);
+    connect(cmbPercent, &EntryList::entered, this, [this] {
+        if (take_percentage()) {
+            emit completed();
+        }
+    });
+    connect(cmbPercent->lineEdit(), &QLineEdit::textEdited, this,
+            [this] { percentage_edited_ = true; });
+}
+
+void PartialAmountBox::build() {
+    auto* Label2 = theme::label(u"Partial Amount Certain of:  $"_s, theme::Role::body, "Label2");
+    txtpartial = control::money_box("txtpartial", u"Partial amount certain in dollars"_s);
+    Label2->setBuddy(txtpartial);
+    auto* Label3 = theme::label(u"OR Percentage of Balance"_s, theme::Role::body, "Label3");
+    cmbPercent = new EntryList("cmbPercent", u"Partial amount as a percentage of the balance"_s);
+    cmbPercent->setMinimumContentsLength(6);
+    Label3->setBuddy(cmbPercent);
+    auto* dollars = new QHBoxLayout;
+    dollars->addWidget(Label2);
+    dollars->addWidget(txtpartial);
+    dollars->addStretch(1);
+    auto* percent = new QHBoxLayout;
+    percent->addWidget(Label3);
+    percent->addWidget(cmbPercent);
+    percent->addStretch(1);
+    QBoxLayout* row = control::row();
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addLayout(dollars);
+    row->addLayout(percent, 1);
+    setLayout(row);
+}
+
+QWidget* PartialAmountBox::dollars() const {
+    return txtpartial;
+}
+
+QWidget* PartialAmountBox::percentage() const {
+    return cmbPercent;
+}
+
+std::string PartialAmountBox::dollars_text() const {
+    return to_utf8(txtpartial->text());
+}
+
+void PartialAmountBox::follow_balance() {
+    if (scenario.present_value != shown_present_value_ && scenario.partial_amount != 0.0) {
+        show_percentage();
+    }
+}
+
+void PartialAmountBox::take_all() {
+    if (percentage_edited_) {
+        take_percentage();
+    } else {
+        take_dollars();
+    }
+}
+
+bool PartialAmountBox::take_edited() {
+    if (txtpartial->isModified()) {
+        take_dollars();
+        return true;
+    }
+    return !percentage_edited_ || take_percentage();
+}
+
+void PartialAmountBox::dollars_left(bool to_navigation, bool by_tab) {
+    if (!txtpartial->isModified()) {
+        return;
+    }
+    take_dollars();
+    if (to_navigation || txtpartial->text().trimmed().isEmpty()) {
+        return;  // an empty box is no amount yet; Next asks for it
+    }
+    if (const Check check = partial_msg(scenario)) {
+        emit refused(*check);
+    } else if (by_tab) {
+        emit completed();
+    }
+}
+
+bool PartialAmountBox::take_percentage() {
+    const QString text = cmbPercent->currentText();
+    if (!percentage_edited_ && (text.isEmpty() || to_utf8(text) == scenario.partial_percent)) {
+        return true;
+    }
+    const auto percentage = read_percentage(to_utf8(text));
+    if (!percentage) {
+        cmbPercent->clearEditText();
+        percentage_edited_ = false;
+        emit refused(invalid_percentage);
+        return false;
+    }
+    apply_percentage(*percentage);
+    const Check check = partial_msg(scenario);
+    if (check) {
+        emit refused(*check);
+    }
+    return !check;
+}
+
+void PartialAmountBox::take_chosen_percentage() {
+    const bool picked = cmbPercent->take_popup_used() && cmbPercent->hasFocus();
+    if (take_percentage() && picked) {
+        emit completed();
+    }
+}
+
+// A number that cannot be read counts as no amount; Next says so.
+void PartialAmountBox::take_dollars() {
+    const auto amount = read_partial_amount(dollars_text());
+    scenario.partial_amount = amount.value_or(0.0);
+    if (!amount) {
+        scenario.partial_percent.clear();
+        cmbPercent->clearEditText();
+        return;
+    }
+    txtpartial->setText(to_qt(format_number(*amount, pattern::amount)));
+    show_percentage();
+}
+
+void PartialAmountBox::apply_percentage(double percentage) {
+    percentage_edited_ = false;
+    shown_present_value_ = scenario.present_value;
+    scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
+    scenario.partial_percent = to_utf8(cmbPercent->currentText());
+    txtpartial->setText(to_qt(format_number(scenario.partial_amount, pattern::amount)));
+}
+
+void PartialAmountBox::show_percentage() {
+    percentage_edited_ = false;
+    shown_present_value_ = scenario.present_value;
+    scenario.partial_percent = percentage_of_amount(scenario.present_value, scenario.partial_amount);
+    cmbPercent->setCurrentIndex(-1);
+    cmbPercent->setEditText(to_qt(scenario.partial_percent));
+}
+
+}  // namespace kelvar

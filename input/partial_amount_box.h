@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "core/scenario.h"
+#include "input/rules/refusal.h"
+
+class QLineEdit;
+
+namespace kelvar {
+
+class EntryList;
+
+// The amount certain, in dollars or as a percentage of the balance: two boxes of which each follows the
+// other. Writes `partial_amount` and `partial_percent` as soon as one is left.
+class PartialAmountBox : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PartialAmountBox(Scenario& scenario);
+
+    QWidget* dollars() const;
+    QWidget* percentage() const;
+    std::string dollars_text() const;
+
+    // Works the percentage out anew where the balance is no longer the one it was worked out for.
+    void follow_balance();
+    // Takes what stands in the boxes when the method is chosen.
+    void take_all();
+    // Takes what was typed and not left yet; false when that was refused.
+    bool take_edited();
+
+    // The dollars box was left, to a button that checks the amount itself, or by Tab.
+    void dollars_left(bool to_navigation, bool by_tab);
+    // Takes what stands in the percentage box; false when it was refused.
+    bool take_percentage();
+    // Takes the entry chosen in the list; only picking one in the open list moves on.
+    void take_chosen_percentage();
+
+signals:
+    // An entry of the list was picked, or stepped to. To be answered by take_chosen_percentage when the
+    // list is closed.
+    void percentage_chosen();
+    void refused(const Refusal& refusal);
+    // The amount is complete; the next entry can follow.
+    void completed();
+
+private:
+    void build();
+    void take_dollars();
+    void apply_percentage(double percentage);
+    void show_percentage();
+
+    Scenario& scenario;
+    QLineEdit* txtpartial = nullptr;
+    EntryList* cmbPercent = nullptr;
+    double shown_present_value_ = 0.0;  // for which the percentage was last worked out
+    bool percentage_edited_ = false;    // typed but not yet taken over
+};
+
+}  // namespace kelvar

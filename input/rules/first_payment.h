@@ -1,0 +1,34 @@
+// The month and year of the first payment: what is offered, and whether it is still to come.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "core/scenario.h"
+#include "input/rules/refusal.h"
+
+namespace kelvar {
+
+// The year up to whose March payments may begin: the one after age 70½ is reached, or the next one
+// where that has passed.
+int deadline_year(Date birth, Date today);
+
+// Years in which payments may begin: the present one to that of the deadline. None without a date of
+// birth.
+std::vector<int> first_payment_years(Date birth, Date today);
+
+// Months that may be chosen when the latest of the offered years is, or is not, chosen.
+std::vector<int> first_payment_months(bool latest_year);
+
+// What is said of a month that cannot be chosen, or no longer.
+inline constexpr std::string_view invalid_month = "Invalid month that you wish to begin payments.";
+
+// Refuses a month that has passed. Year 0, while none is offered, counts as the present year.
+Check check_month_to_come(int month, int year, Date today);
+
+// The check of the month once more before a result is computed: the day can have changed since. Refused
+// is a first payment month that has passed, and one that today is not offered at all, as after a clock
+// was set back.
+Check check_first_payment(const Scenario& scenario, Date today);
+
+}  // namespace kelvar

@@ -1,0 +1,17 @@
+// How often payments are made.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "input/rules/refusal.h"
+
+namespace kelvar {
+
+// Payments per year of the boxes Monthly, Quarterly, Semi-Annually, Annually, index 0 to 3.
+std::int16_t frequency_of_box(int index);
+
+// Refuses 0 payments a year, with the first of the boxes as the field to correct.
+Check check_frequency(int payments_per_year, std::string_view first_box);
+
+}  // namespace kelvar

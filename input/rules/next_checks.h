@@ -1,0 +1,45 @@
+// What Next checks on each input screen, in the plan's order; the first fault is returned. The rules
+// themselves stand in the files named after what they rule on.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/records.h"
+#include "core/scenario.h"
+#include "input/rules/refusal.h"
+
+namespace kelvar {
+
+struct ParticipantEntry {
+    int month = 0;  // chosen first payment month, 1..12
+    int year = 0;   // chosen first payment year, 0 while none is offered
+    std::string value_text;
+    std::string birth_text;
+};
+
+// Participant data, up to the question whether a date of birth was entered at all.
+Check chk_fields(const ParticipantEntry& entry, Date today);
+
+// Periodic payments.
+Check check_periodic(const Scenario& scenario);
+
+// An amount certain with periodic payments. Stores `current_age` and `life_expectancy_age` on the way.
+// `scenario_month` and `scenario_year` hold the chosen commencement, 0 when nothing could be chosen.
+// Payments that begin beyond the life expectancy can be a question; `insists` after the user's No, which
+// leaves out the checks behind it.
+Check check_partial(Scenario& scenario, Database& database, std::string_view partial_text, Date today,
+                    bool insists = false);
+
+struct LengthEntry {
+    LengthOption option = no_length;
+    bool joint = false;
+    std::string number_text{};
+    std::string amount_text{};
+};
+
+// The length of payments. Stores what it means: number of payments or fixed amount, look-up ages and
+// life expectancy. A failed look-up for a life expectancy is told and passed over.
+Check chk_fld(const LengthEntry& entry, Scenario& scenario, Database& database, Date today);
+
+}  // namespace kelvar

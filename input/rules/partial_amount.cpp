@@ -1,0 +1,47 @@
+#include "input/rules/partial_amount.h"
+
+#include <cmath>
+
+#include "core/numbers.h"
+#include "input/rules/typed_numbers.h"
+
+namespace kelvar {
+
+namespace {
+
+constexpr const char* field = "txtpartial";
+
+}  // namespace
+
+std::optional<double> read_partial_amount(std::string_view text) {
+    const auto amount = read_entry(text);
+    const bool valid = amount && std::abs(*amount) <= largest_amount;
+    return valid ? std::optional{round_to_cents(*amount)} : std::nullopt;
+}
+
+std::optional<double> read_percentage(std::string_view text) {
+    const auto percentage = read_entry(text);
+    return percentage > 0.0 && percentage < 100.0 ? percentage : std::nullopt;
+}
+
+double amount_of_percentage(double present_value, double percentage) {
+    return round_to_cents(present_value * percentage / 100.0);
+}
+
+std::string percentage_of_amount(double present_value, double partial_amount) {
+    return format_number(partial_amount / present_value * 100.0, pattern::percentage);
+}
+
+Check check_amount_typed(std::string_view text) {
+    return read_partial_amount(text) ? std::nullopt
+                                     : Check{Refusal{"Invalid partial amount certain!", field}};
+}
+
+Check partial_msg(const Scenario& scenario) {
+    if (scenario.partial_amount > 0.0 && scenario.partial_amount < scenario.present_value) {
+        return std::nullopt;
+    }
+    return Refusal{"Invalid partial lump sum amount.", field};
+}
+
+}  // namespace kelvar
