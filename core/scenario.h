@@ -24,6 +24,7 @@ enum LengthOption : std::int16_t {
 // One instance for the process. Money is in dollars, rates are percent per year, ages whole years.
 struct Scenario {
     Date birth_date{no_date};
+    Date entry_date{no_date};          // the day on which the first payment month was accepted
     std::int16_t current_age = 0;      // today; on the birthday itself still the younger age
     std::int16_t over_72_flag = 0;     // 1 when the latest first payment year is chosen
     std::int16_t first_pay_month = 0;  // 1..12

@@ -120,6 +120,7 @@ void frmdist1::value_left() {
 }
 
 void frmdist1::edit_date() {
+    scenario.entry_date = module.today();
     scenario.first_pay_month = static_cast<std::int16_t>(first_payment_->month());
     scenario.first_pay_year = static_cast<std::int16_t>(first_payment_->year());
     scenario.lookup_age = static_cast<std::int16_t>(first_payment_->age_shown());

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "input/rules/commencement.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/rates.h"
 #include "shell/notes/portfolios.h"
@@ -138,26 +137,18 @@ bool frmdrate::chk_rate() {
     return false;
 }
 
-// The day can have changed since the months were chosen.
-bool frmdrate::chk_months() {
-    const Date today = module.today();
-    if (const Check check = check_first_payment(scenario, today)) {
-        lead_back(ScreenId::frmdist1, *check);
-        return false;
+// The day can have changed since the month was chosen; then it leads back there. The months after an
+// amount certain come later than the first payment and are still to come with it.
+bool frmdrate::chk_month() {
+    const Check check = check_first_payment(scenario, module.today());
+    if (!check) {
+        return true;
     }
-    const Check check =
-        scenario.method == partial_lump_sum ? check_commencement(scenario, today) : std::nullopt;
-    if (check) {
-        lead_back(ScreenId::frmdist2, *check);
-    }
-    return !check;
-}
-
-void frmdrate::lead_back(ScreenId id, const Refusal& refusal) {
-    module.screens.show(id);
+    module.screens.show(ScreenId::frmdist1);
     module.screens.hide(ScreenId::frmdrate);
-    module.report(refusal.text);
-    module.screens.focus(refusal.field);
+    module.report(check->text);
+    module.screens.focus(check->field);
+    return false;
 }
 
 void frmdrate::pick_one() {
@@ -198,7 +189,7 @@ void frmdrate::words_clicked(QToolButton* picture, QPoint place) {
 }
 
 void frmdrate::go_next() {
-    if (chk_rate() && chk_months()) {
+    if (chk_rate() && chk_month()) {
         pick_one();
     }
 }

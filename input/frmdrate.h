@@ -29,8 +29,7 @@ private:
     void build_portfolios(QBoxLayout* column);
     void rate_ticked(int index);
     bool chk_rate();
-    bool chk_months();
-    void lead_back(ScreenId id, const Refusal& refusal);
+    bool chk_month();
     void pick_one();
     void show_portfolio(int index, QPoint position);
 

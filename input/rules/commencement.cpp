@@ -43,13 +43,6 @@ std::vector<int> scenario_months(const Scenario& scenario, int chosen_year, Date
     return all_from(first, chosen_year == last_year ? plan::last_month_of_deadline : 12);
 }
 
-Check check_commencement(const Scenario& scenario, Date today) {
-    // Offered are only months after the first payment.
-    const std::vector<int> months = scenario_months(scenario, scenario.scenario_year, today);
-    const bool offered = is_offered(months, scenario.scenario_month);
-    return offered ? std::nullopt : Check{Refusal{invalid_month, field}};
-}
-
 int commencement_age(const Scenario& scenario, Date today) {
     return age_in_month(scenario.birth_date, month_of(today), scenario.scenario_year);
 }

@@ -14,10 +14,6 @@ namespace kelvar {
 std::vector<int> scenario_years(const Scenario& scenario, Date today);
 std::vector<int> scenario_months(const Scenario& scenario, int chosen_year, Date today);
 
-// The check of the month in which the payments after the amount certain begin, once more before a
-// result is computed: the day can have changed since, and with it the months on offer.
-Check check_commencement(const Scenario& scenario, Date today);
-
 // The participant's age at the commencement. Only the year is that of the commencement: the month is
 // the present one.
 int commencement_age(const Scenario& scenario, Date today);

@@ -41,7 +41,8 @@ Check check_first_payment(const Scenario& scenario, Date today) {
     const std::vector<int> years = first_payment_years(scenario.birth_date, today);
     const bool offered =
         is_offered(years, year) && is_offered(first_payment_months(year == years.back()), month);
-    return offered ? check_month_to_come(month, year, today) : refused;
+    const bool set_back = today < scenario.entry_date;
+    return offered && !set_back ? check_month_to_come(month, year, today) : refused;
 }
 
 }  // namespace kelvar

@@ -27,8 +27,8 @@ inline constexpr std::string_view invalid_month = "Invalid month that you wish t
 Check check_month_to_come(int month, int year, Date today);
 
 // The check of the month once more before a result is computed: the day can have changed since. Refused
-// is a first payment month that has passed, and one that today is not offered at all, as after a clock
-// was set back.
+// is a first payment month that has passed, and any month when the clock was set back: ages and months
+// on offer were those of a later day.
 Check check_first_payment(const Scenario& scenario, Date today);
 
 }  // namespace kelvar

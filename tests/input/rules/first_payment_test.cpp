@@ -44,9 +44,10 @@ TEST(FirstPayment, MustStillBeOfferedWhenTheResultIsComputed) {
          {Case{7, 2026, today, true}, Case{6, 2026, today, false}, Case{12, 2025, today, false},
           Case{7, 2026, 2026y / 7 / 31, true}, Case{7, 2026, 2026y / 8 / 1, false},
           Case{3, 2027, today, true}, Case{3, 2027, 2025y / 12 / 31, false},
-          Case{7, 2026, 2025y / 12 / 31, false}, Case{3, 2026, 2025y / 12 / 31, true}}) {
+          Case{7, 2026, 2025y / 12 / 31, false}, Case{8, 2026, 2026y / 7 / 14, false}}) {
         Scenario scenario;
         scenario.birth_date = 1955y / 6 / 15;
+        scenario.entry_date = today;
         scenario.first_pay_month = c.month;
         scenario.first_pay_year = c.year;
         EXPECT_EQ(told(check_first_payment(scenario, c.day)), c.accepted ? accepted : passed)
