@@ -2,7 +2,7 @@
 // Everything shown is read from the work tables.
 #pragma once
 
-#include "output/report/printing.h"
+#include "output/report/print_buttons.h"
 #include "shell/screen.h"
 
 class QGridLayout;

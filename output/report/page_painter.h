@@ -1,6 +1,7 @@
 // Pages on paper or in a PDF, each with its footer: title, date, page number.
 #pragma once
 
+#include <QMarginsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <stdexcept>
@@ -10,6 +11,9 @@
 class QTextDocument;
 
 namespace kelvar {
+
+// Of every page, in points: three quarters of an inch.
+inline const QMarginsF page_margins(54.0, 54.0, 54.0, 54.0);
 
 // What everything printed looks like unless its HTML says otherwise; to be set before the HTML.
 void set_style(QTextDocument& document);

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "output/report/printing.h"
+#include "output/report/print_buttons.h"
 #include "shell/screen.h"
 
 class QFrame;

@@ -22,7 +22,7 @@
 #include <cmath>
 #include <set>
 
-#include "output/report/printing.h"
+#include "output/report/print_buttons.h"
 #include "tests/support/stations.h"
 #include "widgets/bar_chart.h"
 #include "widgets/grid.h"

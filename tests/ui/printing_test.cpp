@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/report/printing.h"
+#include "output/report/print_job.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/bar_chart.h"

@@ -1,18 +1,15 @@
-// Where a print job goes, and the buttons that start one.
+// What is printed, and where it goes: the default printer or a PDF file.
 #pragma once
 
-#include <QObject>
 #include <QPageLayout>
+#include <QString>
 #include <functional>
 #include <string>
 
 #include "core/module1.h"
 
-class QHBoxLayout;
-class QLabel;
 class QPagedPaintDevice;
-class QPushButton;
-class QToolButton;
+class QWidget;
 
 namespace kelvar {
 
@@ -37,32 +34,5 @@ QString pdf_name(const QString& title, const QString& rate, Date day);
 // nothing.
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare);
-
-// Print, and beside it a small menu that also offers a PDF file. A line above the row says where the
-// last one was saved.
-class PrintButtons : public QObject {
-    Q_OBJECT
-
-public:
-    // Puts them behind the first button of a navigation row, enabled.
-    explicit PrintButtons(QHBoxLayout* navigation);
-
-    void setEnabled(bool enabled);
-    // Empty while there is nothing to say; starting to print empties it as well.
-    void show_saved(const QString& file);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-signals:
-    void chosen(kelvar::Destination destination);
-
-private:
-    void start(Destination destination);
-    void fit_saved();
-
-    QLabel* lblsaved = nullptr;
-    QPushButton* cmdprint = nullptr;
-    QToolButton* cmdprintmenu = nullptr;
-};
 
 }  // namespace kelvar

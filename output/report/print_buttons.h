@@ -1,0 +1,43 @@
+// The Print button of a result, the menu beside it, and the line that says where the last file was
+// saved.
+#pragma once
+
+#include <QObject>
+
+#include "output/report/print_job.h"
+
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QToolButton;
+
+namespace kelvar {
+
+// Print, and beside it a small menu that also offers a PDF file. A line above the row says where the
+// last one was saved.
+class PrintButtons : public QObject {
+    Q_OBJECT
+
+public:
+    // Puts them behind the first button of a navigation row, enabled.
+    explicit PrintButtons(QHBoxLayout* navigation);
+
+    void setEnabled(bool enabled);
+    // Empty while there is nothing to say; starting to print empties it as well.
+    void show_saved(const QString& file);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    void chosen(kelvar::Destination destination);
+
+private:
+    void start(Destination destination);
+    void fit_saved();
+
+    QLabel* lblsaved = nullptr;
+    QPushButton* cmdprint = nullptr;
+    QToolButton* cmdprintmenu = nullptr;
+};
+
+}  // namespace kelvar
