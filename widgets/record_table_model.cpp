@@ -73,20 +73,32 @@ std::size_t row_with(const Recordset& records, std::string_view field, double nu
     return row;
 }
 
+RecordTableModel::Column field_column(const Recordset& records, std::string_view field,
+                                      const QString& heading, Qt::Alignment alignment) {
+    const auto text = [column = records.column(field)](const Recordset& rows, std::size_t row) {
+        return to_qt(as_text(rows.cell(row, column)));
+    };
+    return {heading, text, alignment};
+}
+
+RecordTableModel::Column money_column(const Recordset& records, std::string_view field,
+                                      const QString& heading, std::string_view pattern) {
+    const auto text = [column = records.column(field), pattern](const Recordset& rows,
+                                                                std::size_t row) {
+        return to_qt(format_number(as_number(rows.cell(row, column)), pattern));
+    };
+    return {heading, text};
+}
+
 std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
                                                    const QStringList& headings) {
-    const std::size_t age = lifexp.column("age");
-    const std::size_t multiple = lifexp.column("multiple");
-    const auto cell = [](std::size_t column) {
-        return [column](const Recordset& records, std::size_t row) {
-            return to_qt(as_text(records.cell(row, column)));
-        };
+    const auto sum = [age = lifexp.column("age"), multiple = lifexp.column("multiple")](
+                         const Recordset& rows, std::size_t row) {
+        return to_qt(number_text(as_number(rows.cell(row, age)) + as_number(rows.cell(row, multiple))));
     };
-    const auto sum = [age, multiple](const Recordset& records, std::size_t row) {
-        return to_qt(
-            number_text(as_number(records.cell(row, age)) + as_number(records.cell(row, multiple))));
-    };
-    return {{headings[0], cell(age)}, {headings[1], cell(multiple)}, {headings[2], sum}};
+    return {field_column(lifexp, "age", headings[0]),
+            field_column(lifexp, "multiple", headings[1]),
+            {headings[2], sum}};
 }
 
 }  // namespace kelvar

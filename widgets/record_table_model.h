@@ -43,6 +43,14 @@ private:
 // The first row whose field is this number, or the number of rows. The current row stays.
 std::size_t row_with(const Recordset& records, std::string_view field, double number);
 
+// A column that shows a field as it is stored. The field is looked up once; throws DatabaseError when
+// there is none.
+RecordTableModel::Column field_column(const Recordset& records, std::string_view field,
+                                      const QString& heading, Qt::Alignment alignment = Qt::AlignRight);
+// The same for an amount, in a pattern such as `pattern::dollars`, which is not copied.
+RecordTableModel::Column money_column(const Recordset& records, std::string_view field,
+                                      const QString& heading, std::string_view pattern);
+
 // Columns of the life expectancy table: age, divisor and their sum, without binary noise.
 std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,
                                                    const QStringList& headings);

@@ -25,23 +25,13 @@ const QString nothing_left =
 const QString no_payments = u"There are no payments to show for this length of payments."_s;
 
 std::vector<RecordTableModel::Column> schedule_columns(const Recordset& schedule) {
-    const auto plain = [&](const char* field) {
-        return [at = schedule.column(field)](const Recordset& r, std::size_t row) {
-            return to_qt(as_text(r.cell(row, at)));
-        };
-    };
-    const auto dollars = [&](const char* field, const char* pattern) {
-        return [at = schedule.column(field), pattern](const Recordset& r, std::size_t row) {
-            return to_qt(format_number(as_number(r.cell(row, at)), pattern));
-        };
-    };
-    return {{u"Payment  #"_s, plain("number")},
-            {u"Payments Remaining"_s, plain("remaining")},
-            {u"Beginning Balance"_s, dollars("startbalance", pattern::dollars)},
-            {u"Amount"_s, dollars("payment", pattern::payment)},
-            {u"Remaining Balance"_s, dollars("remainbalance", pattern::dollars)},
-            {u"Month"_s, plain("Month"), Qt::AlignLeft},
-            {u"Year"_s, plain("Year")}};
+    return {field_column(schedule, "number", u"Payment  #"_s),
+            field_column(schedule, "remaining", u"Payments Remaining"_s),
+            money_column(schedule, "startbalance", u"Beginning Balance"_s, pattern::dollars),
+            money_column(schedule, "payment", u"Amount"_s, pattern::payment),
+            money_column(schedule, "remainbalance", u"Remaining Balance"_s, pattern::dollars),
+            field_column(schedule, "Month", u"Month"_s, Qt::AlignLeft),
+            field_column(schedule, "Year", u"Year"_s)};
 }
 
 }  // namespace
