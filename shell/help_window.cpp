@@ -22,7 +22,7 @@
 #include <QTextBrowser>
 #include <stdexcept>
 
-#include "shell/screen.h"
+#include "widgets/controls.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 

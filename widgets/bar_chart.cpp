@@ -21,7 +21,7 @@ namespace kelvar {
 namespace {
 
 // Black on white with a grid that survives a copier, whatever the screen's colours are.
-BarDrawing::Look paper_look(QFont font) {
+BarChartDrawing::Look paper_look(QFont font) {
     font.setPointSizeF(11.0);  // also where the screen's texts are larger
     return {.font = font,
             .paper = Qt::white,
@@ -34,12 +34,12 @@ BarDrawing::Look paper_look(QFont font) {
 }  // namespace
 
 BarChart::BarChart(const char* name, const QString& accessible_name)
-    : drawing_(new BarDrawing({.font = font(),
-                               .paper = palette().color(QPalette::Base),
-                               .text = palette().color(QPalette::WindowText),
-                               .lines = theme::colors().border,
-                               .bars = theme::colors().accent,
-                               .most_steps = theme::large_text() ? 4 : 8})),
+    : drawing_(new BarChartDrawing({.font = font(),
+                                    .paper = palette().color(QPalette::Base),
+                                    .text = palette().color(QPalette::WindowText),
+                                    .lines = theme::colors().border,
+                                    .bars = theme::colors().accent,
+                                    .most_steps = theme::large_text() ? 4 : 8})),
       view_(new QChartView(drawing_)),
       readout_(theme::label({}, theme::Role::value, "lblreadout")),
       legend_(new QWidget) {
@@ -97,7 +97,7 @@ void BarChart::add_legend_key(std::size_t set) {
 void BarChart::paint_on_paper(QPainter& painter, const QRectF& area) const {
     constexpr double width = 900.0;  // how large the texts are beside the bars
     QGraphicsScene scene;
-    auto* drawing = new BarDrawing(paper_look(font()));
+    auto* drawing = new BarChartDrawing(paper_look(font()));
     scene.addItem(drawing);
     drawing->draw(data_);
     drawing->resize(width, width * area.height() / area.width());

@@ -46,7 +46,7 @@ private:
     void say_whole();
 
     BarData data_;
-    BarDrawing* drawing_ = nullptr;
+    BarChartDrawing* drawing_ = nullptr;
     QChartView* view_ = nullptr;
     QLabel* readout_ = nullptr;
     QWidget* legend_ = nullptr;

@@ -38,7 +38,7 @@ QString full_text(double value, BarUnit unit) {
                                     : short_text(value, unit) + u" years"_s;
 }
 
-BarDrawing::BarDrawing(const Look& look)
+BarChartDrawing::BarChartDrawing(const Look& look)
     : look_(look),
       series_(new QBarSeries),
       label_axis_(new QBarCategoryAxis),
@@ -63,7 +63,7 @@ BarDrawing::BarDrawing(const Look& look)
     connect(this, &QChart::plotAreaChanged, this, [this] { place_texts(); });
 }
 
-void BarDrawing::draw(const BarData& data) {
+void BarChartDrawing::draw(const BarData& data) {
     unit_ = data.unit;
     label_axis_->setCategories(data.labels);
     // Room for half a line above the highest tick, and for the labels below, which are texts of ours
@@ -93,13 +93,13 @@ void BarDrawing::draw(const BarData& data) {
     place_texts();
 }
 
-int BarDrawing::line_height() const {
+int BarChartDrawing::line_height() const {
     return static_cast<int>(std::ceil(QFontMetricsF(look_.font).height())) + 1;
 }
 
 // Gives the room that their texts need. The upper bound has none unless it is a tick: it would be in
 // the way of the last one.
-int BarDrawing::set_ticks(double upper) {
+int BarChartDrawing::set_ticks(double upper) {
     value_axis_->setRange(0.0, upper);
     const double step = tick_step(upper, look_.most_steps);
     double widest = 0.0;
@@ -112,7 +112,7 @@ int BarDrawing::set_ticks(double upper) {
     return 2 * theme::grid + static_cast<int>(widest);
 }
 
-void BarDrawing::add_set(const BarSet& set) {
+void BarChartDrawing::add_set(const BarSet& set) {
     const bool first = series_->count() == 0;
     auto* bars = new QBarSet(set.name);
     for (const double value : set.values) {
@@ -124,7 +124,7 @@ void BarDrawing::add_set(const BarSet& set) {
     series_->append(bars);
 }
 
-QGraphicsSimpleTextItem* BarDrawing::add_text(const QString& text, const QFont& font) {
+QGraphicsSimpleTextItem* BarChartDrawing::add_text(const QString& text, const QFont& font) {
     auto* item = new QGraphicsSimpleTextItem(text, this);
     item->setFont(font);
     item->setBrush(look_.text);
@@ -132,7 +132,7 @@ QGraphicsSimpleTextItem* BarDrawing::add_text(const QString& text, const QFont& 
     return item;
 }
 
-void BarDrawing::mark(int place) {
+void BarChartDrawing::mark(int place) {
     for (QBarSet* set : series_->barSets()) {
         set->deselectAllBars();
     }
@@ -142,7 +142,7 @@ void BarDrawing::mark(int place) {
     }
 }
 
-int BarDrawing::place_at(const QPointF& point) {
+int BarChartDrawing::place_at(const QPointF& point) {
     if (!plotArea().contains(point)) {
         return -1;
     }
@@ -153,7 +153,7 @@ int BarDrawing::place_at(const QPointF& point) {
     return label * sets + std::clamp(static_cast<int>(share * sets), 0, sets - 1);
 }
 
-void BarDrawing::place_texts() {
+void BarChartDrawing::place_texts() {
     if (label_texts_.empty()) {
         return;
     }
@@ -166,7 +166,7 @@ void BarDrawing::place_texts() {
 
 // Every label, or every second, fifth, tenth and so on, so that none touches the next. A wide label of
 // two words takes two lines.
-void BarDrawing::place_labels(double slot) {
+void BarChartDrawing::place_labels(double slot) {
     const double widest = label_texts_.back()->boundingRect().width() + gap;
     std::size_t step = 1;
     for (const std::size_t larger : {2U, 5U, 10U, 20U, 50U}) {
@@ -197,7 +197,7 @@ void BarDrawing::place_labels(double slot) {
 }
 
 // Above their bars when all of them fit beside each other, if need be turned to read upwards.
-void BarDrawing::place_values(double slot) {
+void BarChartDrawing::place_values(double slot) {
     const int sets = static_cast<int>(series_->count());
     const double room = slot * bar_width / sets;
     const bool fits = std::ranges::all_of(value_texts_, [&](const QGraphicsSimpleTextItem* text) {
@@ -219,7 +219,7 @@ void BarDrawing::place_values(double slot) {
     }
 }
 
-void BarDrawing::place_ticks() {
+void BarChartDrawing::place_ticks() {
     for (const auto& [value, text] : tick_texts_) {
         const QSizeF size = text->boundingRect().size();
         text->setPos(plotArea().left() - gap - size.width(),
@@ -227,7 +227,7 @@ void BarDrawing::place_ticks() {
     }
 }
 
-void BarDrawing::place_titles() {
+void BarChartDrawing::place_titles() {
     if (value_title_ == nullptr) {
         return;
     }
@@ -237,7 +237,7 @@ void BarDrawing::place_titles() {
                          this->size().height() - size.height());
 }
 
-QPointF BarDrawing::bar_top(int place) {
+QPointF BarChartDrawing::bar_top(int place) {
     const int sets = static_cast<int>(series_->count());
     const int set = place % sets;
     const int label = place / sets;

@@ -33,7 +33,7 @@ struct BarData {
     QString whole{};        // the chart in one sentence; empty: its accessible name
 };
 
-class BarDrawing : public QChart {
+class BarChartDrawing : public QChart {
     Q_OBJECT
 
 public:
@@ -47,7 +47,7 @@ public:
         int turn_values_beyond = 0;  // this many bars the values read upwards; 0 never
     };
 
-    explicit BarDrawing(const Look& look);
+    explicit BarChartDrawing(const Look& look);
 
     // Called once. The first set is drawn solid, the second hatched, so that they differ without colour
     // too.
