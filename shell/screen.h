@@ -1,15 +1,19 @@
-// Base of all screens: title band, content that scrolls when it must, one navigation row.
+// Base of all screens: title band, content that scrolls when it must, one navigation row, one message
+// per action. How every screen answers keys and the mouse is a class of its own for each habit; the
+// event filter asks them in turn.
 #pragma once
 
 #include <QBoxLayout>
-#include <QPointer>
 #include <QToolButton>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <string_view>
 
 #include "core/module1.h"
+#include "shell/screen_layout.h"
 #include "widgets/controls.h"
+#include "widgets/field_leaving.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -21,7 +25,12 @@ class QScrollArea;
 
 namespace kelvar {
 
-class FocusRing;
+class FocusMarker;
+class NavigationRow;
+class OptionOpener;
+class PictureWords;
+class PointerSlips;
+class ScreenKeys;
 
 // A paragraph of a note; either part may be empty.
 struct Paragraph {
@@ -33,18 +42,10 @@ class Screen : public QWidget {
     Q_OBJECT
 
 public:
-    // Which of the navigation row's controls a screen has.
-    struct Layout {
-        QString title;  // no band without a title
-        QString step;   // such as "Step 1 of 4"
-        bool help = true;
-        bool previous = true;
-        bool next = true;
-        // Name of the one button of a note, in place of the whole row: it goes back and says OK.
-        const char* close_with = nullptr;
-    };
+    using Layout = ScreenLayout;
 
     Screen(Module1& module, const char* name, const Layout& layout);
+    ~Screen() override;
 
     // Once, right after creation. May throw DatabaseError; the screen is then not shown.
     virtual void load() {}
@@ -55,7 +56,8 @@ public:
     void arrange_tab_order();
     // Puts the focus on a control of this screen by its name, its text selected.
     void focus_field(std::string_view name);
-    // Where the focus last was on this screen, at first its first field.
+    // Where the focus last was on this screen, at first its first field; a button that is always there
+    // when that one is disabled.
     QWidget* last_focus() const;
 
 protected:
@@ -76,25 +78,20 @@ protected:
 
     static void focus_field(QWidget* field);
 
-    void set_first_field(QWidget* field) { last_focus_ = field; }
+    void set_first_field(QWidget* field);
 
-    // How a field was left.
-    struct Leaving {
-        bool by_tab = false;
-        bool to_navigation = false;  // to a button of the navigation row, whose action checks itself
-        QWidget* to = nullptr;
-    };
+    using Leaving = kelvar::Leaving;
     // Runs the action after the focus has left the field for another one of this window. It runs from
     // the event loop, so that the click that took the focus away is complete.
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
     // A click on the widget, or on anything in it, chooses the option while the widget is disabled.
-    void opens(QAbstractButton* option, QWidget* widget) { opened_by_.emplace_back(widget, option); }
+    void opens(QAbstractButton* option, QWidget* widget);
 
     // Adds headed running text at a line length that reads well.
     void add_paragraphs(const std::vector<Paragraph>& paragraphs);
     QVBoxLayout* content() const { return content_; }
-    QHBoxLayout* navigation() const { return navigation_; }
+    QHBoxLayout* navigation() const;
 
     QLabel* lbltitle = nullptr;
     QLabel* lblstep = nullptr;  // null without a step
@@ -118,29 +115,19 @@ protected:
 
 private:
     void build_title_band(const Layout& layout, QVBoxLayout* column);
+    void build_page(QVBoxLayout* column);
     void build_navigation(const Layout& layout, QVBoxLayout* column);
-    void left(QWidget* field, bool by_tab);
-    bool finishes_leaving(QWidget* receiver, QEvent* event);
-    bool keeps_back(QWidget* widget, QEvent* event);
-    void follow_press(QWidget* widget, const QMouseEvent& press);
-    bool press_by_words(QWidget* widget, const QMouseEvent& release);
-    bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
-    bool select_by_shortcut(const QWidget& caption);
-    bool choose_by_click(QWidget* clicked, const QEvent& event);
-    void mark_focus(QWidget* control);
-    void keep_in_view(QWidget* focus);
+    void build_habits(const Layout& layout);
 
     QVBoxLayout* content_ = nullptr;
-    QHBoxLayout* navigation_ = nullptr;
+    NavigationRow* navigation_ = nullptr;
     QScrollArea* scroll_ = nullptr;
-    QPushButton* escape_ = nullptr;  // what Escape presses
-    std::vector<std::pair<QWidget*, std::function<void(Leaving)>>> leave_actions_;
-    int leaves_to_come_ = 0;  // leave actions that still wait in the event loop
-    std::vector<std::pair<QWidget*, QAbstractButton*>> opened_by_;
-    QPointer<QWidget> last_focus_;
-    QPointer<FocusRing> focus_ring_;
-    QPointer<QWidget> pressed_words_;  // with the left button, which is still down
-    bool pressed_here_ = false;        // the last press of a mouse button was on this screen
+    std::unique_ptr<FocusMarker> focus_;
+    std::unique_ptr<FieldLeaving> leaving_;
+    std::unique_ptr<PictureWords> words_;
+    std::unique_ptr<OptionOpener> opener_;
+    std::unique_ptr<PointerSlips> slips_;
+    std::unique_ptr<ScreenKeys> keys_;
     bool error_shown_ = false;
 };
 

@@ -14,10 +14,8 @@ frmdnote::frmdnote(Module1& module1)
     : Screen(module1, "frmdnote",
              {.title = u"Sample Investment Allocation Portfolios"_s,
               .step = {},
-              .help = false,
-              .previous = false,
-              .next = false,
-              .close_with = "cmdnoteok"}) {
+              .kind = Layout::Kind::note,
+              .ok_name = "cmdnoteok"}) {
     auto* grid = new QGridLayout;
     grid->setSpacing(theme::grid);
     const int columns = theme::large_text() ? 1 : 2;

@@ -35,12 +35,7 @@ const std::vector<Note>& notes() {
 
 NoteScreen::NoteScreen(Module1& module1, const Note& note)
     : Screen(module1, note.name,
-             {.title = u"Please Note..."_s,
-              .step = {},
-              .help = false,
-              .previous = false,
-              .next = false,
-              .close_with = "cmdok"}),
+             {.title = u"Please Note..."_s, .step = {}, .kind = Layout::Kind::note}),
       id_(note.id) {
     add_paragraphs(note.paragraphs);
     content()->addStretch(1);

@@ -1,0 +1,109 @@
+#include "shell/screen_keys.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QToolButton>
+
+#include "widgets/entry_box.h"
+#include "widgets/field_leaving.h"
+
+namespace kelvar {
+
+namespace {
+
+// Alt and a letter that presses nothing here must not end up in a box.
+bool types_with_alt(const QKeyEvent& key) {
+    return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text().front().isPrint();
+}
+
+}  // namespace
+
+ScreenKeys::ScreenKeys(const QWidget* screen, QScrollArea* page, FieldLeaving& leaving,
+                       const Buttons& buttons)
+    : screen_(screen), page_(page), leaving_(leaving), buttons_(buttons) {}
+
+bool ScreenKeys::press(const QKeyEvent& key) {
+    switch (key.key()) {
+        case Qt::Key_Escape:
+            if (buttons_.escape == nullptr || key.isAutoRepeat()) {
+                return false;
+            }
+            buttons_.escape->click();
+            return true;
+        case Qt::Key_PageUp:
+            page_->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepSub);
+            return true;
+        case Qt::Key_PageDown:
+            page_->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+            return true;
+        case Qt::Key_F1:
+            if (buttons_.help == nullptr) {
+                return false;
+            }
+            buttons_.help->click();
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            press_enter();
+            return true;
+        default:
+            return false;
+    }
+}
+
+void ScreenKeys::press_enter() {
+    if (auto* picture = qobject_cast<QToolButton*>(QApplication::focusWidget())) {
+        picture->click();
+    } else if (buttons_.enter != nullptr) {
+        buttons_.enter->click();
+    }
+}
+
+bool ScreenKeys::takes(QWidget* widget, const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::KeyPress:
+            return qobject_cast<QLineEdit*>(widget) != nullptr &&
+                   types_with_alt(static_cast<const QKeyEvent&>(event));
+        case QEvent::Shortcut:
+            return screen_->isAncestorOf(widget) &&
+                   (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), event) ||
+                    select_by_shortcut(*widget));
+        default:
+            return false;
+    }
+}
+
+// Alt and a letter press a button at once, after what leaving the field before has to say; after a
+// message the focus is elsewhere and the button is not pressed. The toolkit would do it a moment later,
+// when the next keys may already have been typed.
+bool ScreenKeys::press_by_shortcut(QAbstractButton* button, const QEvent& event) {
+    if (button == nullptr || static_cast<const QShortcutEvent&>(event).isAmbiguous()) {
+        return false;
+    }
+    button->setFocus(Qt::ShortcutFocusReason);
+    leaving_.finish();
+    if (button->hasFocus()) {
+        button->click();
+    }
+    return true;
+}
+
+// Alt and the letter of a box in which the focus is already: the toolkit does nothing then.
+bool ScreenKeys::select_by_shortcut(const QWidget& caption) {
+    QWidget* focus = screen_->window()->focusWidget();
+    const auto* words = qobject_cast<const QLabel*>(&caption);
+    const bool leads_to_focus =
+        words != nullptr ? words->buddy() == focus : caption.isAncestorOf(focus);
+    if (focus == nullptr || !leads_to_focus) {
+        return false;
+    }
+    select_text(focus);
+    return true;
+}
+
+}  // namespace kelvar

@@ -1,0 +1,70 @@
+#include "widgets/field_leaving.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+
+namespace kelvar {
+
+FieldLeaving::FieldLeaving(QWidget* screen, const QWidget* navigation, std::function<bool()> told)
+    : screen_(screen), navigation_(navigation), told_(std::move(told)) {}
+
+void FieldLeaving::add(QWidget* field, Action action) {
+    actions_.emplace_back(field, std::move(action));
+}
+
+void FieldLeaving::finish() {
+    QCoreApplication::sendPostedEvents(screen_, QEvent::MetaCall);
+}
+
+bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!key || to_come_ == 0 || !screen_->isAncestorOf(receiver)) {
+        return false;
+    }
+    const bool told_before = told_();
+    finish();
+    if (told_() && !told_before) {
+        return true;
+    }
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == receiver || focus == nullptr || !screen_->isAncestorOf(focus)) {
+        return false;
+    }
+    QCoreApplication::sendEvent(focus, event);
+    return true;
+}
+
+void FieldLeaving::follow(const QObject* watched, const QEvent& event) {
+    if (event.type() != QEvent::FocusOut) {
+        return;
+    }
+    const auto reason = static_cast<const QFocusEvent&>(event).reason();
+    const bool stays = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+                       reason == Qt::ActiveWindowFocusReason;
+    for (const auto& [field, action] : actions_) {
+        if (field == watched && !stays) {
+            const bool by_tab = reason == Qt::TabFocusReason;
+            ++to_come_;
+            QMetaObject::invokeMethod(
+                screen_, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
+        }
+    }
+}
+
+void FieldLeaving::left(QWidget* field, bool by_tab) {
+    --to_come_;
+    // An open list has the focus itself; the control it belongs to counts.
+    QWidget* now = QApplication::activePopupWidget() != nullptr ? screen_->window()->focusWidget()
+                                                                : QApplication::focusWidget();
+    if (!screen_->isVisible() || now == nullptr || now == field || now->window() != screen_->window()) {
+        return;  // the window itself lost the focus, or a message has brought it back
+    }
+    const Leaving leaving{by_tab, now->parentWidget() == navigation_, now};
+    for (const auto& [watched, action] : actions_) {
+        if (watched == field) {
+            action(leaving);
+        }
+    }
+}
+
+}  // namespace kelvar

@@ -1,0 +1,92 @@
+#include "widgets/focus_marker.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QToolButton>
+
+#include "widgets/focus_ring.h"
+#include "widgets/theme.h"
+
+namespace kelvar {
+
+FocusMarker::FocusMarker(const QWidget* screen, QScrollArea* page) : screen_(screen), page_(page) {}
+
+void FocusMarker::follow(QObject* watched, const QEvent& event) {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    switch (event.type()) {
+        case QEvent::FocusIn:
+            if (widget != nullptr) {
+                got_focus(widget);
+            }
+            break;
+        case QEvent::FocusOut:
+            delete ring_;
+            break;
+        case QEvent::Resize:
+            if (watched == page_->widget()) {
+                keep_in_view_later();
+            }
+            [[fallthrough]];
+        case QEvent::Move:
+            move_ring(widget);
+            break;
+        default:
+            break;
+    }
+}
+
+void FocusMarker::got_focus(QWidget* control) {
+    if (screen_->isAncestorOf(control)) {
+        mark(control);
+    }
+    if (page_->widget()->isAncestorOf(control)) {
+        if (qobject_cast<QToolButton*>(control) == nullptr &&
+            qobject_cast<QPushButton*>(control) == nullptr) {
+            last_ = control;
+        }
+        keep_in_view(control);
+    }
+}
+
+// Tables and charts mark the focus themselves.
+void FocusMarker::mark(QWidget* control) {
+    delete ring_;
+    if (qobject_cast<QAbstractButton*>(control) != nullptr ||
+        qobject_cast<QLineEdit*>(control) != nullptr || qobject_cast<QComboBox*>(control) != nullptr) {
+        ring_ = new FocusRing(control);
+    }
+}
+
+void FocusMarker::move_ring(const QWidget* moved) {
+    if (ring_ != nullptr && moved != nullptr &&
+        (moved == ring_->control() || moved->isAncestorOf(ring_->control()))) {
+        ring_->surround();
+    }
+}
+
+void FocusMarker::keep_in_view(QWidget* focus) {
+    // Its beginning, where it is higher than the view.
+    const QRect place(focus->mapTo(page_->widget(), QPoint()), focus->size());
+    page_->ensureVisible(place.right(), place.bottom(), theme::grid, theme::grid);
+    page_->ensureVisible(place.left(), place.top(), theme::grid, theme::grid);
+}
+
+// Controls come and go, also above the focus; later, when they have their places.
+void FocusMarker::keep_in_view_later() {
+    QMetaObject::invokeMethod(
+        page_,
+        [this] {
+            QWidget* focus = QApplication::focusWidget();
+            if (focus != nullptr && page_->widget()->isAncestorOf(focus)) {
+                keep_in_view(focus);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace kelvar

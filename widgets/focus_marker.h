@@ -1,0 +1,40 @@
+// Shows where the focus is: draws a ring around it, keeps it in the view that scrolls, and remembers it
+// for the next time.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+class QScrollArea;
+
+namespace kelvar {
+
+class FocusRing;
+
+class FocusMarker {
+public:
+    // Marks the focus anywhere in `screen`; `page` is the part of it that scrolls.
+    FocusMarker(const QWidget* screen, QScrollArea* page);
+
+    // Looks at an event of the application; keeps none back.
+    void follow(QObject* watched, const QEvent& event);
+
+    // Where the focus last was on the page, buttons apart, because Enter would press one that it came
+    // back to. Null when there was none or it is gone.
+    QWidget* last() const { return last_; }
+    void set_last(QWidget* field) { last_ = field; }
+
+private:
+    void got_focus(QWidget* control);
+    void mark(QWidget* control);
+    void keep_in_view(QWidget* focus);
+    void keep_in_view_later();
+    void move_ring(const QWidget* moved);
+
+    const QWidget* screen_;
+    QScrollArea* page_;
+    QPointer<QWidget> last_;
+    QPointer<FocusRing> ring_;
+};
+
+}  // namespace kelvar
