@@ -118,8 +118,8 @@ void FirstPaymentLists::show_age() {
         lblage->clear();
         return;
     }
-    lblage->setNum(shown_age(scenario.birth_date, scenario.current_age, month(), year(),
-                             module.today()));
+    lblage->setNum(
+        shown_age(scenario.birth_date, scenario.current_age, month(), year(), module.today()));
 }
 
 void FirstPaymentLists::clear_age() {

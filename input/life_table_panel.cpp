@@ -7,7 +7,6 @@
 #include "input/rules/lookup_ages.h"
 #include "widgets/controls.h"
 #include "widgets/grid.h"
-#include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -105,21 +104,15 @@ void LifeTablePanel::add_grid(const Scenario& scenario, Date today) {
 }
 
 std::vector<RecordTableModel::Column> LifeTablePanel::age_columns(bool minimum_distribution) const {
-    return life_columns(
-        *lifexp_,
-        {u"AGE"_s, u"DIVISOR"_s, minimum_distribution ? u"MIN. DIST. YRS."_s : u"LIFE EXPECTANCY"_s});
+    return life_columns(*lifexp_, {u"AGE"_s, u"DIVISOR"_s,
+                                   minimum_distribution ? u"MIN. DIST. YRS."_s : u"LIFE EXPECTANCY"_s});
 }
 
 void LifeTablePanel::add_grid1() {
-    const auto column = [this](const char* field) {
-        return [at = joinlife_->column(field)](const Recordset& records, std::size_t row) {
-            return to_qt(as_text(records.cell(row, at)));
-        };
-    };
     auto* rows = new RecordTableModel(*joinlife_,
-                                      {{u"Participant's Age"_s, column("PartAge")},
-                                       {u"Age of Spouse"_s, column("beneage")},
-                                       {u"Joint Life Expectancy"_s, column("LifeAge")}},
+                                      {field_column(*joinlife_, "PartAge", u"Participant's Age"_s),
+                                       field_column(*joinlife_, "beneage", u"Age of Spouse"_s),
+                                       field_column(*joinlife_, "LifeAge", u"Joint Life Expectancy"_s)},
                                       this);
     rows->show_rows(0, joinlife_->RecordCount());
     grdlife1->setModel(rows);

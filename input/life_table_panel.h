@@ -25,8 +25,8 @@ public:
     void load(Database& database);
     // Shows the kind of table that counts at the age when payments start, and marks the row looked up.
     void show_ages(const Scenario& scenario, Date today);
-    // Marks the pair of ages looked up in the joint table; without a spouse the participant's first row is
-    // only scrolled to.
+    // Marks the pair of ages looked up in the joint table; without a spouse the participant's first row
+    // is only scrolled to.
     void mark_joint_pair(const Scenario& scenario, bool with_spouse);
     // Puts the joint table in the place of the other, or takes it away.
     void show_joint(bool joint);

@@ -13,7 +13,8 @@ namespace kelvar {
 // What a box for a date holds while nothing is typed: MM/DD/YYYY, "_" in unfilled places.
 inline constexpr std::string_view empty_mask = "__/__/____";
 
-// The date in such a box; nothing unless it is a real date. A year of two digits is always in the 1900s.
+// The date in such a box; nothing unless it is a real date. A year of two digits is always in the
+// 1900s.
 std::optional<Date> read_masked_date(std::string_view mask_text);
 
 struct BirthCheck {

@@ -7,9 +7,9 @@
 
 namespace kelvar {
 
-// From age 70½ on, an amount certain that is followed by payments in a later year only must not be below
-// the present value by the divisor at the participant's age in the month of the first payment. A table
-// without that age refuses nothing.
+// From age 70½ on, an amount certain that is followed by payments in a later year only must not be
+// below the present value by the divisor at the participant's age in the month of the first payment. A
+// table without that age refuses nothing.
 Check check_minimum_distribution(const Scenario& scenario, Database& database);
 
 }  // namespace kelvar

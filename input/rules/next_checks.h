@@ -26,8 +26,8 @@ Check check_periodic(const Scenario& scenario);
 
 // An amount certain with periodic payments. Stores `current_age` and `life_expectancy_age` on the way.
 // `scenario_month` and `scenario_year` hold the chosen commencement, 0 when nothing could be chosen.
-// Payments that begin beyond the life expectancy can be a question; `insists` after the user's No, which
-// leaves out the checks behind it.
+// Payments that begin beyond the life expectancy can be a question; `insists` after the user's No,
+// which leaves out the checks behind it.
 Check check_partial(Scenario& scenario, Database& database, std::string_view partial_text, Date today,
                     bool insists = false);
 

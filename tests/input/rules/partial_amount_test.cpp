@@ -13,7 +13,9 @@ TEST(PartialAmount, IsAboveZeroAndBelowTheBalance) {
     for (const double amount : {-0.01, 0.0, 0.01, 249999.99, 250000.0, 250000.01}) {
         scenario.partial_amount = amount;
         const bool valid = amount == 0.01 || amount == 249999.99;
-        EXPECT_EQ(told(partial_msg(scenario)), valid ? accepted : "Invalid partial lump sum amount. [txtpartial]") << amount;
+        EXPECT_EQ(told(partial_msg(scenario)),
+                  valid ? accepted : "Invalid partial lump sum amount. [txtpartial]")
+            << amount;
     }
 }
 

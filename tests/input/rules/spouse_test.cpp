@@ -43,7 +43,8 @@ TEST(Spouse, IsOf35AndMoreThanTenYearsYounger) {
     for (const char* mask :
          {"12/31/1925", "01/01/2026", "02/30/1980", "06/15/198_", "06/1_/1980", "__/__/____"}) {
         const SpouseCheck check = check_spouse(mask, 60, today);
-        EXPECT_EQ(told(check.wrong), "Please enter the birthdate of your spouse. [mskbenebirth]") << mask;
+        EXPECT_EQ(told(check.wrong), "Please enter the birthdate of your spouse. [mskbenebirth]")
+            << mask;
         EXPECT_FALSE(check.birth_date.has_value()) << mask;
     }
 }
