@@ -181,6 +181,9 @@ void frmdist2::choose_method(int index) {
                 this, [this] { module.screens.show(ScreenId::frmderrmsg); }, Qt::QueuedConnection);
             break;
     }
+    if (window()->focusWidget() == nullptr) {  // it was on a box that is grey now
+        optmethod[static_cast<std::size_t>(index)]->setFocus();
+    }
 }
 
 // Next is grey, and a quiet line says what to do first.

@@ -151,6 +151,10 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
     click("txtpartial");
     EXPECT_EQ(module->scenario.method, partial_lump_sum);
     EXPECT_EQ(focus_name(), u"txtpartial"_s);
+    QWidget* boxes = find<QWidget>("chkperiod_0")->parentWidget();
+    QTest::mouseClick(boxes, Qt::LeftButton, {}, QPoint(boxes->width() - 1, 1));  // beside them
+    EXPECT_EQ(module->scenario.method, periodic_payments);
+    EXPECT_EQ(focus_name(), u"optmethod_1"_s);
     click("chkperiod_0");
     click("Cmdnext");
     press(Qt::Key_U, Qt::AltModifier);
