@@ -28,9 +28,9 @@ constexpr double frame = 16.0;  // milliseconds
 
 constexpr Row rows[] = {
     {"engine: level schedule of 828 payments / its bare pow", "schedule<level>", "bare_powers<level>",
-     3.0},
+     1.5},
     {"engine: 828 payments of a fixed amount / its bare pow", "schedule<fixed>", "bare_powers<fixed>",
-     3.0},
+     1.5},
     {"compute and store 828 payments / bare commit", "compute_and_store/real_time", commit},
     {"another rate: compute, store, paint 828 payments / bare commit",
      "another_rate_until_painted/real_time", commit, 1.0, frame},

@@ -52,7 +52,13 @@ std::string number_text(double value);
 // The same as round_to_cents, digit by digit.
 double round_to_cents_by_digits(double dollars);
 
-double round_to_cents(double dollars) {
+// Dollars, and how many cents they are; the count is no number where they carry fractions of a cent.
+struct Cents {
+    double dollars = 0.0;
+    double count = 0.0;
+};
+
+inline Cents whole_cents(double dollars) {
     // A sum this large has no binary places left, so adding and subtracting it rounds to a whole
     // number.
     constexpr double no_fraction = 0x1.8p52;
@@ -63,7 +69,26 @@ double round_to_cents(double dollars) {
     // alike; 1e-14 of it covers both ways to be off. Also true for what is not finite.
     const double size = std::abs(cents);
     const bool clear = std::abs(std::abs(cents - nearest) - 0.5) > size * 1e-14 && size < largest;
-    return clear ? nearest / 100.0 + 0.0 : round_to_cents_by_digits(dollars);
+    if (clear) {
+        return {nearest / 100.0, nearest};
+    }
+    const double rounded = round_to_cents_by_digits(dollars);
+    return {rounded, std::round(rounded * 100.0)};
+}
+
+double round_to_cents(double dollars) {
+    return whole_cents(dollars).dollars;
+}
+
+// The difference in dollars, rounded to cents. Whole cents are subtracted as such, which is exact, and
+// far quicker than to wait for their dollars.
+inline Cents rounded_difference(const Cents& from, const Cents& amount) {
+    constexpr double largest = 0x1p44;
+    if (std::abs(from.count) < largest && std::abs(amount.count) < largest) {
+        const double count = from.count - amount.count;
+        return {count / 100.0, count};
+    }
+    return whole_cents(from.dollars - amount.dollars);
 }
 
 }  // namespace kelvar

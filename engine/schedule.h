@@ -48,17 +48,9 @@ struct FirstPayment {
 // Today when the month is the present one, else today's day in that month, clamped to its last day.
 FirstPayment first_payment(Date today, int month, int year);
 
-// Value of the account after `days` days of growth, less the fee day by day; rounded to cents. No
-// floor: the fee can take the value below 0.
-double grown_less_fee(double value, double rate, int days, double fee);
-
 // Value at the first payment: untouched, but for rounding to cents, when payments start this month.
 double value_at_first_payment(double present_value, double rate, double fee, Date today,
                               const FirstPayment& first);
-
-// Balance before the next payment. The fee is charged only when the growth covers it; otherwise the
-// balance keeps its whole growth, and with it fractions of a cent.
-double balance_before_next_payment(double balance_after, double rate, int days, double fee);
 
 // Equal payments over a given number of payments. At the first payment of each calendar year the
 // amount is recalculated from the balance and the payments left; the last payment empties the

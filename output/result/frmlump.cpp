@@ -3,9 +3,8 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "core/numbers.h"
 #include "engine/axis.h"
-#include "engine/lump_sum.h"
+#include "engine/heading.h"
 #include "widgets/bar_chart.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
@@ -27,18 +26,17 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
 
 void frmlump::load() {
     lblsub->setText(u"(Lump Sum Payment)"_s);
-    first_payment_ = first_payment(today, scenario.first_pay_month, scenario.first_pay_year);
-    days_ = days_between(today, first_payment_.date);
-    lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
+    lblfrstdate->setText(to_qt(month_year_text(commencement(scenario, today).first.date)));
     show_money(lblcurvalue, scenario.present_value);
-    add_rate(RateText::plain);
-    lblfee->setText(to_qt(format_number(scenario.fee_amount, pattern::fee)));
+    add_rate();
+    lblfee->setText(to_qt(fee_text(scenario.fee_amount)));
     get_chart();
 }
 
 void frmlump::get_value() {
-    scenario.lump_start_value = start_value_at(chosen_rate());
-    if (scenario.lump_start_value <= 0.0) {
+    const Projection projection = project(scenario, chosen_rate(), today);
+    take_over(scenario, projection);
+    if (projection.outcome == Outcome::nothing_left) {
         lblstartvalue->clear();
         lbltotalvalue->clear();
         print_buttons->setEnabled(false);
@@ -48,14 +46,14 @@ void frmlump::get_value() {
     }
     {
         const Hourglass hourglass;
-        show_money(lblstartvalue, scenario.lump_start_value);
-        show_money(lbltotalvalue, scenario.lump_start_value);
+        show_money(lblstartvalue, projection.start_value);
+        show_money(lbltotalvalue, projection.total_paid);
         uncover();
         print_buttons->setEnabled(true);
         grphlump->choose(cmbrate->currentIndex());
-        store_result([this, row = heading()] {
+        store_result([this, heading = heading_of(scenario, projection)] {
             Database::Transaction transaction(module.database());
-            add_table(module.database(), row);
+            add_table(module.database(), heading);
             transaction.commit();
         });
     }
@@ -67,28 +65,14 @@ void frmlump::get_chart() {
     BarSet at_payment{.name = u"Total Pay Back (including  interest)"_s, .values = {}};
     BarSet present{.name = u"Current Account Balance"_s, .values = {}};
     for (const double rate : scenario.selected_rates) {
-        bars.labels << to_qt(number_text(rate)) + u"%"_s;
-        at_payment.values.push_back(start_value_at(rate));
+        bars.labels << to_qt(rate_text(rate, scenario.method));
+        at_payment.values.push_back(project(scenario, rate, today).start_value);
         present.values.push_back(scenario.present_value);
     }
     const double last = at_payment.values.empty() ? 0.0 : at_payment.values.back();
     bars.sets = {at_payment, present};
     bars.upper = y_max(last);
     grphlump->show_bars(bars);
-}
-
-double frmlump::start_value_at(double rate) const {
-    return get_startvalue(scenario.present_value, rate, days_);
-}
-
-Heading frmlump::heading() const {
-    return {{"curvalue", scenario.present_value},
-            {"startvalue", scenario.lump_start_value},
-            {"frstdate", to_utf8(lblfrstdate->text())},
-            {"payments", std::int64_t{scenario.number_of_payments}},
-            {"totalvalue", to_utf8(lbltotalvalue->text())},
-            {"rate", to_utf8(cmbrate->currentText())},
-            {"fee", to_utf8(lblfee->text())}};
 }
 
 }  // namespace kelvar

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "engine/schedule.h"
-#include "engine/store.h"
 #include "output/result/result_screen.h"
 
 namespace kelvar {
@@ -21,11 +19,7 @@ protected:
 
 private:
     void get_chart();
-    double start_value_at(double rate) const;
-    Heading heading() const;
 
-    FirstPayment first_payment_;
-    int days_ = 0;  // from today to the payment
     QLabel* lblcurvalue = nullptr;
     QLabel* lblfrstdate = nullptr;
     QLabel* lblstartvalue = nullptr;

@@ -13,14 +13,9 @@ public:
     void load() override;
 
 protected:
-    PaymentTerms payment_terms() override;
-    double paid_before() const override { return scenario.partial_amount; }
     void show_values(bool visible) override;
-    Heading heading() const override;
 
 private:
-    FirstPayment first_payment_;
-    Date second_payment_date_{no_date};
     QLabel* lblcurvalue = nullptr;
     QLabel* lblpartial = nullptr;
     QLabel* lblfrstdate = nullptr;

@@ -1,10 +1,9 @@
 #include "output/result/frmperio.h"
 
-#include <QComboBox>
 #include <QLabel>
 
+#include "engine/projection.h"
 #include "widgets/text.h"
-#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,21 +22,9 @@ frmperio::frmperio(Module1& module1)
 
 void frmperio::load() {
     lblsub->setText(u"(Periodic Payments - "_s + to_qt(module.frequency_name()) + u")"_s);
-    first_payment_ = first_payment(today, scenario.first_pay_month, scenario.first_pay_year);
-    lblfrstdate->setText(to_qt(month_year_text(first_payment_.date)));
+    lblfrstdate->setText(to_qt(month_year_text(commencement(scenario, today).first.date)));
     show_money(lblcurvalue, scenario.present_value);
     ScheduleScreen::load();
-}
-
-PaymentTerms frmperio::payment_terms() {
-    const double fee = scenario.fee_amount;
-    scenario.start_value =
-        value_at_first_payment(scenario.present_value, selected_rate, fee, today, first_payment_);
-    return {.start_value = scenario.start_value,
-            .first_payment_date = first_payment_.date,
-            .frequency = scenario.frequency,
-            .rate = selected_rate,
-            .fee = fee};
 }
 
 void frmperio::show_values(bool visible) {
@@ -46,15 +33,6 @@ void frmperio::show_values(bool visible) {
     } else {
         lblstartvalue->clear();
     }
-}
-
-Heading frmperio::heading() const {
-    Heading heading{{"dtitle", "Periodic Payments - " + std::string{module.frequency_name()}},
-                    {"curvalue", scenario.present_value},
-                    {"startvalue", scenario.start_value},
-                    {"frstdate", to_utf8(lblfrstdate->text())}};
-    add_length_fields(heading);
-    return heading;
 }
 
 }  // namespace kelvar

@@ -13,12 +13,9 @@ public:
     void load() override;
 
 protected:
-    PaymentTerms payment_terms() override;
     void show_values(bool visible) override;
-    Heading heading() const override;
 
 private:
-    FirstPayment first_payment_;
     QLabel* lblcurvalue = nullptr;
     QLabel* lblfrstdate = nullptr;
     QLabel* lblstartvalue = nullptr;

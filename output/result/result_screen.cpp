@@ -6,8 +6,7 @@
 #include <QLabel>
 #include <QStackedWidget>
 
-#include "core/numbers.h"
-#include "engine/schedule.h"
+#include "engine/heading.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
@@ -136,13 +135,12 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
 }
 
 void ResultScreen::show_money(QLabel* label, double dollars) {
-    label->setText(to_qt(format_number(dollars, pattern::dollars)));
+    label->setText(to_qt(money_text(dollars)));
 }
 
-void ResultScreen::add_rate(RateText text) {
+void ResultScreen::add_rate() {
     for (const double rate : scenario.selected_rates) {
-        const bool blank = text == RateText::with_blank && rate >= 0.0;
-        cmbrate->addItem((blank ? u" "_s : QString()) + to_qt(number_text(rate)) + u"%"_s);
+        cmbrate->addItem(to_qt(rate_text(rate, scenario.method)));
     }
     cmbrate->setCurrentIndex(0);
     // Picking the entry that is already chosen counts as well.

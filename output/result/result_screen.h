@@ -33,10 +33,8 @@ protected:
     // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
     QLabel* add_value(const QString& caption, const char* name, int row, int column);
     static void show_money(QLabel* label, double dollars);  // "$###,###,##0.00"
-    // Fills the rate list; picking an entry runs get_value. The schedule screens put a blank before a
-    // positive rate, where a negative one has its sign.
-    enum class RateText { plain, with_blank };
-    void add_rate(RateText text);
+    // Fills the rate list; picking an entry runs get_value.
+    void add_rate();
     // Chosen rate, percent per year.
     double chosen_rate() const;
     // The area below the values that the cover hides.

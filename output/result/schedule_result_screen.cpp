@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "core/numbers.h"
+#include "engine/heading.h"
 #include "widgets/grid.h"
 #include "widgets/hourglass.h"
 #include "widgets/record_table_model.h"
@@ -58,74 +59,60 @@ void ScheduleScreen::load() {
     grddist->setModel(rows_);
     grddist->set_search_column(rows_->columnCount() - 1);  // the year
     lblnumber->setNum(scenario.number_of_payments);
-    lblfee->setText(to_qt(format_number(scenario.fee_amount, pattern::fee)));
-    add_rate(RateText::with_blank);
+    lblfee->setText(to_qt(fee_text(scenario.fee_amount)));
+    add_rate();
 }
 
 void ScheduleScreen::get_value() {
-    selected_rate = chosen_rate();
-    if (rate_ceiling_ <= selected_rate) {
+    const double rate = chosen_rate();
+    if (rate_ceiling_ <= rate) {
         get_cover(beyond_life);
         module.report(limit_text_);
         return;
     }
-    const PaymentTerms terms = payment_terms();
-    const PaymentSchedule schedule = compute(terms);
-    if (schedule.limit_exceeded) {
-        show_limit(schedule);
-    } else if (schedule.rows.empty()) {
-        get_cover(terms.start_value <= 0.0 ? nothing_left : no_payments);
-    } else {
-        show_note();
+    switch (compute(rate)) {
+        case Outcome::complete:
+            show_note();
+            break;
+        case Outcome::limit_exceeded:
+            show_limit(rate);
+            break;
+        case Outcome::nothing_left:
+            get_cover(nothing_left);
+            break;
+        case Outcome::no_payments:
+            get_cover(no_payments);
+            break;
     }
 }
 
 // Computes and stores under the hourglass; messages come after it.
-PaymentSchedule ScheduleScreen::compute(const PaymentTerms& terms) {
+Outcome ScheduleScreen::compute(double rate) {
     const Hourglass hourglass;
-    PaymentSchedule schedule;
-    if (scenario.length_option == by_dollar_amount) {
-        schedule = calcu_fix(terms);
-    } else if (scenario.length_option == by_number_of_payments ||
-               scenario.length_option == by_life_expectancy) {
-        schedule = calcu_yr_value(terms);
+    const Projection projection = project(scenario, rate, today);
+    take_over(scenario, projection);
+    if (projection.outcome == Outcome::complete) {
+        show_result(projection);
     }
-    const bool complete = !schedule.limit_exceeded && !schedule.rows.empty();
-    if (complete) {
-        show_schedule(schedule);
-    }
-    store_result([this, schedule, row = complete ? heading() : Heading{}] {
-        store(module.database(), schedule, row);
+    store_result([this, schedule = projection.schedule, heading = heading_of(scenario, projection)] {
+        store(module.database(), schedule, heading);
     });
     rows_->show_rows(0, module.database().schedule().RecordCount());
     grddist->scrollToTop();
-    return schedule;
+    return projection.outcome;
 }
 
-PaymentSchedule ScheduleScreen::calcu_yr_value(const PaymentTerms& terms) {
-    return LevelPaymentSchedule(terms, scenario.number_of_payments);
-}
-
-PaymentSchedule ScheduleScreen::calcu_fix(const PaymentTerms& terms) {
-    PaymentSchedule schedule = FixedAmountSchedule(terms, scenario.fixed_amount,
-                                                   {scenario.lookup_age, scenario.life_expectancy_age});
-    scenario.number_of_payments = schedule.number_of_payments;
-    return schedule;
-}
-
-void ScheduleScreen::show_schedule(const PaymentSchedule& schedule) {
-    scenario.total_paid = schedule.total_paid + paid_before();
+void ScheduleScreen::show_result(const Projection& projection) {
     uncover();
     dis_mnu(0);
     show_values(true);
-    lblnumber->setNum(scenario.number_of_payments);
-    show_money(lbltotalvalue, scenario.total_paid);
+    lblnumber->setNum(projection.schedule.number_of_payments);
+    show_money(lbltotalvalue, projection.total_paid);
 }
 
-void ScheduleScreen::show_limit(const PaymentSchedule& schedule) {
-    rate_ceiling_ = selected_rate;
+void ScheduleScreen::show_limit(double rate) {
+    rate_ceiling_ = rate;
     get_cover(beyond_life);
-    scenario.number_of_payments = schedule.number_of_payments;
     module.check_payments_exceed_life();
     limit_text_ = scenario.message_text;
 }
@@ -163,17 +150,6 @@ void ScheduleScreen::show_chart() {
         return;
     }
     module.screens.show(chart_);
-}
-
-void ScheduleScreen::add_length_fields(Heading& heading) const {
-    heading.emplace_back("payments", std::int64_t{scenario.number_of_payments});
-    if (scenario.length_option == by_dollar_amount) {
-        heading.emplace_back("fixamount", scenario.fixed_amount);
-    }
-    heading.emplace_back("paylength", std::int64_t{scenario.length_option});
-    heading.emplace_back("totalvalue", to_utf8(lbltotalvalue->text()));
-    heading.emplace_back("rate", to_utf8(cmbrate->currentText()));
-    heading.emplace_back("fee", to_utf8(lblfee->text()));
 }
 
 }  // namespace kelvar

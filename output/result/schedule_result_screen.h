@@ -2,8 +2,7 @@
 // cover over it, the chart button.
 #pragma once
 
-#include "engine/schedule.h"
-#include "engine/store.h"
+#include "engine/projection.h"
 #include "output/result/result_screen.h"
 
 namespace kelvar {
@@ -20,32 +19,20 @@ protected:
     void load() override;
     void get_value() override;
 
-    // Terms of the periodic payments at the selected rate; stores the values that lead up to them in
-    // the scenario.
-    virtual PaymentTerms payment_terms() = 0;
-    // What was paid before the periodic payments; part of the total.
-    virtual double paid_before() const { return 0.0; }
-    // Shows the values that payment_terms stored, or nothing while the result is covered.
+    // Shows the values before the payments as the scenario holds them, or nothing while the result is
+    // covered.
     virtual void show_values(bool visible) = 0;
-    // Fields of the heading row for printing; the labels already show the result.
-    virtual Heading heading() const = 0;
-
-    // The part of the heading that all schedules write alike, in its order.
-    void add_length_fields(Heading& heading) const;
 
     QLabel* lblnumber = nullptr;
     QLabel* lbltotalvalue = nullptr;
     QLabel* lblfee = nullptr;
-    double selected_rate = 0.0;  // percent per year
 
 private:
     void build_chart_buttons();
 
-    PaymentSchedule calcu_yr_value(const PaymentTerms& terms);
-    PaymentSchedule calcu_fix(const PaymentTerms& terms);
-    PaymentSchedule compute(const PaymentTerms& terms);
-    void show_schedule(const PaymentSchedule& schedule);
-    void show_limit(const PaymentSchedule& schedule);
+    Outcome compute(double rate);
+    void show_result(const Projection& projection);
+    void show_limit(double rate);
     void get_cover(const QString& reason) override;
     void dis_mnu(int what);
     void show_chart();

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "engine/accrual.h"
 #include "engine/axis.h"
 #include "engine/duration.h"
 #include "engine/schedule.h"
@@ -26,9 +27,10 @@ TEST(LumpSum, StartValueChargesFiftyAYear) {
 // nothing grows.
 TEST(PartialLumpSum, ValueAtTheSecondDate) {
     const int days = days_between(2020y / 1 / 15, 2020y / 3 / 15);
-    EXPECT_EQ(grown_less_fee(250000.0 - 100000.0, 5.0, days, 80.0), 151224.72);  // decimal arithmetic
-    EXPECT_EQ(grown_less_fee(1000.0, 0.0, days, 80.0), 986.85);                  // decimal arithmetic
-    EXPECT_EQ(grown_less_fee(256270.90 - 40000.0, 5.0, 0, 80.0), 216270.90);     // same day
+    EXPECT_EQ(Accrual(5.0, 80.0).grown_less_fee(250000.0 - 100000.0, days),
+              151224.72);                                                // decimal arithmetic
+    EXPECT_EQ(Accrual(0.0, 80.0).grown_less_fee(1000.0, days), 986.85);  // decimal arithmetic
+    EXPECT_EQ(Accrual(5.0, 80.0).grown_less_fee(256270.90 - 40000.0, 0), 216270.90);  // same day
 }
 
 TEST(Axis, RoundsUpToTheNextTwoDigits) {

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "core/numbers.h"
+#include "engine/accrual.h"
 
 namespace kelvar::test {
 namespace {
@@ -119,7 +120,8 @@ TEST(Growth, PaysTheFeeOnlyOutOfGrowth) {
         {"no fee, no rate (by hand)", 100.0, 0.0, 30, 0.0, 100.0},
         {"no time (by hand)", 100.0, 6.0, 0, 80.0, 100.0}};
     for (const Case& c : cases) {
-        EXPECT_NEAR(balance_before_next_payment(c.balance, c.rate, c.days, c.fee), c.expected, same)
+        EXPECT_NEAR(Accrual(c.rate, c.fee).before_next_payment(c.balance, c.days).dollars, c.expected,
+                    same)
             << c.name;
     }
 }

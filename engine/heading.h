@@ -1,0 +1,22 @@
+// The heading row of the work tables, and the texts that it shares with the labels of the results.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "engine/projection.h"
+#include "engine/store.h"
+
+namespace kelvar {
+
+std::string money_text(double dollars);  // "$578,796.05"
+std::string fee_text(std::int16_t fee);  // "$80"
+// A rate (percent per year) as the rate list shows it: "5%" for a lump sum; before payments a blank
+// stands where a negative rate has its sign, " 5%".
+std::string rate_text(double rate, std::int16_t method);
+
+// What is written to the heading row: the fields of the scenario's method in their order. Empty unless
+// the projection is complete, so that the row keeps the last result.
+Heading heading_of(const Scenario& scenario, const Projection& projection);
+
+}  // namespace kelvar

@@ -1,0 +1,203 @@
+// Whole scenarios in, work tables out. Expected figures were computed apart from this program with
+// 60-digit decimals, straight from the written rules.
+#include "engine/projection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "core/numbers.h"
+#include "engine/heading.h"
+#include "tests/support/sql.h"
+#include "tests/support/temporary_program_folder.h"
+
+namespace kelvar::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Rows = std::vector<std::string>;
+
+// 250,000.00 of somebody of 70, from July 2020, monthly over 29.1 years; today is 15 January 2020.
+Scenario monthly_over_life(std::int16_t method) {
+    Scenario scenario;
+    scenario.method = method;
+    scenario.present_value = 250000.0;
+    scenario.first_pay_month = 7;
+    scenario.first_pay_year = 2020;
+    scenario.scenario_month = 10;
+    scenario.scenario_year = 2020;
+    scenario.partial_amount = method == partial_lump_sum ? 40000.0 : 0.0;
+    scenario.frequency = 12;
+    scenario.length_option = by_life_expectancy;
+    scenario.number_of_payments = 349;
+    scenario.fee_amount = 80;
+    scenario.lookup_age = 70;
+    scenario.life_expectancy_age = 99.1;
+    return scenario;
+}
+
+Scenario dollars_a_month(double amount) {
+    Scenario scenario = monthly_over_life(periodic_payments);
+    scenario.length_option = by_dollar_amount;
+    scenario.fixed_amount = amount;
+    return scenario;
+}
+
+Scenario not_worth_the_fee() {
+    Scenario scenario = monthly_over_life(periodic_payments);
+    scenario.present_value = 100.0;
+    scenario.first_pay_year = 2025;
+    return scenario;
+}
+
+Scenario without_length() {
+    Scenario scenario = monthly_over_life(periodic_payments);
+    scenario.length_option = no_length;
+    return scenario;
+}
+
+TEST(Projection, FillsTheWorkTables) {
+    struct Case {
+        const char* name;
+        Scenario scenario;
+        double rate;
+        Outcome outcome;
+        std::vector<std::pair<std::size_t, std::string>> rows;  // the last one among them
+        std::string heading;  // empty: the row of the last result stays
+    };
+    const std::string fields = "curvalue, startvalue, frstdate, payments, totalvalue, rate, fee";
+    const Case cases[] = {
+        {"periodic",
+         monthly_over_life(periodic_payments),
+         5.0,
+         Outcome::complete,
+         {{1, "1 348 256270.9 734.3 255536.6 July 2020"},
+          {7, "7 342 258300.14 753.06 257547.08 January 2021"},
+          {349, "349 0 3618.47 3618.47 0.0 July 2049"}},
+         "Periodic Payments - Monthly  250000.0 256270.9 July, 2020 349 $578,796.05  5% $80 3"},
+        {"partial lump sum",
+         monthly_over_life(partial_lump_sum),
+         5.0,
+         Outcome::complete,
+         {{1, "1 348 218993.4 627.49 218365.91 October 2020"},
+          {349, "349 0 3263.19 3263.19 0.0 October 2049"}},
+         "Partial Lump Sum Payments Lump Sum  + Remaining Paid Monthly 250000.0 256270.9 July, 2020 "
+         "349 "
+         "$534,050.38  5% $80 3 October, 2020 218993.4 40000.0"},
+        {"lump sum",
+         monthly_over_life(lump_sum),
+         5.0,
+         Outcome::complete,
+         {},
+         "  250000.0 256285.85 July, 2020 349 $256,285.85 5% $80"},
+        {"dollar amount beyond life",
+         dollars_a_month(1400.0),
+         7.0,
+         Outcome::limit_exceeded,
+         {{350, "350 0 373248.54 1400.0 371848.54 August 2049"}},
+         ""},
+        {"nothing left", not_worth_the_fee(), 5.0, Outcome::nothing_left, {}, ""},
+        {"no length chosen", without_length(), 5.0, Outcome::no_payments, {}, ""}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const TemporaryProgramFolder folder;
+        Database database(folder.database());
+        const Projection projection = project(c.scenario, c.rate, 2020y / 1 / 15);
+        EXPECT_EQ(projection.outcome, c.outcome);
+        store(database, projection.schedule, heading_of(c.scenario, projection));
+        const Rows rows = sql_rows(folder.database(), "SELECT * FROM schedule ORDER BY rowid");
+        ASSERT_EQ(rows.size(), c.rows.empty() ? 0 : c.rows.back().first);
+        for (const auto& [number, row] : c.rows) {
+            EXPECT_EQ(rows[number - 1], row);
+        }
+        std::string heading;
+        for (const std::string& row : sql_rows(
+                 folder.database(), "SELECT dtitle, dsubtitle, " + fields +
+                                        ", paylength, scnddate, scndvalue, partial FROM distrib")) {
+            heading += row;
+        }
+        heading.erase(heading.find_last_not_of(' ') + 1);
+        EXPECT_EQ(heading, c.heading);
+    }
+}
+
+TEST(Projection, IsTakenOverByItsScenario) {
+    Scenario scenario = dollars_a_month(1400.0);
+    take_over(scenario, project(scenario, 5.0, 2020y / 1 / 15));
+    const double total = scenario.total_paid;
+    EXPECT_EQ(scenario.number_of_payments * 1400.0, std::ceil(total / 1400.0) * 1400.0);
+    take_over(scenario, project(scenario, 7.0, 2020y / 1 / 15));
+    EXPECT_EQ(scenario.start_value, 258839.35);
+    EXPECT_EQ(scenario.number_of_payments, 350) << "also beyond the limit";
+    EXPECT_EQ(scenario.total_paid, total) << "of the last complete result";
+
+    scenario = monthly_over_life(partial_lump_sum);
+    take_over(scenario, project(scenario, 5.0, 2020y / 1 / 15));
+    EXPECT_EQ(scenario.second_value, 218993.40);
+    EXPECT_NEAR(scenario.total_paid, 534050.38, 1e-6);
+    scenario = monthly_over_life(lump_sum);
+    take_over(scenario, project(scenario, 8.0, 2020y / 1 / 15));
+    EXPECT_EQ(scenario.lump_start_value, 260148.11);
+}
+
+class RandomScenarios {
+public:
+    Scenario next() {
+        static constexpr std::int16_t frequencies[] = {1, 2, 4, 12};
+        Scenario s = monthly_over_life(between(lump_sum, partial_lump_sum));
+        s.frequency = frequencies[between(0, 3)];
+        s.length_option = between(by_number_of_payments, by_life_expectancy);
+        s.present_value = between(0, 1) == 0 ? between(1, 30'000) / 100.0 : between(1, 32'000) * 31.37;
+        s.first_pay_month = between(1, 12);
+        s.first_pay_year = between(0, 2) == 0 ? 2020 : between(2021, 2030);
+        s.scenario_month = between(1, 12);
+        s.scenario_year = static_cast<std::int16_t>(s.first_pay_year + 1);
+        s.partial_amount = round_to_cents(s.present_value * between(0, 90) / 100.0);
+        s.number_of_payments = between(0, 9) == 0 ? std::int16_t{0} : between(1, 40 * s.frequency);
+        s.fixed_amount = round_to_cents(s.present_value / between(1, 200));
+        s.fee_amount = between(0, 3) == 0 ? std::int16_t{0} : between(1, 200);
+        return s;
+    }
+    double rate() { return between(-8, 40) / 4.0; }
+    std::int16_t between(int low, int high) {
+        return static_cast<std::int16_t>(std::uniform_int_distribution(low, high)(random_));
+    }
+
+private:
+    std::mt19937 random_{20200115};
+};
+
+long long cents(double dollars) {
+    const double count = std::round(dollars * 100.0);
+    EXPECT_NEAR(dollars * 100.0, count, 1e-5 + std::abs(dollars) * 1e-12) << "whole cents";
+    return static_cast<long long>(count);
+}
+
+TEST(Ledger, AddsUpToTheCent) {
+    RandomScenarios random;
+    int met[4] = {};
+    for (int run = 0; run < 2000 && !HasFailure(); ++run) {
+        SCOPED_TRACE(run);
+        const Scenario scenario = random.next();
+        const Projection p = project(scenario, random.rate(), 2020y / 1 / 31);
+        ++met[static_cast<int>(p.outcome)];
+        const Ledger& l = p.ledger;
+        EXPECT_EQ(cents(l.opening) + cents(l.earnings) - cents(l.fees) - cents(l.payments) +
+                      cents(l.rounding),
+                  cents(l.closing));
+        EXPECT_EQ(cents(l.opening), cents(scenario.present_value));
+        const bool complete = p.outcome == Outcome::complete;
+        EXPECT_TRUE(!complete || (l.closing == 0.0 && l.payments == round_to_cents(p.total_paid)));
+        const long long payments = static_cast<long long>(p.schedule.rows.size()) +
+                                   (scenario.method == periodic_payments ? 0 : 1);
+        EXPECT_LE(std::abs(cents(l.rounding)), complete ? payments : payments + 1);
+        EXPECT_LE(l.periods_without_fee, payments);
+        EXPECT_TRUE(scenario.fee_amount > 0 || scenario.method == lump_sum || l.fees == 0.0);
+    }
+    EXPECT_GT(*std::min_element(std::begin(met), std::end(met)), 30) << "all four outcomes are met";
+}
+
+}  // namespace
+}  // namespace kelvar::test
