@@ -76,7 +76,8 @@ public:
 
 std::vector<std::string> split(const std::string& line) {
     std::vector<std::string> fields;
-    std::istringstream rest(line + ',');
+    const bool carriage_return = line.ends_with('\r');  // as spreadsheets end a line
+    std::istringstream rest(line.substr(0, line.size() - (carriage_return ? 1 : 0)) + ',');
     for (std::string field; std::getline(rest, field, ',');) {
         fields.push_back(field);
     }

@@ -52,7 +52,7 @@ void expect_fields(const std::string& line, const std::string& expected) {
 const std::string header =
     "scenario,today,rate,method,present_value,first_pay_month,first_pay_year,scenario_month,"
     "scenario_year,frequency,length_option,number_of_payments,fixed_amount,partial_amount,lookup_age,"
-    "life_expectancy_age\n";
+    "life_expectancy_age\r\n";
 
 TEST(ProjectScenarios, GivesTheFiguresWorkedOutApart) {
     const Output output = run(header +
