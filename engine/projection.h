@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/scenario.h"
+#include "engine/first_payment.h"
 #include "engine/ledger.h"
 #include "engine/schedule.h"
 

@@ -40,18 +40,6 @@ struct PaymentTerms {
     double fee = 0.0;
 };
 
-struct FirstPayment {
-    Date date{no_date};
-    bool starts_this_month = false;
-};
-
-// Today when the month is the present one, else today's day in that month, clamped to its last day.
-FirstPayment first_payment(Date today, int month, int year);
-
-// Value at the first payment: untouched, but for rounding to cents, when payments start this month.
-double value_at_first_payment(double present_value, double rate, double fee, Date today,
-                              const FirstPayment& first);
-
 // Equal payments over a given number of payments. At the first payment of each calendar year the
 // amount is recalculated from the balance and the payments left; the last payment empties the
 // account. A balance that reaches 0 earlier stays 0. No rows for a start value or number of payments

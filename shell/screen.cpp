@@ -178,11 +178,7 @@ void Screen::report_once(std::string_view text, QWidget* field) {
 }
 
 void Screen::refuse(std::string_view text, std::string_view field_name) {
-    if (text.empty()) {
-        focus_field(field_name);
-    } else {
-        report_once(text, findChild<QWidget*>(to_qt(field_name)));
-    }
+    report_once(text, findChild<QWidget*>(to_qt(field_name)));
 }
 
 void Screen::focus_field(std::string_view name) {

@@ -70,7 +70,7 @@ protected:
     // A user action may produce one message only: reports unless one was shown since the user last
     // pressed a key or a mouse button. Afterwards the focus is on the field, its text selected.
     void report_once(std::string_view text, QWidget* field);
-    // The same for a field of this screen by its name; without a text only the focus moves.
+    // The same for a field of this screen by its name.
     void refuse(std::string_view text, std::string_view field_name);
     bool error_shown() const { return error_shown_; }
     // A new action begins, so it may report again.

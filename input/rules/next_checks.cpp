@@ -1,6 +1,6 @@
 #include "input/rules/next_checks.h"
 
-#include "core/numbers.h"
+#include "input/rules/account_value.h"
 #include "input/rules/ages.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/commencement.h"
@@ -12,7 +12,6 @@
 #include "input/rules/minimum_distribution.h"
 #include "input/rules/number_and_amount.h"
 #include "input/rules/partial_amount.h"
-#include "input/rules/typed_numbers.h"
 
 namespace kelvar {
 
@@ -20,8 +19,8 @@ Check chk_fields(const ParticipantEntry& entry, Date today) {
     if (const Check check = check_month_to_come(entry.month, entry.year, today)) {
         return check;
     }
-    if (round_to_cents(get_num(entry.value_text).value_or(0.0)) == 0.0) {
-        return Refusal{"Invalid present value of the account.", "txtcurvalue"};
+    if (const Check check = check_account_value(entry.value_text)) {
+        return check;
     }
     return check_birth_typed(entry.birth_text);
 }

@@ -7,8 +7,9 @@
 
 #include "core/numbers.h"
 #include "engine/axis.h"
-#include "engine/yearly_totals.h"
+#include "engine/yearly_chart.h"
 #include "output/report/page_painter.h"
+#include "output/report/pdf_file.h"
 #include "widgets/bar_chart.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"

@@ -1,9 +1,11 @@
 #include "output/report/pdf_file.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QFileInfo>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <algorithm>
 #include <filesystem>
@@ -18,6 +20,8 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 namespace {
+
+constexpr qsizetype longest_title = 150;  // bytes; a file name takes 255
 
 std::vector<std::filesystem::path> own_files(const Module1& module) {
     std::vector<std::filesystem::path> files{QCoreApplication::applicationFilePath().toStdString(),
@@ -44,6 +48,17 @@ bool belongs_to_program(const Module1& module, const QString& name) {
 }
 
 }  // namespace
+
+QString pdf_name(const QString& title, const QString& rate, Date day) {
+    static const QRegularExpression never(uR"([/\\:*?"<>|]|\p{C})"_s);
+    static const QRegularExpression hidden(u"^[. ]+"_s);
+    QString name = title.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
+    while (name.toUtf8().size() > longest_title) {
+        name.chop(1);
+    }
+    const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
+    return (name.isEmpty() ? u"Report"_s : name) + u' ' + rate.trimmed() + u' ' + date;
+}
 
 void write_pdf(const Module1& module, const QString& name, const PrintJob& job) {
     const Hourglass hourglass;

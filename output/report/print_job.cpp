@@ -1,6 +1,5 @@
 #include "output/report/print_job.h"
 
-#include <QDate>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,7 +7,6 @@
 #include <QGuiApplication>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include "output/report/page_painter.h"
@@ -21,8 +19,6 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 namespace {
-
-constexpr qsizetype longest_title = 150;  // bytes; a file name takes 255
 
 const QString save_as_pdf = u"Save as PDF"_s;
 const QString no_printer = u"No printer is set up - save as PDF"_s;
@@ -76,17 +72,6 @@ QString ask_for_pdf_file(QWidget* main_window, const QString& title, const QStri
 }
 
 }  // namespace
-
-QString pdf_name(const QString& title, const QString& rate, Date day) {
-    static const QRegularExpression never(uR"([/\\:*?"<>|]|\p{C})"_s);
-    static const QRegularExpression hidden(u"^[. ]+"_s);
-    QString name = title.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
-    while (name.toUtf8().size() > longest_title) {
-        name.chop(1);
-    }
-    const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
-    return (name.isEmpty() ? u"Report"_s : name) + u' ' + rate.trimmed() + u' ' + date;
-}
 
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare) {

@@ -23,10 +23,6 @@ struct PrintJob {
     std::function<void(QPagedPaintDevice&)> draw;
 };
 
-// What a PDF file is called, such as "Periodic Payments 5% 2020-01-15". What no file name can hold is
-// left out of the title.
-QString pdf_name(const QString& title, const QString& rate, Date day);
-
 // Prints at once on the default printer; where there is none, or when a file is asked for, into a PDF
 // file that the user names over `window`. Whatever goes wrong, also in preparing the job, is one
 // message and leaves everything as it was: an existing file is only replaced by a complete one. A

@@ -8,6 +8,7 @@
 
 #include "engine/heading.h"
 #include "output/report/page_painter.h"
+#include "output/report/pdf_file.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
 #include "widgets/summary_panel.h"

@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "engine/heading.h"
+#include "engine/yearly_chart.h"
 #include "widgets/grid.h"
 #include "widgets/hourglass.h"
 #include "widgets/record_table_model.h"
@@ -138,18 +139,12 @@ void ScheduleScreen::dis_mnu(int what) {
 }
 
 void ScheduleScreen::show_chart() {
-    Recordset& schedule = module.database().schedule();
-    schedule.MoveFirst();
-    const double first = schedule.number("Year");
-    schedule.MoveLast();
-    const double last = schedule.number("Year");
-    if (last - first + 1 == 1) {
-        module.report(
-            "This chart is only available for distribution payments spread over two calendar years or "
-            "longer.");
-        return;
+    const std::string_view refused = refused_chart(module.database().schedule());
+    if (refused.empty()) {
+        module.screens.show(chart_);
+    } else {
+        module.report(refused);
     }
-    module.screens.show(chart_);
 }
 
 }  // namespace kelvar

@@ -1,6 +1,7 @@
 // Expected figures marked "decimal arithmetic" were computed apart from this program with 60-digit
 // decimals, straight from the written rules; the others can be followed with pencil and paper.
 #include "engine/schedule.h"
+#include "engine/first_payment.h"
 
 #include <gtest/gtest.h>
 

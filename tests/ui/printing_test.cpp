@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/report/print_job.h"
+#include "output/report/pdf_file.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/bar_chart.h"

@@ -1,4 +1,4 @@
-#include "engine/yearly_totals.h"
+#include "engine/yearly_chart.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,18 @@
-#include "engine/yearly_totals.h"
+#include "engine/yearly_chart.h"
 
 #include "core/numbers.h"
 
 namespace kelvar {
+
+std::string_view refused_chart(Recordset& schedule) {
+    schedule.MoveFirst();
+    const double first = schedule.number("Year");
+    schedule.MoveLast();
+    const double last = schedule.number("Year");
+    return last - first + 1 == 1 ? "This chart is only available for distribution payments spread over "
+                                   "two calendar years or longer."
+                                 : "";
+}
 
 double get_amount(const Recordset& schedule, int year) {
     const std::size_t year_column = schedule.column("Year");

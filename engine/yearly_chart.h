@@ -1,11 +1,16 @@
-// Payments by calendar year, for the charts.
+// The yearly chart of a schedule: when there can be one, and its payments by calendar year.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "core/records.h"
 
 namespace kelvar {
+
+// Why a stored schedule, of at least one row, has no yearly chart; empty when it has one. Moves to the
+// last row.
+std::string_view refused_chart(Recordset& schedule);
 
 // Sum of `payment` (dollars, rounded to cents) over all rows of `schedule` whose Year is `year`; 0 when
 // there is none. The current row stays.

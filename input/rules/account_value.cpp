@@ -1,0 +1,15 @@
+#include "input/rules/account_value.h"
+
+#include "core/numbers.h"
+#include "input/rules/typed_numbers.h"
+
+namespace kelvar {
+
+Check check_account_value(std::string_view text) {
+    if (round_to_cents(get_num(text).value_or(0.0)) != 0.0) {
+        return std::nullopt;
+    }
+    return Refusal{"Invalid present value of the account.", "txtcurvalue"};
+}
+
+}  // namespace kelvar

@@ -1,0 +1,13 @@
+// The value of the account, as it is typed.
+#pragma once
+
+#include <string_view>
+
+#include "input/rules/refusal.h"
+
+namespace kelvar {
+
+// Refuses what is no amount and what is 0 when rounded to cents. The sign does not count.
+Check check_account_value(std::string_view text);
+
+}  // namespace kelvar
