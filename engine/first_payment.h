@@ -13,7 +13,8 @@ struct FirstPayment {
 // Today when the month is the present one, else today's day in that month, clamped to its last day.
 FirstPayment first_payment(Date today, int month, int year);
 
-// Value at the first payment (dollars; `rate` in percent, `fee` in dollars per year): untouched, but for rounding to cents, when payments start this month.
+// Value at the first payment (dollars; `rate` in percent, `fee` in dollars per year): untouched, but
+// for rounding to cents, when payments start this month.
 double value_at_first_payment(double present_value, double rate, double fee, Date today,
                               const FirstPayment& first);
 

@@ -62,6 +62,13 @@ void FirstPaymentLists::offer() {
     show_age();
 }
 
+void FirstPaymentLists::follow_day() {
+    get_year();
+    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
+    show_age();
+    show_changed();
+}
+
 void FirstPaymentLists::follow_birth() {
     get_year();
     chk_year();

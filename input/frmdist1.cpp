@@ -81,9 +81,8 @@ void frmdist1::load() {
     first_payment_->offer();
 }
 
-// The day can have changed, and with it the years on offer and the age.
 void frmdist1::activate() {
-    first_payment_->offer();
+    first_payment_->follow_day();
 }
 
 bool frmdist1::chk_birth() {

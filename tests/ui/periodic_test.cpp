@@ -311,6 +311,7 @@ TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
 
 // Younger by mistake, so that later years were offered.
 TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
+    today = Date{std::chrono::year{2020} / 7 / 15};
     go_to_participant();
     enter("mskbirth", u"06151960"_s);
     enter("txtcurvalue", u"250000"_s);
@@ -322,6 +323,14 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     enter("mskbirth", u"06151960"_s);
     EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2025"_s);
     EXPECT_EQ(text_of("lblchanged"), QString());
+    // A month that has passed becomes the present one, and is that still when one comes back.
+    choose("Cmbfrstyear", u"2020"_s);
+    choose("Cmbfrstmonth", u"March"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->currentText(), u"July"_s);
+    click("Cmdnext");
+    click("cmdprev");
+    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->currentText(), u"July"_s);
+    EXPECT_EQ(text_of("lblage"), u"60"_s);
 }
 
 // The birthday in the payment month counts as reached for the look-up, but not for the kind of table.
