@@ -21,8 +21,8 @@ public:
     void start_with(int month) { wished_month_ = month; }
     // Offers what may be chosen today, and shows the age.
     void offer();
-    // The day can have changed, and with it the years on offer and the age. What the lists show stays, also a
-    // month that has passed since it was chosen: Next says so.
+    // The day can have changed, and with it the years on offer and the age. What the lists show stays,
+    // also a month that has passed since it was chosen: Next says so.
     void follow_day();
     // Lists and age follow a new date of birth.
     void follow_birth();

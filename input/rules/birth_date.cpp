@@ -1,7 +1,7 @@
 #include "input/rules/birth_date.h"
 
+#include "core/ages.h"
 #include "core/plan.h"
-#include "input/rules/ages.h"
 
 namespace kelvar {
 

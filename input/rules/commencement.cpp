@@ -2,8 +2,8 @@
 
 #include <tuple>
 
+#include "core/ages.h"
 #include "core/plan.h"
-#include "input/rules/ages.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/offered.h"

@@ -1,6 +1,6 @@
 #include "input/rules/lookup_ages.h"
 
-#include "input/rules/ages.h"
+#include "core/ages.h"
 
 namespace kelvar {
 

@@ -1,6 +1,6 @@
 #include "input/rules/minimum_distribution.h"
 
-#include "input/rules/ages.h"
+#include "core/ages.h"
 #include "input/rules/life_tables.h"
 
 namespace kelvar {

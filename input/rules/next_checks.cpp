@@ -1,7 +1,7 @@
 #include "input/rules/next_checks.h"
 
+#include "core/ages.h"
 #include "input/rules/account_value.h"
-#include "input/rules/ages.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/commencement.h"
 #include "input/rules/first_payment.h"

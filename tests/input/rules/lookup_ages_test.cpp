@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "input/rules/ages.h"
+#include "core/ages.h"
 
 namespace kelvar::test {
 namespace {

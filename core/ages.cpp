@@ -1,4 +1,4 @@
-#include "input/rules/ages.h"
+#include "core/ages.h"
 
 #include <cmath>
 
