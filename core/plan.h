@@ -46,4 +46,21 @@ constexpr std::string_view frequency_name(int payments_per_year) {
     }
 }
 
+// The time from payment to payment, to be read after "a": "year", "half-year", "quarter", "month"; ""
+// for any other number of payments a year.
+constexpr std::string_view period_name(int payments_per_year) {
+    switch (payments_per_year) {
+        case 1:
+            return "year";
+        case 2:
+            return "half-year";
+        case 4:
+            return "quarter";
+        case 12:
+            return "month";
+        default:
+            return "";
+    }
+}
+
 }  // namespace kelvar::plan

@@ -1,5 +1,7 @@
 #include "engine/heading.h"
 
+#include <fmt/format.h>
+
 #include "core/numbers.h"
 #include "core/plan.h"
 
@@ -45,6 +47,16 @@ std::string rate_text(double rate, std::int16_t method) {
     text += number_text(rate);
     text += '%';
     return text;
+}
+
+std::string count_text(int count, std::string_view thing) {
+    return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
+}
+
+std::string time_text(int months) {
+    const std::string years = months < 12 ? "" : count_text(months / 12, "year");
+    const std::string rest = months % 12 == 0 ? "" : count_text(months % 12, "month");
+    return years + (years.empty() || rest.empty() ? "" : " and ") + rest;
 }
 
 Heading heading_of(const Scenario& scenario, const Projection& projection) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "engine/projection.h"
 #include "engine/store.h"
@@ -14,6 +15,9 @@ std::string fee_text(std::int16_t fee);  // "$80"
 // A rate (percent per year) as the rate list shows it: "5%" for a lump sum; before payments a blank
 // stands where a negative rate has its sign, " 5%".
 std::string rate_text(double rate, std::int16_t method);
+
+std::string count_text(int count, std::string_view thing);  // "1 payment", "349 payments"
+std::string time_text(int months);                          // "15 years and 4 months"
 
 // What is written to the heading row: the fields of the scenario's method in their order. Empty unless
 // the projection is complete, so that the row keeps the last result.

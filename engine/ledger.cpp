@@ -1,32 +1,29 @@
 #include "engine/ledger.h"
 
+#include "engine/interval.h"
+
 namespace kelvar {
 
 LedgerEntries::LedgerEntries(double opening) {
     ledger_.opening = round_to_cents(opening);
 }
 
-void LedgerEntries::grow(double balance, const Accrual::Period& period) {
-    ledger_.earnings += round_to_cents(balance * period.growth_factor - balance);
-}
-
 void LedgerEntries::pass(double balance, const Accrual::Period& period) {
-    grow(balance, period);
-    ledger_.fees += period.fee;
+    ledger_.earnings_before += round_to_cents(balance * period.growth_factor - balance);
+    ledger_.fees_before += period.fee;
 }
 
 void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
     for (std::size_t i = 0; i < schedule.rows.size(); ++i) {
-        const PaymentRow& row = schedule.rows[i];
-        pay(row.payment);
-        if (i + 1 == schedule.rows.size() || row.remainbalance == 0.0) {
+        pay(schedule.rows[i].payment);
+        const auto interval = interval_after(schedule, i, accrual);
+        if (!interval) {
             continue;
         }
-        const int days = days_between(row.date, schedule.rows[i + 1].date);
-        if (accrual.covers_fee(row.remainbalance, days)) {
-            pass(row.remainbalance, accrual.over(days));
+        ledger_.earnings += interval->growth;
+        if (interval->fee_charged) {
+            ledger_.fees += interval->fee;
         } else {
-            grow(row.remainbalance, accrual.over(days));
             ++ledger_.periods_without_fee;
         }
     }
@@ -34,8 +31,9 @@ void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
 
 Ledger LedgerEntries::close(double closing) const {
     Ledger ledger = ledger_;
-    ledger.earnings = round_to_cents(ledger.earnings);
-    ledger.fees = round_to_cents(ledger.fees);
+    ledger.earnings = round_to_cents(ledger.earnings_before + ledger.earnings);
+    ledger.fees = round_to_cents(ledger.fees_before + ledger.fees);
+    ledger.earnings_before = round_to_cents(ledger.earnings_before);
     ledger.payments = round_to_cents(ledger.payments);
     ledger.closing = closing;
     ledger.rounding =

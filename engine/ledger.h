@@ -9,10 +9,12 @@ namespace kelvar {
 // In dollars and whole cents: opening + earnings - fees - payments + rounding = closing.
 struct Ledger {
     double opening = 0.0;
-    double earnings = 0.0;        // growth of each period, rounded one by one
-    double fees = 0.0;            // of the periods that paid theirs
-    int periods_without_fee = 0;  // whose growth did not cover it
-    double payments = 0.0;        // with the lump sum
+    double earnings = 0.0;         // growth of each period, rounded one by one
+    double fees = 0.0;             // of the periods that paid theirs
+    int periods_without_fee = 0;   // whose growth did not cover it
+    double earnings_before = 0.0;  // of the earnings, those up to the first periodic payment
+    double fees_before = 0.0;      // of the fees likewise, not rounded
+    double payments = 0.0;         // with the lump sum
     // What cents leave over, never more than one a payment; more only where a rate far below 0 lets
     // level payments exceed what is left of the account.
     double rounding = 0.0;
@@ -33,8 +35,6 @@ public:
     Ledger close(double closing) const;
 
 private:
-    void grow(double balance, const Accrual::Period& period);
-
     Ledger ledger_;
 };
 

@@ -9,7 +9,11 @@
 #include <random>
 
 #include "core/numbers.h"
+#include "engine/comparison.h"
+#include "engine/explanation.h"
 #include "engine/heading.h"
+#include "engine/headline.h"
+#include "engine/years.h"
 #include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
 
@@ -175,7 +179,69 @@ long long cents(double dollars) {
     return static_cast<long long>(count);
 }
 
-TEST(Ledger, AddsUpToTheCent) {
+// "$100.00 + $5.00 growth in 30 days - $1.00 fee = $104.00." in cents: what stands left and right of
+// the equals sign.
+struct Sum {
+    long long left = 0;
+    long long right = 0;
+};
+Sum read_sum(const std::string& text) {
+    Sum sum;
+    long long* side = &sum.left;
+    for (std::size_t at = 0; at < text.size() && text[at] != '.'; ++at) {
+        if (text[at] == '=') {
+            side = &sum.right;
+        } else if (text[at] == '$') {
+            const std::size_t end = text.find('.', at) + 3;
+            const bool minus = at >= 2 && (text[at - 1] == '-' || text[at - 2] == '-');
+            *side += (minus ? -1 : 1) * cents(read_number(text.substr(at, end - at)));
+            at = end - 1;
+        }
+    }
+    return sum;
+}
+
+void expect_explained(const Scenario& scenario, const Projection& p, std::size_t index) {
+    const PaymentRow& row = p.schedule.rows[index];
+    const std::string text = explanation(scenario, p, index);
+    SCOPED_TRACE(text);
+    EXPECT_NE(text.find(money_text(row.payment)), std::string::npos) << "says the amount";
+    if (const std::size_t division = text.find(" / "); division != std::string::npos) {
+        const double left = read_number(text.substr(division + 3));
+        EXPECT_EQ(left, row.remaining + 1);
+        EXPECT_EQ(row.payment, round_to_cents(row.startbalance / left));
+    }
+    const std::size_t then = text.find(" Then ");
+    const bool goes_on = index + 1 < p.schedule.rows.size() && row.remainbalance > 0.0;
+    ASSERT_EQ(then != std::string::npos, goes_on);
+    if (goes_on) {
+        const Sum sum = read_sum(text.substr(then + 6));
+        EXPECT_EQ(sum.left, sum.right);
+        EXPECT_EQ(sum.right, cents(round_to_cents(p.schedule.rows[index + 1].startbalance)));
+        EXPECT_EQ(text.find("not charged") == std::string::npos,
+                  text.find(" fee =") != std::string::npos);
+    }
+}
+
+// Each year begins with what the one before left, and all of them make the ledger.
+void expect_years(const Scenario& scenario, const Projection& p) {
+    long long fees = cents(round_to_cents(p.ledger.fees_before));
+    double begins = p.schedule.rows.empty() ? 0.0 : round_to_cents(p.schedule.rows[0].startbalance);
+    std::size_t payments = 0;
+    for (const YearRow& y : years_of(p, scenario.birth_date, scenario.fee_amount)) {
+        EXPECT_EQ(y.beginning, begins) << y.year;
+        EXPECT_EQ(cents(y.beginning) + cents(y.earnings) - cents(y.fees) - cents(y.paid),
+                  cents(y.ending));
+        EXPECT_EQ(year_of(p.schedule.rows[payments].date), y.year);
+        fees += cents(y.fees);
+        payments += static_cast<std::size_t>(y.payments);
+        begins = y.ending;
+    }
+    EXPECT_EQ(payments, p.schedule.rows.size());
+    EXPECT_TRUE(payments == 0 || fees == cents(p.ledger.fees)) << fees << ' ' << p.ledger.fees;
+}
+
+TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
     RandomScenarios random;
     int met[4] = {};
     for (int run = 0; run < 2000 && !HasFailure(); ++run) {
@@ -195,8 +261,95 @@ TEST(Ledger, AddsUpToTheCent) {
         EXPECT_LE(std::abs(cents(l.rounding)), complete ? payments : payments + 1);
         EXPECT_LE(l.periods_without_fee, payments);
         EXPECT_TRUE(scenario.fee_amount > 0 || scenario.method == lump_sum || l.fees == 0.0);
+        const Sum sum = read_sum(ledger_text(scenario, l));
+        EXPECT_EQ(sum.left, sum.right);
+        for (std::size_t index = 0; index < p.schedule.rows.size(); ++index) {
+            expect_explained(scenario, p, index);
+        }
+        expect_years(scenario, p);
     }
     EXPECT_GT(*std::min_element(std::begin(met), std::end(met)), 30) << "all four outcomes are met";
+}
+
+Scenario with(Scenario scenario, std::int16_t frequency, std::int16_t length_option, int number) {
+    scenario.birth_date = 1950y / 6 / 15;
+    scenario.frequency = frequency;
+    scenario.length_option = length_option;
+    scenario.number_of_payments = static_cast<std::int16_t>(number);
+    scenario.fixed_amount = 22000.0 / frequency;
+    return scenario;
+}
+
+TEST(Headline, SaysTheResultInOneSentence) {
+    const Scenario periodic = monthly_over_life(periodic_payments);
+    const Scenario partial = monthly_over_life(partial_lump_sum);
+    Scenario joint = with(partial, 12, by_life_expectancy, 349);
+    joint.joint_life = true;
+    const std::pair<Scenario, std::string> cases[] = {
+        {with(periodic, 12, by_number_of_payments, 349),
+         "$734.30 a month from July, 2020, $753.06 from January, 2021, worked out anew each January; "
+         "last "
+         "payment July, 2049, age 99."},
+        {with(periodic, 1, by_life_expectancy, 29),
+         "Over your single life expectancy: $8,836.93 a year from July, 2020, $9,287.12 from July, "
+         "2021, "
+         "worked out anew each July; last payment July, 2048, age 98."},
+        {with(periodic, 2, by_number_of_payments, 3),
+         "$85,423.63 a half-year from July, 2020, $87,583.83 from January, 2021; last payment July, "
+         "2021, "
+         "age 71."},
+        {with(periodic, 4, by_number_of_payments, 2),
+         "$128,135.45 a quarter from July, 2020; last payment October, 2020, age 70."},
+        {with(periodic, 12, by_number_of_payments, 1), "$256,270.90 once in July, 2020, age 70."},
+        {with(periodic, 12, by_dollar_amount, 0),
+         "$1,833.33 a month from July, 2020, for 17 years and 4 months (208 payments); last payment of "
+         "$1,461.09 in October, 2037, age 87."},
+        {joint,
+         "$40,000.00 in July, 2020, then over your joint life expectancy: $627.49 a month from "
+         "October, "
+         "2020, $635.41 from January, 2021, worked out anew each January; last payment October, 2049, "
+         "age 99."},
+        {with(monthly_over_life(lump_sum), 0, no_length, 0),
+         "$256,285.85 at once in July, 2020, age 70."},
+        {without_length(), ""}};
+    for (const auto& [scenario, sentence] : cases) {
+        EXPECT_EQ(headline(scenario, project(scenario, 5.0, 2020y / 1 / 15)), sentence);
+    }
+}
+
+TEST(Comparison, ShowsEachRateAsItsProjectionDoes) {
+    Scenario scenario = with(monthly_over_life(periodic_payments), 12, by_dollar_amount, 0);
+    scenario.fixed_amount = 1400.0;
+    scenario.selected_rates = {4.0, 5.0, 7.0};
+    const Date today = 2020y / 1 / 15;
+    Comparison comparison = compare(scenario, today);
+    ASSERT_EQ(comparison.rates.size(), 3U);
+    EXPECT_EQ(comparison.rates[2].outcome, Outcome::limit_exceeded);
+    EXPECT_EQ(comparison.first_year, 2020);
+    for (const ComparedRate& rate : comparison.rates) {
+        const Projection p = project(scenario, rate.rate, today);
+        EXPECT_EQ(rate.outcome, p.outcome);
+        if (p.outcome == Outcome::complete) {
+            EXPECT_EQ(rate.total, p.total_paid);
+            EXPECT_EQ(rate.payments, p.schedule.number_of_payments);
+            EXPECT_EQ(rate.fees, p.ledger.fees);
+            EXPECT_EQ(rate.full_year_amount, 1400.0);
+            EXPECT_EQ(rate.balances.back(), 0.0);
+        }
+    }
+    const ComparedRate& low = comparison.rates[0];
+    const ComparedRate& high = comparison.rates[1];
+    EXPECT_EQ(spread_text(scenario, comparison),
+              "Nobody knows what the account will earn: at 5% instead of 4%, " +
+                  money_text(high.total - low.total) + " more is paid in all, and payments last " +
+                  time_text(high.payments - low.payments) + " longer.");
+    comparison.rates.resize(1);
+    EXPECT_EQ(spread_text(scenario, comparison), "");
+
+    scenario.method = lump_sum;
+    const std::vector<LumpSumValue> values = lump_sum_values(scenario, today);
+    EXPECT_EQ(values[1].value, 256285.85);
+    EXPECT_EQ(values[1].difference, 6285.85);
 }
 
 }  // namespace

@@ -1,0 +1,48 @@
+// The chosen rates side by side.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/projection.h"
+
+namespace kelvar {
+
+// A lump sum at one rate, in dollars.
+struct LumpSumValue {
+    double rate = 0.0;        // percent per year
+    double value = 0.0;       // at the payment
+    double difference = 0.0;  // against today's balance
+};
+
+std::vector<LumpSumValue> lump_sum_values(const Scenario& scenario, Date today);
+
+// The payments at one rate. Without an outcome of complete only the rate says something.
+struct ComparedRate {
+    double rate = 0.0;  // percent per year
+    Outcome outcome = Outcome::no_payments;
+    double first_value = 0.0;  // of the account at the first periodic payment, dollars
+    double first_amount = 0.0;
+    double full_year_amount = 0.0;  // of one payment in the last year that has all of its payments; 0 if none
+    int payments = 0;
+    Date last_payment{no_date};
+    std::int16_t last_age = 0;  // in the month of the last payment
+    double earnings = 0.0;
+    double fees = 0.0;
+    double total = 0.0;                // with a lump sum
+    std::vector<double> balances{};  // after the last payment of each year, from the first on
+};
+
+struct Comparison {
+    int first_year = 0;  // of the periodic payments; 0 when there are none at any rate
+    std::vector<ComparedRate> rates;  // in the order chosen
+};
+
+// Projects the scenario at each of its chosen rates.
+Comparison compare(const Scenario& scenario, Date today);
+
+// What the spread of the rates means, in one sentence. Empty with less than two complete rates.
+std::string spread_text(const Scenario& scenario, const Comparison& comparison);
+
+}  // namespace kelvar

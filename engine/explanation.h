@@ -1,0 +1,26 @@
+// Says in words why a payment has its amount, and where the money of a projection came from and went.
+// All figures are dollars; what the texts add up is right to the cent.
+#pragma once
+
+#include <string>
+
+#include "engine/projection.h"
+
+namespace kelvar {
+
+// True for the first payment of a calendar year after the first one.
+bool begins_year(const PaymentSchedule& schedule, std::size_t index);
+// True when the payment has another amount than the one before it.
+bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
+
+// One payment: the division that gave its amount, or why it stays, then what makes the rest the
+// balance before the next payment. "Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06.
+// Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23." The growth counts what
+// rounding leaves over.
+std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index);
+
+// The ledger as one sum, then how often no fee was charged, and what lies before the first year of the
+// payments.
+std::string ledger_text(const Scenario& scenario, const Ledger& ledger);
+
+}  // namespace kelvar

@@ -1,0 +1,84 @@
+#include "engine/headline.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "core/ages.h"
+#include "core/plan.h"
+#include "engine/heading.h"
+
+namespace kelvar {
+
+namespace {
+
+std::string age_text(const Scenario& scenario, Date date) {
+    return fmt::format("age {}", age_in_month(scenario.birth_date, month_of(date), year_of(date)));
+}
+
+// "$734.30 a month from July, 2020"
+std::string first_amount(const Scenario& scenario, const PaymentRow& first) {
+    return fmt::format("{} a {} from {}", money_text(first.payment),
+                       plan::period_name(scenario.frequency), month_year_text(first.date));
+}
+
+std::string fixed_amount_text(const Scenario& scenario, const PaymentSchedule& schedule) {
+    const PaymentRow& last = schedule.rows.back();
+    const int number = schedule.number_of_payments;
+    return fmt::format("{}, for {} ({}); last payment of {} in {}, {}.",
+                       first_amount(scenario, schedule.rows.front()),
+                       time_text(number * 12 / scenario.frequency), count_text(number, "payment"),
+                       money_text(last.payment), month_year_text(last.date),
+                       age_text(scenario, last.date));
+}
+
+std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule) {
+    const std::vector<PaymentRow>& rows = schedule.rows;
+    const PaymentRow& last = rows.back();
+    std::string text = first_amount(scenario, rows.front());
+    const auto second_year = std::ranges::find_if(
+        rows, [&](const PaymentRow& row) { return row.date.year() != rows.front().date.year(); });
+    if (second_year != rows.end() && second_year + 1 != rows.end()) {
+        text += fmt::format(", {} from {}", money_text(second_year->payment),
+                            month_year_text(second_year->date));
+        if (second_year->date.year() != last.date.year()) {
+            text += fmt::format(", worked out anew each {}", month_name(month_of(second_year->date)));
+        }
+    }
+    return text + fmt::format("; last payment {}, {}.", month_year_text(last.date),
+                              age_text(scenario, last.date));
+}
+
+std::string payments_text(const Scenario& scenario, const PaymentSchedule& schedule) {
+    const PaymentRow& first = schedule.rows.front();
+    if (schedule.rows.size() == 1) {
+        return fmt::format("{} once in {}, {}.", money_text(first.payment), month_year_text(first.date),
+                           age_text(scenario, first.date));
+    }
+    return scenario.length_option == by_dollar_amount ? fixed_amount_text(scenario, schedule)
+                                                      : level_text(scenario, schedule);
+}
+
+}  // namespace
+
+std::string headline(const Scenario& scenario, const Projection& projection) {
+    if (projection.outcome != Outcome::complete) {
+        return {};
+    }
+    const Date first = projection.dates.first.date;
+    if (scenario.method == lump_sum) {
+        return fmt::format("{} at once in {}, {}.", money_text(projection.lump_sum),
+                           month_year_text(first), age_text(scenario, first));
+    }
+    const bool partial = scenario.method == partial_lump_sum;
+    std::string text = partial ? fmt::format("{} in {}, then ", money_text(projection.lump_sum),
+                                             month_year_text(first))
+                               : "";
+    if (scenario.length_option == by_life_expectancy) {
+        text += fmt::format("{} your {} life expectancy: ", partial ? "over" : "Over",
+                            scenario.joint_life ? "joint" : "single");
+    }
+    return text + payments_text(scenario, projection.schedule);
+}
+
+}  // namespace kelvar
