@@ -41,8 +41,7 @@ ComparedRate compared(const Scenario& scenario, double rate, Date today) {
     }
     const PaymentSchedule& schedule = projection.schedule;
     const PaymentRow& last = schedule.rows.back();
-    const std::vector<YearRow> years =
-        years_of(projection, scenario.birth_date, scenario.fee_amount);
+    const std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
     column.first_value = schedule.rows.front().startbalance;
     column.first_amount = schedule.rows.front().payment;
     column.full_year_amount = amount_in_last_full_year(schedule, years, scenario.frequency);

@@ -24,18 +24,19 @@ struct ComparedRate {
     Outcome outcome = Outcome::no_payments;
     double first_value = 0.0;  // of the account at the first periodic payment, dollars
     double first_amount = 0.0;
-    double full_year_amount = 0.0;  // of one payment in the last year that has all of its payments; 0 if none
+    double full_year_amount =
+        0.0;  // of one payment in the last year that has all of its payments; 0 if none
     int payments = 0;
     Date last_payment{no_date};
     std::int16_t last_age = 0;  // in the month of the last payment
     double earnings = 0.0;
     double fees = 0.0;
-    double total = 0.0;                // with a lump sum
+    double total = 0.0;              // with a lump sum
     std::vector<double> balances{};  // after the last payment of each year, from the first on
 };
 
 struct Comparison {
-    int first_year = 0;  // of the periodic payments; 0 when there are none at any rate
+    int first_year = 0;               // of the periodic payments; 0 when there are none at any rate
     std::vector<ComparedRate> rates;  // in the order chosen
 };
 

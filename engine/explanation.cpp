@@ -49,8 +49,7 @@ std::string why_this_amount(const Scenario& scenario, const PaymentSchedule& sch
 std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
                                const Interval& interval) {
     const double fee = interval.fee_charged ? round_to_cents(interval.fee) : 0.0;
-    const double growth =
-        round_to_cents(round_to_cents(next.startbalance) - row.remainbalance + fee);
+    const double growth = round_to_cents(round_to_cents(next.startbalance) - row.remainbalance + fee);
     const std::string charged =
         interval.fee_charged ? fmt::format(" - {} fee", money_text(fee)) : std::string();
     const std::string not_charged =
@@ -66,8 +65,7 @@ std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
 }  // namespace
 
 bool begins_year(const PaymentSchedule& schedule, std::size_t index) {
-    return index > 0 &&
-           schedule.rows[index].date.year() != schedule.rows[index - 1].date.year();
+    return index > 0 && schedule.rows[index].date.year() != schedule.rows[index - 1].date.year();
 }
 
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index) {
@@ -87,11 +85,11 @@ std::string explanation(const Scenario& scenario, const Projection& projection, 
 }
 
 std::string ledger_text(const Scenario& scenario, const Ledger& ledger) {
-    std::string text = fmt::format(
-        "{} opening balance{} - {} fees - {} {}", money_text(ledger.opening),
-        term(ledger.earnings, "earnings", "losses"), money_text(ledger.fees),
-        money_text(ledger.payments),
-        scenario.method == partial_lump_sum ? "lump sum and payments" : "payments");
+    std::string text =
+        fmt::format("{} opening balance{} - {} fees - {} {}", money_text(ledger.opening),
+                    term(ledger.earnings, "earnings", "losses"), money_text(ledger.fees),
+                    money_text(ledger.payments),
+                    scenario.method == partial_lump_sum ? "lump sum and payments" : "payments");
     if (ledger.rounding != 0.0) {
         text += term(ledger.rounding, "rounding", "rounding");
     }

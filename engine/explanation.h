@@ -14,9 +14,9 @@ bool begins_year(const PaymentSchedule& schedule, std::size_t index);
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 
 // One payment: the division that gave its amount, or why it stays, then what makes the rest the
-// balance before the next payment. "Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06.
-// Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23." The growth counts what
-// rounding leaves over.
+// balance before the next payment. "Payment 7, January, 2021: $258,300.14 / 343 payments left =
+// $753.06. Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23." The growth counts
+// what rounding leaves over.
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index);
 
 // The ledger as one sum, then how often no fee was charged, and what lies before the first year of the

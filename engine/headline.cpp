@@ -25,11 +25,10 @@ std::string first_amount(const Scenario& scenario, const PaymentRow& first) {
 std::string fixed_amount_text(const Scenario& scenario, const PaymentSchedule& schedule) {
     const PaymentRow& last = schedule.rows.back();
     const int number = schedule.number_of_payments;
-    return fmt::format("{}, for {} ({}); last payment of {} in {}, {}.",
-                       first_amount(scenario, schedule.rows.front()),
-                       time_text(number * 12 / scenario.frequency), count_text(number, "payment"),
-                       money_text(last.payment), month_year_text(last.date),
-                       age_text(scenario, last.date));
+    return fmt::format(
+        "{}, for {} ({}); last payment of {} in {}, {}.", first_amount(scenario, schedule.rows.front()),
+        time_text(number * 12 / scenario.frequency), count_text(number, "payment"),
+        money_text(last.payment), month_year_text(last.date), age_text(scenario, last.date));
 }
 
 std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule) {

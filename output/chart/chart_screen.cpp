@@ -9,7 +9,7 @@
 #include "engine/axis.h"
 #include "engine/yearly_chart.h"
 #include "output/report/page_painter.h"
-#include "output/report/pdf_file.h"
+#include "output/report/saved_file.h"
 #include "widgets/bar_chart.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
@@ -148,7 +148,7 @@ PrintJob ChartScreen::print_job() const {
         u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
     const Date today = module.today();
     return {.title = title + u" - Chart"_s,  // the list of payments has the same title
-            .file_name = pdf_name(method_ + u" Chart"_s, rate_, today),
+            .file_name = proposed_name(method_ + u" Chart"_s, rate_, today),
             .orientation = QPageLayout::Landscape,
             .draw = [this, title, headings, today](QPagedPaintDevice& device) {
                 PagePainter page(device, today, 1);

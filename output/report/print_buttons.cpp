@@ -21,12 +21,12 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     cmdprint = control::button(u"Prin&t"_s, "cmdprint");
     connect(cmdprint, &QPushButton::clicked, this, [this] { start(Destination::printer); });
 
-    auto* menu = new QMenu(cmdprint);
-    menu->addAction(u"&Print"_s, this, [this] { start(Destination::printer); });
-    menu->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
+    menu_ = new QMenu(cmdprint);
+    menu_->addAction(u"&Print"_s, this, [this] { start(Destination::printer); });
+    menu_->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
     cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
-    cmdprintmenu->setMenu(menu);
+    cmdprintmenu->setMenu(menu_);
     QWidget* row = navigation->parentWidget();
     control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, row->parentWidget());
     navigation->insertWidget(1, cmdprint);
@@ -39,6 +39,14 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     lblsaved->hide();
     auto* column = static_cast<QVBoxLayout*>(row->parentWidget()->layout());
     column->insertWidget(column->indexOf(row), lblsaved);
+}
+
+void PrintButtons::offer_csv() {
+    menu_->addAction(u"Save as &CSV..."_s, this, [this] {
+        show_saved({});
+        emit csv_chosen();
+    });
+    cmdprintmenu->setAccessibleName(u"Print or save as PDF or CSV"_s);
 }
 
 void PrintButtons::start(Destination destination) {

@@ -8,13 +8,14 @@
 
 class QHBoxLayout;
 class QLabel;
+class QMenu;
 class QPushButton;
 class QToolButton;
 
 namespace kelvar {
 
-// Print, and beside it a small menu that also offers a PDF file. A line above the row says where the
-// last one was saved.
+// Print, and beside it a small menu that also offers files. A line above the row says where the last
+// one was saved.
 class PrintButtons : public QObject {
     Q_OBJECT
 
@@ -23,6 +24,8 @@ public:
     explicit PrintButtons(QHBoxLayout* navigation);
 
     void setEnabled(bool enabled);
+    // The menu offers to save what is shown as a CSV file.
+    void offer_csv();
     // Empty while there is nothing to say; starting to print empties it as well.
     void show_saved(const QString& file);
 
@@ -30,6 +33,7 @@ public:
 
 signals:
     void chosen(kelvar::Destination destination);
+    void csv_chosen();
 
 private:
     void start(Destination destination);
@@ -38,6 +42,7 @@ private:
     QLabel* lblsaved = nullptr;
     QPushButton* cmdprint = nullptr;
     QToolButton* cmdprintmenu = nullptr;
+    QMenu* menu_ = nullptr;
 };
 
 }  // namespace kelvar

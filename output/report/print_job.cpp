@@ -1,16 +1,13 @@
 #include "output/report/print_job.h"
 
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QStandardPaths>
 
 #include "output/report/page_painter.h"
-#include "output/report/pdf_file.h"
+#include "output/report/saved_file.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 
@@ -22,8 +19,6 @@ namespace {
 
 const QString save_as_pdf = u"Save as PDF"_s;
 const QString no_printer = u"No printer is set up - save as PDF"_s;
-
-constexpr const char* last_folder = "last_pdf_folder";  // a property of the main window
 
 // Without any font the toolkit draws boxes, or nothing.
 void require_font() {
@@ -44,31 +39,17 @@ void print_on(const QPrinterInfo& where, const PrintJob& job) {
     }
 }
 
-// Where the user saved last, or keeps documents.
-QDir folder_to_offer(const QWidget* main_window) {
-    const QDir last(main_window->property(last_folder).toString());
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    if (!main_window->property(last_folder).isNull() && last.exists()) {
-        return last;
-    }
-    return documents.exists() ? documents : QDir::home();
-}
-
-// Empty when the user cancels.
-QString ask_for_pdf_file(QWidget* main_window, const QString& title, const QString& name) {
-    QFileDialog dialog(main_window, title);
-    dialog.setObjectName(u"savepdf"_s);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(u"PDF files (*.pdf)"_s);
-    dialog.setDefaultSuffix(u"pdf"_s);
-    dialog.setDirectory(folder_to_offer(main_window));
-    dialog.selectFile(name + u".pdf"_s);
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    main_window->activateWindow();  // some window managers lose it when a file is replaced
-    if (!accepted) {
-        return {};
-    }
-    return dialog.selectedFiles().value(0);
+void write_pdf(const Module1& module, const QString& path, const PrintJob& job) {
+    const Hourglass hourglass;
+    write_whole(module, path, [&](QIODevice& file) {
+        QPdfWriter writer(&file);
+        writer.setTitle(job.title);
+        writer.setCreator(u"Kelvar"_s);
+        writer.setPageSize(QPageSize(QPageSize::Letter));
+        writer.setPageOrientation(job.orientation);
+        writer.setPageMargins(page_margins, QPageLayout::Point);
+        job.draw(writer);
+    });
 }
 
 }  // namespace
@@ -92,12 +73,14 @@ QString print(Module1& module, QWidget* window, Destination destination,
         } else {
             const bool asked_for = destination == Destination::pdf_file;
             const QString title = asked_for ? save_as_pdf : no_printer;
-            file = ask_for_pdf_file(window->window(), title, job.file_name);
+            file = ask_where_to_save(
+                window, title, job.file_name,
+                {.dialog = "savepdf", .names = u"PDF files (*.pdf)"_s, .suffix = u"pdf"_s});
             if (file.isEmpty()) {
                 return {};
             }
             write_pdf(module, file, job);
-            window->window()->setProperty(last_folder, QFileInfo(file).absolutePath());
+            remember_folder(window, file);
         }
         if (!job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);

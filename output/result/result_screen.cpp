@@ -8,9 +8,9 @@
 
 #include "engine/heading.h"
 #include "output/report/page_painter.h"
-#include "output/report/pdf_file.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
+#include "output/report/saved_file.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -74,7 +74,7 @@ PrintJob ResultScreen::print_job() const {
     const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
     const Date printed = module.today();
     return {.title = title,
-            .file_name = pdf_name(title, cmbrate->currentText(), printed),
+            .file_name = proposed_name(title, cmbrate->currentText(), printed),
             .missing = missing,
             .draw = [reports, printed](QPagedPaintDevice& device) {
                 draw_reports(reports, printed, device);

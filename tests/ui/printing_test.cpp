@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/report/pdf_file.h"
+#include "output/report/saved_file.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/bar_chart.h"
@@ -243,7 +243,7 @@ TEST_F(Printing, FileNamesLeaveOutWhatNoneCanHold) {
         {QString(400, u'\u20ac'), QString(50, u'\u20ac')},
     };
     for (const auto& [title, name] : cases) {
-        EXPECT_EQ(pdf_name(title, u" -2.5%"_s, day).toStdString(),
+        EXPECT_EQ(proposed_name(title, u" -2.5%"_s, day).toStdString(),
                   (name + u" -2.5% 2020-01-05"_s).toStdString());
     }
 }

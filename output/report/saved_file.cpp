@@ -1,0 +1,135 @@
+#include "output/report/saved_file.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <algorithm>
+#include <filesystem>
+
+#include "output/report/page_painter.h"
+#include "output/report/report_templates.h"
+#include "widgets/hourglass.h"
+#include "widgets/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr qsizetype longest_title = 150;          // bytes; a file name takes 255
+constexpr const char* last_folder = "last_folder";  // a property of the main window
+
+std::vector<std::filesystem::path> own_files(const Module1& module) {
+    std::vector<std::filesystem::path> files{QCoreApplication::applicationFilePath().toStdString(),
+                                             module.scenario.help_file};
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+        files.push_back(module.program_file(std::string(Module1::database_name) + suffix));
+    }
+    for (const char* name : all_report_templates) {
+        files.push_back(module.program_file(name));
+    }
+    return files;
+}
+
+// True also for one that is not there: a file under the name of a journal would be taken for one.
+bool belongs_to_program(const Module1& module, const QString& name) {
+    const QFileInfo info(name);
+    const std::filesystem::path file = (info.isSymLink() ? info.symLinkTarget() : name).toStdString();
+    return std::ranges::any_of(own_files(module), [&](const std::filesystem::path& own) {
+        std::error_code none;
+        return std::filesystem::equivalent(own, file, none) ||
+               std::filesystem::weakly_canonical(own, none) ==
+                   std::filesystem::weakly_canonical(file, none);
+    });
+}
+
+// Where the user saved last, or keeps documents.
+QDir folder_to_offer(const QWidget* main_window) {
+    const QDir last(main_window->property(last_folder).toString());
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    if (!main_window->property(last_folder).isNull() && last.exists()) {
+        return last;
+    }
+    return documents.exists() ? documents : QDir::home();
+}
+
+}  // namespace
+
+QString proposed_name(const QString& title, const QString& rate, Date day) {
+    static const QRegularExpression never(uR"([/\\:*?"<>|]|\p{C})"_s);
+    static const QRegularExpression hidden(u"^[. ]+"_s);
+    QString name = title.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
+    while (name.toUtf8().size() > longest_title) {
+        name.chop(1);
+    }
+    const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
+    return (name.isEmpty() ? u"Report"_s : name) + u' ' + rate.trimmed() + u' ' + date;
+}
+
+QString ask_where_to_save(QWidget* window, const QString& title, const QString& name,
+                          const FileKind& kind) {
+    QWidget* main_window = window->window();
+    QFileDialog dialog(main_window, title);
+    dialog.setObjectName(QString::fromLatin1(kind.dialog));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(kind.names);
+    dialog.setDefaultSuffix(kind.suffix);
+    dialog.setDirectory(folder_to_offer(main_window));
+    dialog.selectFile(name + u'.' + kind.suffix);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    main_window->activateWindow();  // some window managers lose it when a file is replaced
+    return accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void remember_folder(QWidget* window, const QString& path) {
+    window->window()->setProperty(last_folder, QFileInfo(path).absolutePath());
+}
+
+void write_whole(const Module1& module, const QString& path,
+                 const std::function<void(QIODevice&)>& write) {
+    const std::string shown = "The file " + to_utf8(QDir::toNativeSeparators(path));
+    if (belongs_to_program(module, path)) {
+        throw PrintError(shown + " belongs to the program and stays as it is.");
+    }
+    QSaveFile file(path);
+    const auto refuse = [&] {
+        throw PrintError(shown + " cannot be written: " + to_utf8(file.errorString()) + ".");
+    };
+    const QFileInfo there(path);
+    if (there.exists() && !there.isFile()) {
+        throw PrintError(shown + " cannot be written: it is a device or a folder.");
+    }
+    if (!file.open(QIODevice::WriteOnly)) {
+        refuse();
+    }
+    write(file);
+    if (!file.commit()) {
+        refuse();
+    }
+}
+
+QString save_csv(Module1& module, QWidget* window, const QString& name, const QByteArray& table) {
+    const QString path =
+        ask_where_to_save(window, u"Save as CSV"_s, name,
+                          {.dialog = "savecsv", .names = u"CSV files (*.csv)"_s, .suffix = u"csv"_s});
+    if (path.isEmpty()) {
+        return {};
+    }
+    try {
+        const Hourglass hourglass;
+        write_whole(module, path, [&](QIODevice& file) { file.write(table); });
+        remember_folder(window, path);
+    } catch (const PrintError& error) {
+        module.screens.show_message(std::string("Nothing was saved.\n\n") + error.what());
+        return {};
+    }
+    return path;
+}
+
+}  // namespace kelvar

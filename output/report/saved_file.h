@@ -1,0 +1,44 @@
+// Files that the user saves: which name is proposed, where they go, and how they are written whole. The
+// program's own files are safe from it.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+#include "core/module1.h"
+
+class QIODevice;
+class QWidget;
+
+namespace kelvar {
+
+// What a file is called without its suffix, such as "Periodic Payments 5% 2020-01-15". What no file name
+// can hold is left out of the title.
+QString proposed_name(const QString& title, const QString& rate, Date day);
+
+struct FileKind {
+    const char* dialog;  // object name of the dialog
+    QString names;       // such as "PDF files (*.pdf)"
+    QString suffix;
+};
+
+// Asks over the main window that `window` is in, first in the folder that was last saved to. Empty when
+// the user cancels.
+QString ask_where_to_save(QWidget* window, const QString& title, const QString& name,
+                          const FileKind& kind);
+
+// The folder of a file that was saved is offered first from then on, until the program ends.
+void remember_folder(QWidget* window, const QString& path);
+
+// Writes what `write` gives into the file with this path. An existing file is only replaced by a
+// complete one; where the name is a link to another file, that file is replaced and the link stays.
+// Throws PrintError for a file that belongs to the program, and when the file cannot be written.
+void write_whole(const Module1& module, const QString& path,
+                 const std::function<void(QIODevice&)>& write);
+
+// Saves a table as a CSV file that the user names. What goes wrong is one message and leaves nothing
+// behind. Returns the file that was written, or nothing.
+QString save_csv(Module1& module, QWidget* window, const QString& name, const QByteArray& table);
+
+}  // namespace kelvar
