@@ -1,27 +1,63 @@
 #include "widgets/grid.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyle>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <numeric>
 
+#include "widgets/table_roles.h"
+#include "widgets/table_text.h"
 #include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
 namespace {
 
+// Of headings and of what changed.
+QFont bold(QFont font) {
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+// Draws what changed in bold and in the accent colour.
+class Delegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(changed_role).toBool()) {
+            option->font = bold(option->font);
+            option->palette.setColor(QPalette::Text, theme::colors().accent);
+        }
+    }
+};
+
 // Width of the longest text among the first rows, where every month occurs, and some spread over the
 // column; one more digit for the others.
-int contents_width(const QAbstractItemModel& model, int column, const QFontMetrics& metrics) {
+int contents_width(const QAbstractItemModel& model, int column, const QFont& font) {
     constexpr int looked_at = 24;
     const int rows = model.rowCount();
     const int step = std::max(1, rows / looked_at);
     QString longest;
+    bool changed = false;
     for (int row = 0; row < rows; row += row < looked_at ? 1 : step) {
-        const QString text = model.index(row, column).data().toString();
+        const QModelIndex cell = model.index(row, column);
+        const QString text = cell.data().toString();
         longest = text.size() > longest.size() ? text : longest;
+        changed = changed || cell.data(changed_role).toBool();
     }
-    return metrics.horizontalAdvance(longest + QLatin1Char('0'));
+    return QFontMetrics(changed ? bold(font) : font).horizontalAdvance(longest + u'0');
 }
 
 // A heading wraps at its blanks, so its longest word decides.
@@ -40,7 +76,8 @@ Grid::Grid(const char* name, const QString& accessible_name) {
     setAccessibleName(accessible_name);
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
+    setItemDelegate(new Delegate(this));
     setAlternatingRowColors(true);
     setShowGrid(false);
     setTabKeyNavigation(false);
@@ -89,31 +126,108 @@ void Grid::keyboardSearch(const QString& typed) {
     found_ = currentIndex();
 }
 
+// The line is painted here, once a row, over whatever the cells have as their background.
+void Grid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    QPainter painter(viewport());
+    const int rows = model() == nullptr ? 0 : model()->rowCount();
+    const int width = horizontalHeader()->length();
+    for (int row = std::max(0, rowAt(0)); row < rows; ++row) {
+        const int top = rowViewportPosition(row);
+        if (top > event->rect().bottom()) {
+            break;
+        }
+        const QModelIndex first = model()->index(row, 0);
+        if (first.data(new_group_role).toBool()) {
+            const bool selected = selectionModel()->isSelected(first);
+            painter.fillRect(
+                0, top, width, 1,
+                selected ? palette().color(QPalette::HighlightedText) : theme::colors().outline);
+        }
+    }
+}
+
+void Grid::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void Grid::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* copies = menu->addAction(u"&Copy"_s, QKeySequence::Copy, this, [this] { copy(); });
+    copies->setEnabled(!rows_to_copy().isEmpty());
+    menu->addAction(u"Select &All"_s, QKeySequence::SelectAll, this, [this] { selectAll(); });
+    menu->popup(event->globalPos());
+}
+
+// In the order of the grid, whatever the order in which they were chosen.
+QList<int> Grid::rows_to_copy() const {
+    QList<int> rows;
+    for (const QModelIndex& row : selectionModel()->selectedRows()) {
+        rows << row.row();
+    }
+    if (rows.isEmpty() && currentIndex().isValid()) {
+        rows << currentIndex().row();
+    }
+    std::ranges::sort(rows);
+    return rows;
+}
+
+void Grid::copy() const {
+    const QList<int> rows = rows_to_copy();
+    if (rows.isEmpty()) {
+        return;
+    }
+    auto* texts = new QMimeData;
+    texts->setText(tab_separated(*model(), rows));
+    texts->setHtml(html_table(*model(), rows));
+    QApplication::clipboard()->setMimeData(texts);
+}
+
 void Grid::measure_columns() {
-    QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
-    const QFontMetrics heading_metrics(bold);
-    const int padding = 2 * theme::grid;
+    const QFontMetrics heading_metrics(bold(font()));
     needed_widths_.clear();
     for (int column = 0; column < model()->columnCount(); ++column) {
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
-        needed_widths_.push_back(padding + std::max(heading_width(heading, heading_metrics),
-                                                    contents_width(*model(), column, fontMetrics())));
+        needed_widths_.push_back(std::max(heading_width(heading, heading_metrics),
+                                          contents_width(*model(), column, font())));
     }
     spread_columns();
 }
 
-// Shares out the room that is left; where there is none, the grid scrolls sideways.
+// Shares out the room that is left. Where there is none, the columns move closer; where that does not
+// do, the grid scrolls sideways.
 void Grid::spread_columns() {
     if (needed_widths_.empty()) {
         return;
     }
-    const int needed = std::accumulate(needed_widths_.begin(), needed_widths_.end(), 0);
+    const int texts = std::accumulate(needed_widths_.begin(), needed_widths_.end(), 0);
     const int columns = static_cast<int>(needed_widths_.size());
-    const int spare = std::max(0, viewport()->width() - needed);
+    const int room = viewport()->width();
+    const int usual_padding = 2 * theme::grid;
+    move_closer(texts + columns * usual_padding > room);
+    const int padding = close_ ? theme::grid : usual_padding;
+    const int spare = std::max(0, room - texts - columns * padding);
     for (int column = 0; column < columns; ++column) {
         const int share = spare * (column + 1) / columns - spare * column / columns;
-        setColumnWidth(column, needed_widths_[static_cast<std::size_t>(column)] + share);
+        setColumnWidth(column, needed_widths_[static_cast<std::size_t>(column)] + padding + share);
+    }
+}
+
+// The paddings are the style sheet's.
+void Grid::move_closer(bool close) {
+    if (close == close_) {
+        return;
+    }
+    close_ = close;
+    setProperty("close", close);
+    for (QWidget* part : {static_cast<QWidget*>(this), static_cast<QWidget*>(horizontalHeader())}) {
+        part->style()->unpolish(part);
+        part->style()->polish(part);
     }
 }
 

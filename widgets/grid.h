@@ -1,6 +1,8 @@
 // A read-only table of records: header that stays, alternating rows, columns wide enough for their
-// contents. Arrow keys move inside, Home and End go to the first and last row, Tab leaves it. Typing
-// goes to the first row whose entry in the search column begins so.
+// contents, groups of rows parted by a fine line, changed cells marked (see table_roles.h). Arrow keys
+// move inside, Home and End go to the first and last row, Tab leaves it. Typing goes to the first row
+// whose entry in the search column begins so. Rows are chosen as in other lists and copied with their
+// headings, for spreadsheets and for mail.
 #pragma once
 
 #include <QElapsedTimer>
@@ -20,14 +22,21 @@ public:
     void keyboardSearch(const QString& typed) override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     void measure_columns();
     void spread_columns();
+    void move_closer(bool close);
+    QList<int> rows_to_copy() const;
+    void copy() const;
 
-    std::vector<int> needed_widths_;
+    std::vector<int> needed_widths_;  // without what stands left and right of the texts
+    bool close_ = false;              // the columns
     int search_column_ = 0;
     QString sought_;  // what was typed so far
     QElapsedTimer since_typed_;

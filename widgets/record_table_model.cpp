@@ -9,7 +9,7 @@ namespace kelvar {
 
 RecordTableModel::RecordTableModel(const Recordset& records, std::vector<Column> columns,
                                    QObject* parent)
-    : QAbstractTableModel(parent), records_(records), columns_(std::move(columns)) {}
+    : TableModel(parent), records_(records), columns_(std::move(columns)) {}
 
 void RecordTableModel::set_columns(std::vector<Column> columns) {
     beginResetModel();
@@ -24,6 +24,12 @@ void RecordTableModel::show_rows(std::size_t first, std::size_t end) {
     endResetModel();
 }
 
+void RecordTableModel::set_marks(int marked_column,
+                                 std::function<RowMarks(const Recordset&, std::size_t row)> marks) {
+    marked_column_ = marked_column;
+    marks_ = std::move(marks);
+}
+
 int RecordTableModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(end_ - first_);
 }
@@ -33,35 +39,34 @@ int RecordTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RecordTableModel::data(const QModelIndex& index, int role) const {
-    const std::size_t row = first_ + static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= records_.RecordCount()) {
-        return {};  // the record set is being refilled
-    }
-    const Column& column = columns_[static_cast<std::size_t>(index.column())];
-    switch (role) {
-        case Qt::DisplayRole:
-            return column.text(records_, row);
-        case Qt::AccessibleTextRole:
-            return QString(column.heading + QLatin1String(": ") + column.text(records_, row));
-        case Qt::TextAlignmentRole:
-            return QVariant::fromValue(column.alignment | Qt::AlignVCenter);
-        default:
-            return {};
-    }
+    const bool refilling = record(index.row()) >= records_.RecordCount();
+    return refilling ? QVariant() : TableModel::data(index, role);
 }
 
-QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
-        return {};
-    }
-    const Column& column = columns_[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) {
-        return column.heading;
-    }
-    if (role == Qt::TextAlignmentRole) {
-        return QVariant(static_cast<int>(column.alignment | Qt::AlignVCenter) | Qt::TextWordWrap);
-    }
-    return {};
+TableModel::Heading RecordTableModel::heading(int column) const {
+    const Column& shown = columns_[static_cast<std::size_t>(column)];
+    return {shown.heading, shown.alignment};
+}
+
+QString RecordTableModel::text(int row, int column) const {
+    return columns_[static_cast<std::size_t>(column)].text(records_, record(row));
+}
+
+QString RecordTableModel::plain(int row, int column) const {
+    const Column& shown = columns_[static_cast<std::size_t>(column)];
+    return (shown.plain ? shown.plain : shown.text)(records_, record(row));
+}
+
+RecordTableModel::RowMarks RecordTableModel::marks_of(int row) const {
+    return row > 0 && marks_ ? marks_(records_, record(row)) : RowMarks();
+}
+
+bool RecordTableModel::begins_group(int row) const {
+    return marks_of(row).new_group;
+}
+
+bool RecordTableModel::changed(int row, int column) const {
+    return column == marked_column_ && marks_of(row).changed;
 }
 
 std::size_t row_with(const Recordset& records, std::string_view field, double number) {
@@ -83,11 +88,12 @@ RecordTableModel::Column field_column(const Recordset& records, std::string_view
 
 RecordTableModel::Column money_column(const Recordset& records, std::string_view field,
                                       const QString& heading, std::string_view pattern) {
-    const auto text = [column = records.column(field), pattern](const Recordset& rows,
-                                                                std::size_t row) {
-        return to_qt(format_number(as_number(rows.cell(row, column)), pattern));
+    const auto in = [column = records.column(field)](std::string_view shape) {
+        return [column, shape](const Recordset& rows, std::size_t row) {
+            return to_qt(format_number(as_number(rows.cell(row, column)), shape));
+        };
     };
-    return {heading, text};
+    return {heading, in(pattern), Qt::AlignRight, in(pattern::plain_amount)};
 }
 
 std::vector<RecordTableModel::Column> life_columns(const Recordset& lifexp,

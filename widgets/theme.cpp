@@ -108,6 +108,8 @@ QString style_sheet(const QFont& font) {
                                border-bottom: 1px solid %4; padding: 4px 8px; }
         QTableView { border: 1px solid %4; gridline-color: transparent; }
         kelvar--Grid::item { border: 0px; padding: 0px 5px; }
+        kelvar--Grid[close="true"]::item { padding: 0px 1px; }
+        kelvar--Grid[close="true"] QHeaderView::section { padding: 4px 4px; }
         QTableView:focus { border: 2px solid %5; }
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))

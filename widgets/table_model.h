@@ -1,0 +1,32 @@
+// Base of the tables of the screens: headings, alignment, and each cell as a view, a screen reader and
+// another program get it.
+#pragma once
+
+#include <QAbstractTableModel>
+
+namespace kelvar {
+
+class TableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+protected:
+    struct Heading {
+        QString text;
+        Qt::Alignment alignment;  // of the cells too
+    };
+
+    virtual Heading heading(int column) const = 0;
+    virtual QString text(int row, int column) const = 0;
+    virtual QString plain(int row, int column) const = 0;
+    virtual bool begins_group(int /*row*/) const { return false; }
+    virtual bool changed(int /*row*/, int /*column*/) const { return false; }
+};
+
+}  // namespace kelvar

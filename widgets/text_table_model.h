@@ -1,0 +1,43 @@
+// Shows rows of texts that were made beforehand in a table view: a year, a rate.
+#pragma once
+
+#include <vector>
+
+#include "widgets/table_model.h"
+
+namespace kelvar {
+
+class TextTableModel : public TableModel {
+    Q_OBJECT
+
+public:
+    struct Column {
+        QString heading;
+        Qt::Alignment alignment = Qt::AlignRight;
+    };
+    struct Cell {
+        QString text;
+        QString plain{};  // for other programs, as "734.30" for "$734.30"; empty: the text
+    };
+
+    TextTableModel(std::vector<Column> columns, QObject* parent);
+
+    // Takes the place of the rows before. Each row has a cell for every column.
+    void show_rows(std::vector<std::vector<Cell>> rows);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+
+protected:
+    Heading heading(int column) const override;
+    QString text(int row, int column) const override;
+    QString plain(int row, int column) const override;
+
+private:
+    const Cell& cell(int row, int column) const;
+
+    std::vector<Column> columns_;
+    std::vector<std::vector<Cell>> rows_;
+};
+
+}  // namespace kelvar
