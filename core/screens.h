@@ -17,6 +17,7 @@ enum class ScreenId {
     frmlump,        // lump sum result
     frmperio,       // periodic payments result
     frmparti,       // partial lump sum result
+    frmcompare,     // the chosen rates side by side
     frmcperi,       // chart of periodic payments
     frmcpart,       // chart of a partial lump sum with payments
     frmclaim,       // disclaimer

@@ -42,7 +42,7 @@ std::string why_this_amount(const Scenario& scenario, const PaymentSchedule& sch
         return fmt::format("{} / {} payments left = {}.", money_text(row.startbalance),
                            row.remaining + 1, amount);
     }
-    return fmt::format("{} as in {}; the amount stays the same within a year.", amount,
+    return fmt::format("{} as in {}, the same within a year.", amount,
                        month_year_text(first_of_year(schedule, index).date));
 }
 
@@ -54,10 +54,10 @@ std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
         interval.fee_charged ? fmt::format(" - {} fee", money_text(fee)) : std::string();
     const std::string not_charged =
         interval.fee_charged
-            ? std::string()
-            : fmt::format(" The fee of {} is not charged because the growth does not cover it.",
+            ? "."
+            : fmt::format("; the fee of {} is not charged, the growth does not cover it.",
                           money_text(round_to_cents(interval.fee)));
-    return fmt::format(" Then {}{} in {} days{} = {}.{}", money_text(row.remainbalance),
+    return fmt::format(" Then {}{} in {} days{} = {}{}", money_text(row.remainbalance),
                        term(growth, "growth", "loss"), interval.days, charged,
                        money_text(next.startbalance), not_charged);
 }

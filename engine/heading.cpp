@@ -12,10 +12,10 @@ namespace {
 void add_titles(Heading& heading, const Scenario& scenario) {
     const std::string frequency{plan::frequency_name(scenario.frequency)};
     if (scenario.method == partial_lump_sum) {
-        heading.emplace_back("dtitle", "Partial Lump Sum Payments");
+        heading.emplace_back("dtitle", std::string{method_title(scenario.method)});
         heading.emplace_back("dsubtitle", "Lump Sum  + Remaining Paid " + frequency);
     } else if (scenario.method == periodic_payments) {
-        heading.emplace_back("dtitle", "Periodic Payments - " + frequency);
+        heading.emplace_back("dtitle", std::string{method_title(scenario.method)} + " - " + frequency);
     }
 }
 
@@ -57,6 +57,32 @@ std::string time_text(int months) {
     const std::string years = months < 12 ? "" : count_text(months / 12, "year");
     const std::string rest = months % 12 == 0 ? "" : count_text(months % 12, "month");
     return years + (years.empty() || rest.empty() ? "" : " and ") + rest;
+}
+
+std::string_view method_title(std::int16_t method) {
+    switch (method) {
+        case lump_sum:
+            return "Lump Sum";
+        case partial_lump_sum:
+            return "Partial Lump Sum Payments";
+        default:
+            return "Periodic Payments";
+    }
+}
+
+std::string_view no_result_text(Outcome outcome) {
+    switch (outcome) {
+        case Outcome::limit_exceeded:
+            return "At this rate of return the payments would outlast your life expectancy or minimum "
+                   "distribution years.";
+        case Outcome::nothing_left:
+            return "There are no payments to show because nothing is left in the account when they "
+                   "would begin.";
+        case Outcome::no_payments:
+            return "There are no payments to show for this length of payments.";
+        default:
+            return "";
+    }
 }
 
 Heading heading_of(const Scenario& scenario, const Projection& projection) {

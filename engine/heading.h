@@ -19,6 +19,10 @@ std::string rate_text(double rate, std::int16_t method);
 std::string count_text(int count, std::string_view thing);  // "1 payment", "349 payments"
 std::string time_text(int months);                          // "15 years and 4 months"
 
+std::string_view method_title(std::int16_t method);  // "Periodic Payments"
+// Why there are no payments to show; empty for a complete projection.
+std::string_view no_result_text(Outcome outcome);
+
 // What is written to the heading row: the fields of the scenario's method in their order. Empty unless
 // the projection is complete, so that the row keeps the last result.
 Heading heading_of(const Scenario& scenario, const Projection& projection);

@@ -22,7 +22,7 @@ namespace kelvar {
 
 namespace {
 
-constexpr qsizetype longest_title = 150;          // bytes; a file name takes 255
+constexpr qsizetype longest_title = 150;            // bytes; a file name takes 255
 constexpr const char* last_folder = "last_folder";  // a property of the main window
 
 std::vector<std::filesystem::path> own_files(const Module1& module) {

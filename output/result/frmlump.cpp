@@ -4,8 +4,11 @@
 #include <QLabel>
 
 #include "engine/axis.h"
+#include "engine/comparison.h"
 #include "engine/heading.h"
+#include "output/result/cells.h"
 #include "widgets/bar_chart.h"
+#include "widgets/grid.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 
@@ -21,7 +24,16 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     lblfee = add_value(u"The Current Annual Fee:"_s, "lblfee", 0, 1);
     lbltotalvalue = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", 1, 1);
     grphlump = new BarChart("grphlump", u"Value at the payment and current balance at each rate"_s);
-    set_result(grphlump);
+    values_ = new TextTableModel({{u"Rate"_s}, {u"Value"_s}, {u"Difference from Today"_s}}, this);
+    auto* grdvalues = new Grid("grdvalues", u"Value at each rate and its difference from today"_s);
+    grdvalues->setModel(values_);
+    auto* result = new QWidget;
+    QBoxLayout* row = control::row();
+    result->setLayout(row);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(grphlump, 3);
+    row->addWidget(grdvalues, 2, Qt::AlignTop);
+    set_result(result);
 }
 
 void frmlump::load() {
@@ -30,7 +42,7 @@ void frmlump::load() {
     show_money(lblcurvalue, scenario.present_value);
     add_rate();
     lblfee->setText(to_qt(fee_text(scenario.fee_amount)));
-    get_chart();
+    show_all_rates();
 }
 
 void frmlump::get_value() {
@@ -48,6 +60,7 @@ void frmlump::get_value() {
         const Hourglass hourglass;
         show_money(lblstartvalue, projection.start_value);
         show_money(lbltotalvalue, projection.total_paid);
+        show_headline(projection);
         uncover();
         print_buttons->setEnabled(true);
         grphlump->choose(cmbrate->currentIndex());
@@ -60,19 +73,27 @@ void frmlump::get_value() {
     show_note();
 }
 
-void frmlump::get_chart() {
+void frmlump::show_all_rates() {
     BarData bars;
     BarSet at_payment{.name = u"Total Pay Back (including  interest)"_s, .values = {}};
     BarSet present{.name = u"Current Account Balance"_s, .values = {}};
-    for (const double rate : scenario.selected_rates) {
-        bars.labels << to_qt(rate_text(rate, scenario.method));
-        at_payment.values.push_back(project(scenario, rate, today).start_value);
+    std::vector<std::vector<TextTableModel::Cell>> rows;
+    for (const LumpSumValue& at_rate : lump_sum_values(scenario, today)) {
+        const QString rate = to_qt(rate_text(at_rate.rate, scenario.method));
+        bars.labels << rate;
+        at_payment.values.push_back(at_rate.value);
         present.values.push_back(scenario.present_value);
+        rows.push_back({{rate}, money_cell(at_rate.value), money_cell(at_rate.difference)});
     }
     const double last = at_payment.values.empty() ? 0.0 : at_payment.values.back();
     bars.sets = {at_payment, present};
     bars.upper = y_max(last);
     grphlump->show_bars(bars);
+    values_->show_rows(std::move(rows));
+}
+
+ResultScreen::Table frmlump::shown_table() const {
+    return {values_, to_qt(method_title(scenario.method))};
 }
 
 }  // namespace kelvar

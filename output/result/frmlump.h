@@ -5,6 +5,7 @@
 namespace kelvar {
 
 class BarChart;
+class TextTableModel;
 
 // Lump sum: value of the account at the payment, beside today's balance, at every picked rate.
 class frmlump : public ResultScreen {
@@ -16,9 +17,10 @@ public:
 
 protected:
     void get_value() override;
+    Table shown_table() const override;
 
 private:
-    void get_chart();
+    void show_all_rates();
 
     QLabel* lblcurvalue = nullptr;
     QLabel* lblfrstdate = nullptr;
@@ -26,6 +28,7 @@ private:
     QLabel* lblfee = nullptr;
     QLabel* lbltotalvalue = nullptr;
     BarChart* grphlump = nullptr;
+    TextTableModel* values_ = nullptr;
 };
 
 }  // namespace kelvar

@@ -4,14 +4,17 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QStackedWidget>
 
 #include "engine/heading.h"
+#include "engine/headline.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
 #include "output/report/saved_file.h"
 #include "widgets/summary_panel.h"
+#include "widgets/table_text.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 
@@ -23,13 +26,34 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
       today(module1.today()),
       id_(id) {
+    scenario.projected_on = today;
     content()->setSpacing(theme::grid);
+    content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
     QBoxLayout* top = control::row();
     top->addWidget(lblsub, 1);
     top->addWidget(rate_list());
     content()->addLayout(top);
+    build_values();
+    headline_row_ = control::row();
+    lblheadline = theme::label({}, theme::Role::body, "lblheadline");
+    lblheadline->setWordWrap(true);
+    lblheadline->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    headline_row_->addWidget(lblheadline, 1);
+    content()->addLayout(headline_row_);
+
+    result_ = new QStackedWidget;
+    lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
+    lblcover->setWordWrap(true);
+    lblcover->setAlignment(Qt::AlignCenter);
+    lblcover->setMargin(4 * theme::grid);
+    result_->addWidget(lblcover);
+    content()->addWidget(result_, 1);
+    build_buttons();
+}
+
+void ResultScreen::build_values() {
     summary_ = new SummaryPanel;
     values_ = new QGridLayout(summary_);
     values_->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
@@ -41,19 +65,25 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
         values_->setColumnStretch(3, 2);
     }
     content()->addWidget(summary_);
+}
 
-    result_ = new QStackedWidget;
-    lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
-    lblcover->setWordWrap(true);
-    lblcover->setAlignment(Qt::AlignCenter);
-    lblcover->setMargin(4 * theme::grid);
-    result_->addWidget(lblcover);
-    content()->addWidget(result_, 1);
-
+void ResultScreen::build_buttons() {
     print_buttons = new PrintButtons(navigation());
+    print_buttons->offer_csv();
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
         print_buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
     });
+    connect(print_buttons, &PrintButtons::csv_chosen, this, [this] {
+        const Table table = shown_table();
+        print_buttons->show_saved(save_csv(module, this, file_name(table.title), csv(*table.rows)));
+    });
+    QPushButton* cmdmenu = control::button(u"&New Participant"_s, "cmdmenu");
+    navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
+    connect(cmdmenu, &QPushButton::clicked, this, [this] { module.return_to_menu(); });
+}
+
+QString ResultScreen::file_name(const QString& title) const {
+    return proposed_name(title, cmbrate->currentText(), module.today());
 }
 
 // The summary and then the schedule that suits the scenario, as one job: also without one of them.
@@ -74,7 +104,7 @@ PrintJob ResultScreen::print_job() const {
     const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
     const Date printed = module.today();
     return {.title = title,
-            .file_name = proposed_name(title, cmbrate->currentText(), printed),
+            .file_name = file_name(title),
             .missing = missing,
             .draw = [reports, printed](QPagedPaintDevice& device) {
                 draw_reports(reports, printed, device);
@@ -153,6 +183,14 @@ double ResultScreen::chosen_rate() const {
     return parse_rate(to_utf8(cmbrate->currentText()));
 }
 
+void ResultScreen::show_headline(const Projection& projection) {
+    lblheadline->setText(to_qt(headline(scenario, projection)));
+}
+
+void ResultScreen::add_beside_headline(QWidget* choice) {
+    headline_row_->addWidget(choice, 0, Qt::AlignRight | Qt::AlignBottom);
+}
+
 void ResultScreen::set_result(QWidget* result) {
     result_->addWidget(result);
     result_->setCurrentWidget(result);
@@ -160,6 +198,7 @@ void ResultScreen::set_result(QWidget* result) {
 
 void ResultScreen::get_cover(const QString& reason) {
     print_buttons->show_saved({});
+    lblheadline->clear();
     lblcover->setText(reason);
     result_->setCurrentWidget(lblcover);
 }

@@ -1,12 +1,14 @@
-// What every result screen has: the rate list, labelled values, the result area with its cover, the
-// print button, the note shown once per visit.
+// What every result screen has: the rate list, labelled values, the headline, the result area with its
+// cover, the buttons to print and to begin with the next participant, the note shown once per visit.
 #pragma once
 
 #include <functional>
 
+#include "engine/projection.h"
 #include "output/report/print_buttons.h"
 #include "shell/screen.h"
 
+class QAbstractItemModel;
 class QFrame;
 class QGridLayout;
 class QStackedWidget;
@@ -28,6 +30,12 @@ protected:
 
     // Computes and shows the result for the chosen rate; run also whenever another rate is picked.
     virtual void get_value() = 0;
+    // What the result area shows, for a file of its own, and what that is called.
+    struct Table {
+        const QAbstractItemModel* rows;
+        QString title;
+    };
+    virtual Table shown_table() const = 0;
     void go_previous() override;
 
     // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
@@ -37,6 +45,9 @@ protected:
     void add_rate();
     // Chosen rate, percent per year.
     double chosen_rate() const;
+    // The result in one sentence, and beside it what chooses how the area below shows it.
+    void show_headline(const Projection& projection);
+    void add_beside_headline(QWidget* choice);
     // The area below the values that the cover hides.
     void set_result(QWidget* result);
     // Covers the result area and says why nothing is shown. Either way it is a new result.
@@ -59,11 +70,16 @@ protected:
 
 private:
     QFrame* rate_list();
+    void build_values();
+    void build_buttons();
     PrintJob print_job() const;
+    QString file_name(const QString& title) const;
     void store_again_if_changed() const;
 
     SummaryPanel* summary_ = nullptr;
     QGridLayout* values_ = nullptr;
+    QBoxLayout* headline_row_ = nullptr;
+    QLabel* lblheadline = nullptr;
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;
     std::function<void()> store_;

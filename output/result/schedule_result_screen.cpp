@@ -3,13 +3,12 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
-#include "core/numbers.h"
 #include "engine/heading.h"
 #include "engine/yearly_chart.h"
-#include "widgets/grid.h"
+#include "output/result/schedule_view.h"
 #include "widgets/hourglass.h"
-#include "widgets/record_table_model.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 
@@ -17,73 +16,62 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-namespace {
-
-// Why the result area is covered.
-const QString beyond_life =
-    u"At this rate of return the payments would outlast your life expectancy or minimum distribution years."_s;
-const QString nothing_left =
-    u"There are no payments to show because nothing is left in the account when they would begin."_s;
-const QString no_payments = u"There are no payments to show for this length of payments."_s;
-
-std::vector<RecordTableModel::Column> schedule_columns(const Recordset& schedule) {
-    return {field_column(schedule, "number", u"Payment  #"_s),
-            field_column(schedule, "remaining", u"Payments Remaining"_s),
-            money_column(schedule, "startbalance", u"Beginning Balance"_s, pattern::dollars),
-            money_column(schedule, "payment", u"Amount"_s, pattern::payment),
-            money_column(schedule, "remainbalance", u"Remaining Balance"_s, pattern::dollars),
-            field_column(schedule, "Month", u"Month"_s, Qt::AlignLeft),
-            field_column(schedule, "Year", u"Year"_s)};
-}
-
-}  // namespace
-
 ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, ScreenId chart)
     : ResultScreen(module1, id, name), chart_(chart) {
-    grddist = new Grid("grddist", u"Schedule of payments"_s);
-    set_result(grddist);
-    build_chart_buttons();
+    schedule_ = new ScheduleView(scenario);
+    add_beside_headline(schedule_->choice());
+    set_result(schedule_);
+    build_buttons();
 }
 
-void ScheduleScreen::build_chart_buttons() {
+void ScheduleScreen::build_buttons() {
     cmdchart = control::button(u"Ch&art"_s, "cmdchart");
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
     navigation()->insertWidget(3, cmdchart);
     navigation()->insertWidget(4, pichart);
+    cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
+    navigation()->insertWidget(5, cmdcompare);
+    connect(cmdcompare, &QPushButton::clicked, this,
+            [this] { module.screens.show(ScreenId::frmcompare); });
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
     connect(pichart, &QToolButton::clicked, this, [this] { show_chart(); });
 }
 
 void ScheduleScreen::load() {
-    Recordset& schedule = module.database().schedule();
-    rows_ = new RecordTableModel(schedule, schedule_columns(schedule), this);
-    grddist->setModel(rows_);
-    grddist->set_search_column(rows_->columnCount() - 1);  // the year
+    schedule_->load(module.database().schedule());
     lblnumber->setNum(scenario.number_of_payments);
     lblfee->setText(to_qt(fee_text(scenario.fee_amount)));
     add_rate();
+    cmdcompare->setEnabled(cmbrate->count() > 1 && module.screens.offers(ScreenId::frmcompare));
+}
+
+void ScheduleScreen::activate() {
+    ResultScreen::activate();
+    if (scenario.compared_rate >= 0) {
+        cmbrate->setCurrentIndex(std::exchange(scenario.compared_rate, std::int16_t{-1}));
+        get_value();
+    }
+}
+
+ResultScreen::Table ScheduleScreen::shown_table() const {
+    const QString title = to_qt(method_title(scenario.method));
+    return {schedule_->shown_rows(), schedule_->shows_years() ? title + u" by Year"_s : title};
 }
 
 void ScheduleScreen::get_value() {
     const double rate = chosen_rate();
     if (rate_ceiling_ <= rate) {
-        get_cover(beyond_life);
+        get_cover(to_qt(no_result_text(Outcome::limit_exceeded)));
         module.report(limit_text_);
         return;
     }
-    switch (compute(rate)) {
-        case Outcome::complete:
-            show_note();
-            break;
-        case Outcome::limit_exceeded:
-            show_limit(rate);
-            break;
-        case Outcome::nothing_left:
-            get_cover(nothing_left);
-            break;
-        case Outcome::no_payments:
-            get_cover(no_payments);
-            break;
+    const Outcome outcome = compute(rate);
+    if (outcome == Outcome::complete) {
+        show_note();
+    } else if (outcome == Outcome::limit_exceeded) {
+        show_limit(rate);
+    } else {
+        get_cover(to_qt(no_result_text(outcome)));
     }
 }
 
@@ -98,8 +86,7 @@ Outcome ScheduleScreen::compute(double rate) {
     store_result([this, schedule = projection.schedule, heading = heading_of(scenario, projection)] {
         store(module.database(), schedule, heading);
     });
-    rows_->show_rows(0, module.database().schedule().RecordCount());
-    grddist->scrollToTop();
+    schedule_->show_projection(projection);
     return projection.outcome;
 }
 
@@ -107,13 +94,14 @@ void ScheduleScreen::show_result(const Projection& projection) {
     uncover();
     dis_mnu(0);
     show_values(true);
+    show_headline(projection);
     lblnumber->setNum(projection.schedule.number_of_payments);
     show_money(lbltotalvalue, projection.total_paid);
 }
 
 void ScheduleScreen::show_limit(double rate) {
     rate_ceiling_ = rate;
-    get_cover(beyond_life);
+    get_cover(to_qt(no_result_text(Outcome::limit_exceeded)));
     module.check_payments_exceed_life();
     limit_text_ = scenario.message_text;
 }
@@ -129,6 +117,7 @@ void ScheduleScreen::dis_mnu(int what) {
         return;
     }
     const bool enabled = what == 0;
+    schedule_->choice()->setEnabled(enabled);
     print_buttons->setEnabled(enabled);
     cmdchart->setEnabled(enabled);
     pichart->setEnabled(enabled);

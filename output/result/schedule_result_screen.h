@@ -1,23 +1,26 @@
-// Base of the result screens that show a schedule of payments: the computation step, the grid, the
-// cover over it, the chart button.
+// Base of the result screens that show a schedule of payments: the computation step, the schedule, the
+// cover over it, the buttons that lead to its chart and to the comparison of the rates.
 #pragma once
 
-#include "engine/projection.h"
 #include "output/result/result_screen.h"
 
 namespace kelvar {
 
-class Grid;
-class RecordTableModel;
+class ScheduleView;
 
 class ScheduleScreen : public ResultScreen {
     Q_OBJECT
+
+public:
+    // Also shows the rate that was chosen in the comparison.
+    void activate() override;
 
 protected:
     ScheduleScreen(Module1& module, ScreenId id, const char* name, ScreenId chart);
 
     void load() override;
     void get_value() override;
+    Table shown_table() const override;
 
     // Shows the values before the payments as the scenario holds them, or nothing while the result is
     // covered.
@@ -28,7 +31,7 @@ protected:
     QLabel* lblfee = nullptr;
 
 private:
-    void build_chart_buttons();
+    void build_buttons();
 
     Outcome compute(double rate);
     void show_result(const Projection& projection);
@@ -42,8 +45,8 @@ private:
     ScreenId chart_;
     QPushButton* cmdchart = nullptr;
     QToolButton* pichart = nullptr;
-    Grid* grddist = nullptr;
-    RecordTableModel* rows_ = nullptr;
+    QPushButton* cmdcompare = nullptr;
+    ScheduleView* schedule_ = nullptr;
 };
 
 }  // namespace kelvar

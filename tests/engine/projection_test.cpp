@@ -188,7 +188,7 @@ struct Sum {
 Sum read_sum(const std::string& text) {
     Sum sum;
     long long* side = &sum.left;
-    for (std::size_t at = 0; at < text.size() && text[at] != '.'; ++at) {
+    for (std::size_t at = 0; at < text.size() && text[at] != '.' && text[at] != ';'; ++at) {
         if (text[at] == '=') {
             side = &sum.right;
         } else if (text[at] == '$') {

@@ -105,8 +105,9 @@ TEST_F(GridTest, RowsChosenByKeysAndPointerAreCopiedInTheOrderOfTheGrid) {
     EXPECT_LT(grid.selectionModel()->selectedRows().size(), 13);
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(copied().startsWith(u"Row/0/1/"_s) && copied().endsWith(u"/18/19/"_s));
-    EXPECT_EQ(QApplication::clipboard()->mimeData()->html(),
-              html_table(model, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19}));
+    EXPECT_EQ(
+        QApplication::clipboard()->mimeData()->html(),
+        html_table(model, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19}));
     press(Qt::Key_Down);
     EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 1);
 }
@@ -129,7 +130,8 @@ TEST(GridMarks, PartGroupsByALineAndSayWhatChanged) {
     Database database(folder.database());
     const Recordset& lifexp = database.lifexp();
     RecordTableModel model(
-        lifexp, {field_column(lifexp, "age", u"Age"_s), money_column(lifexp, "multiple", u"$"_s, "$0.00")},
+        lifexp,
+        {field_column(lifexp, "age", u"Age"_s), money_column(lifexp, "multiple", u"$"_s, "$0.00")},
         nullptr);
     model.set_marks(0, [](const Recordset&, std::size_t row) {
         return RecordTableModel::RowMarks{.new_group = row % 5 == 0, .changed = row % 5 == 0};

@@ -1,0 +1,154 @@
+#include "output/result/schedule_view.h"
+
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QRadioButton>
+#include <QStackedWidget>
+
+#include "core/numbers.h"
+#include "engine/explanation.h"
+#include "engine/years.h"
+#include "output/result/cells.h"
+#include "widgets/grid.h"
+#include "widgets/record_table_model.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr int amount_column = 3;
+constexpr int year_column = 6;
+
+std::vector<RecordTableModel::Column> payment_columns(const Recordset& schedule) {
+    return {field_column(schedule, "number", u"Payment  #"_s),
+            field_column(schedule, "remaining", u"Payments Remaining"_s),
+            money_column(schedule, "startbalance", u"Beginning Balance"_s, pattern::dollars),
+            money_column(schedule, "payment", u"Amount"_s, pattern::payment),
+            money_column(schedule, "remainbalance", u"Remaining Balance"_s, pattern::dollars),
+            field_column(schedule, "Month", u"Month"_s, Qt::AlignLeft),
+            field_column(schedule, "Year", u"Year"_s)};
+}
+
+std::vector<TextTableModel::Column> year_columns() {
+    return {{u"Year"_s},     {u"Age"_s},  {u"Payments"_s}, {u"Beginning Balance"_s},
+            {u"Earnings"_s}, {u"Fees"_s}, {u"Paid"_s},     {u"Ending Balance"_s}};
+}
+
+// A text that takes part in the height of two lines, so that the grid above it keeps its place.
+QLabel* two_lines(const char* name) {
+    QLabel* label = theme::label({}, theme::Role::body, name);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
+    return label;
+}
+
+}  // namespace
+
+ScheduleView::ScheduleView(const Scenario& of_program)
+    : scenario(of_program), grids_(new QStackedWidget) {
+    choice_ = build_choice();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(theme::grid);
+    grddist = new Grid("grddist", u"Schedule of payments"_s);
+    grdyear = new Grid("grdyear", u"Years of the schedule"_s);
+    grids_->addWidget(grddist);
+    grids_->addWidget(grdyear);
+    column->addWidget(grids_, 1);
+    column->addWidget(build_panel());
+}
+
+QWidget* ScheduleView::build_choice() {
+    auto* choice = new QWidget;
+    auto* row = new QHBoxLayout(choice);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2 * theme::grid);
+    const QString captions[] = {u"Pa&yments"_s, u"Y&ears"_s};
+    for (int view = 0; view < 2; ++view) {
+        optview[view] = new QRadioButton(captions[view]);
+        optview[view]->setObjectName(u"optview_%1"_s.arg(view));
+        row->addWidget(optview[view]);
+    }
+    optview[0]->setChecked(true);
+    connect(optview[1], &QRadioButton::toggled, this, [this] { choose_view(); });
+    return choice;
+}
+
+QWidget* ScheduleView::build_panel() {
+    panel_ = new QStackedWidget;
+    lblexplain = two_lines("lblexplain");
+    lblledger = two_lines("lblledger");
+    panel_->addWidget(lblexplain);
+    panel_->addWidget(lblledger);
+    return panel_;
+}
+
+void ScheduleView::load(Recordset& schedule) {
+    rows_ = new RecordTableModel(schedule, payment_columns(schedule), this);
+    rows_->set_marks(amount_column, [this](const Recordset&, std::size_t row) {
+        const bool known = row < projection_.schedule.rows.size();
+        return RecordTableModel::RowMarks{known && begins_year(projection_.schedule, row),
+                                          known && amount_changes(projection_.schedule, row)};
+    });
+    grddist->setModel(rows_);
+    grddist->set_search_column(year_column);
+    connect(grddist->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { explain(); });
+    years_ = new TextTableModel(year_columns(), this);
+    grdyear->setModel(years_);
+}
+
+void ScheduleView::show_projection(const Projection& projection) {
+    projection_ = projection;
+    rows_->show_rows(0, projection.schedule.rows.size());
+    grddist->setCurrentIndex(rows_->index(0, 0));
+    grddist->scrollToTop();
+    if (shows_years()) {
+        show_years();
+    }
+}
+
+bool ScheduleView::shows_years() const {
+    return optview[1]->isChecked();
+}
+
+const QAbstractItemModel* ScheduleView::shown_rows() const {
+    return static_cast<QTableView*>(grids_->currentWidget())->model();
+}
+
+void ScheduleView::choose_view() {
+    if (shows_years()) {
+        show_years();
+    }
+    grids_->setCurrentIndex(shows_years() ? 1 : 0);
+    panel_->setCurrentIndex(shows_years() ? 1 : 0);
+}
+
+void ScheduleView::explain() {
+    const QModelIndex current = grddist->currentIndex();
+    const bool known = current.isValid() && projection_.outcome == Outcome::complete;
+    const QString text = known ? to_qt(explanation(scenario, projection_,
+                                                   static_cast<std::size_t>(current.row())))
+                               : QString();
+    lblexplain->setText(text);
+    grddist->setAccessibleDescription(text);
+}
+
+void ScheduleView::show_years() {
+    std::vector<std::vector<TextTableModel::Cell>> rows;
+    for (const YearRow& year : years_of(projection_, scenario.birth_date, scenario.fee_amount)) {
+        rows.push_back({number_cell(year.year), number_cell(year.age), number_cell(year.payments),
+                        money_cell(year.beginning), money_cell(year.earnings), money_cell(year.fees),
+                        money_cell(year.paid), money_cell(year.ending)});
+    }
+    years_->show_rows(std::move(rows));
+    lblledger->setText(to_qt(ledger_text(scenario, projection_.ledger)));
+}
+
+}  // namespace kelvar

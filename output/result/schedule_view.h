@@ -1,0 +1,58 @@
+// A schedule by payments or by years, and the panel below it: why the chosen payment has its amount, or
+// where the money of all years came from and went.
+#pragma once
+
+#include <QWidget>
+
+#include "core/records.h"
+#include "engine/projection.h"
+
+class QAbstractItemModel;
+class QLabel;
+class QRadioButton;
+class QStackedWidget;
+
+namespace kelvar {
+
+class Grid;
+class RecordTableModel;
+class TextTableModel;
+
+class ScheduleView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ScheduleView(const Scenario& scenario);
+
+    // The options Payments and Years, which stand above the view.
+    QWidget* choice() const { return choice_; }
+    // The payments are read from their record set as they are painted.
+    void load(Recordset& schedule);
+    // A projection whose payments are stored.
+    void show_projection(const Projection& projection);
+
+    bool shows_years() const;
+    const QAbstractItemModel* shown_rows() const;
+
+private:
+    QWidget* build_choice();
+    QWidget* build_panel();
+    void choose_view();
+    void explain();
+    void show_years();
+
+    const Scenario& scenario;
+    Projection projection_;
+    QWidget* choice_ = nullptr;
+    QRadioButton* optview[2] = {};
+    QStackedWidget* grids_ = nullptr;
+    QStackedWidget* panel_ = nullptr;
+    Grid* grddist = nullptr;
+    Grid* grdyear = nullptr;
+    QLabel* lblexplain = nullptr;
+    QLabel* lblledger = nullptr;
+    RecordTableModel* rows_ = nullptr;
+    TextTableModel* years_ = nullptr;
+};
+
+}  // namespace kelvar
