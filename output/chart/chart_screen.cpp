@@ -10,7 +10,6 @@
 #include "engine/yearly_chart.h"
 #include "output/report/page_painter.h"
 #include "output/report/saved_file.h"
-#include "widgets/bar_chart.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"

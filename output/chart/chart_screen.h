@@ -4,14 +4,13 @@
 
 #include "output/report/print_buttons.h"
 #include "shell/screen.h"
+#include "widgets/bar_chart.h"
 
 class QGridLayout;
 
 namespace kelvar {
 
-class BarChart;
 class SummaryPanel;
-struct BarData;
 
 class ChartScreen : public Screen {
     Q_OBJECT

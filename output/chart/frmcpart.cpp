@@ -1,7 +1,6 @@
 #include "output/chart/frmcpart.h"
 
 #include "core/numbers.h"
-#include "widgets/bar_chart.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;

@@ -41,7 +41,7 @@ frmvang::frmvang(Module1& module1)
     BarData bars{.labels = {},
                  .sets = {years_at(10.0, returns), years_at(15.0, returns)},
                  .upper = upper_years,
-                 .unit = BarUnit::years,
+                 .unit = ChartUnit::years,
                  .value_title = u"Years that payments last"_s,
                  .label_title = u"Average annual total return"_s};
     for (const int percent : returns) {

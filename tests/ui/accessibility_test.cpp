@@ -24,7 +24,7 @@
 
 #include "output/report/print_buttons.h"
 #include "tests/support/stations.h"
-#include "widgets/bar_chart.h"
+#include "widgets/chart.h"
 #include "widgets/grid.h"
 #include "widgets/theme.h"
 #include "widgets/wrapping_radio_button.h"
@@ -205,23 +205,23 @@ TEST_F(Dialogs, AreReadableAndHoldTheFocus) {
     EXPECT_EQ(seen.join(u' ').toStdString(), "frmmsg frmmsg1 frmclaim frmPortfolios");
 }
 
-TEST_P(EveryScreen, BarsOfAChartAreItsChildren) {
-    for (BarChart* chart : visible<BarChart>()) {
+TEST_P(EveryScreen, PlacesOfAChartAreItsChildren) {
+    for (Chart* chart : visible<Chart>()) {
         QAccessibleInterface* element = QAccessible::queryAccessibleInterface(chart);
         EXPECT_EQ(element->role(), QAccessible::Chart);
-        ASSERT_EQ(element->childCount(), chart->bars());
+        ASSERT_EQ(element->childCount(), chart->places());
         chart->setFocus();
         press(Qt::Key_End);
-        QAccessibleInterface* last = element->child(chart->bars() - 1);
+        QAccessibleInterface* last = element->child(chart->places() - 1);
         EXPECT_EQ(element->focusChild(), last);
         EXPECT_TRUE(last->state().focused);
-        EXPECT_EQ(element->indexOfChild(last), chart->bars() - 1);
+        EXPECT_EQ(element->indexOfChild(last), chart->places() - 1);
         EXPECT_EQ(last->text(QAccessible::Name), text_of("lblreadout"));
         EXPECT_FALSE(element->child(0)->state().focused);
         press(Qt::Key_Tab);  // now the words are on the chart as a whole
         EXPECT_EQ(text_of("lblreadout"), chart->accessibleDescription());
-        for (int bar = 0; bar < chart->bars(); ++bar) {
-            EXPECT_NE(text_of("lblreadout"), chart->sentence(bar));
+        for (int place = 0; place < chart->places(); ++place) {
+            EXPECT_NE(text_of("lblreadout"), chart->sentence(place));
         }
     }
 }
@@ -261,7 +261,7 @@ TEST_P(LargeText, IsNotClipped) {
     }
     EXPECT_EQ(window->visible_screen()->size(), QSize(869, 680));
     const QWidget* focus = window->focusWidget();
-    EXPECT_TRUE(focus->inherits("QTableView") || focus->inherits("kelvar::BarChart") ||
+    EXPECT_TRUE(focus->inherits("QTableView") || focus->inherits("kelvar::Chart") ||
                 focus->visibleRegion().boundingRect() == focus->rect())
         << name_of(focus) << " has the focus and is out of sight";
     for (const QScrollArea* area : visible<QScrollArea>()) {

@@ -1,20 +1,20 @@
-#include "widgets/accessible_bar_chart.h"
+#include "widgets/accessible_chart.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <map>
 
-#include "widgets/bar_chart.h"
+#include "widgets/chart.h"
 
 namespace kelvar {
 
 namespace {
 
-class AccessibleBar : public QAccessibleInterface {
+class AccessiblePlace : public QAccessibleInterface {
 public:
-    AccessibleBar(BarChart* chart, int place) : chart_(chart), place_(place) {}
+    AccessiblePlace(Chart* chart, int place) : chart_(chart), place_(place) {}
 
-    bool isValid() const override { return chart_ != nullptr && place_ < chart_->bars(); }
+    bool isValid() const override { return chart_ != nullptr && place_ < chart_->places(); }
     QObject* object() const override { return nullptr; }
     QWindow* window() const override { return chart_->window()->windowHandle(); }
     QAccessibleInterface* parent() const override {
@@ -25,7 +25,14 @@ public:
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     QString text(QAccessible::Text text) const override {
-        return text == QAccessible::Name ? chart_->sentence(place_) : QString();
+        switch (text) {
+            case QAccessible::Name:
+                return chart_->sentence(place_);
+            case QAccessible::Description:
+                return chart_->detail(place_);
+            default:
+                return {};
+        }
     }
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override { return parent()->rect(); }
@@ -39,36 +46,36 @@ public:
     }
 
 private:
-    QPointer<BarChart> chart_;
+    QPointer<Chart> chart_;
     int place_;
 };
 
-class AccessibleBarChart : public QAccessibleWidget {
+class AccessibleChart : public QAccessibleWidget {
 public:
-    explicit AccessibleBarChart(BarChart* chart) : QAccessibleWidget(chart, QAccessible::Chart) {}
-    AccessibleBarChart(const AccessibleBarChart&) = delete;
-    AccessibleBarChart& operator=(const AccessibleBarChart&) = delete;
-    ~AccessibleBarChart() override {
-        for (const auto& [place, id] : bars_) {
+    explicit AccessibleChart(Chart* chart) : QAccessibleWidget(chart, QAccessible::Chart) {}
+    AccessibleChart(const AccessibleChart&) = delete;
+    AccessibleChart& operator=(const AccessibleChart&) = delete;
+    ~AccessibleChart() override {
+        for (const auto& [place, id] : places_) {
             QAccessible::deleteAccessibleInterface(id);
         }
     }
 
-    int childCount() const override { return chart()->bars(); }
+    int childCount() const override { return chart()->places(); }
     QAccessibleInterface* child(int place) const override {
         if (place < 0 || place >= childCount()) {
             return nullptr;
         }
-        auto known = bars_.find(place);
-        if (known == bars_.end()) {
-            auto* bar = new AccessibleBar(chart(), place);
-            known = bars_.emplace(place, QAccessible::registerAccessibleInterface(bar)).first;
+        auto known = places_.find(place);
+        if (known == places_.end()) {
+            auto* made = new AccessiblePlace(chart(), place);
+            known = places_.emplace(place, QAccessible::registerAccessibleInterface(made)).first;
         }
         return QAccessible::accessibleInterface(known->second);
     }
-    int indexOfChild(const QAccessibleInterface* bar) const override {
-        for (const auto& [place, id] : bars_) {
-            if (QAccessible::accessibleInterface(id) == bar) {
+    int indexOfChild(const QAccessibleInterface* sought) const override {
+        for (const auto& [place, id] : places_) {
+            if (QAccessible::accessibleInterface(id) == sought) {
                 return place;
             }
         }
@@ -79,19 +86,19 @@ public:
     }
 
 private:
-    BarChart* chart() const { return static_cast<BarChart*>(widget()); }
+    Chart* chart() const { return static_cast<Chart*>(widget()); }
 
-    mutable std::map<int, QAccessible::Id> bars_;  // made when first asked for
+    mutable std::map<int, QAccessible::Id> places_;  // made when first asked for
 };
 
 QAccessibleInterface* make(const QString&, QObject* object) {
-    auto* chart = qobject_cast<BarChart*>(object);
-    return chart == nullptr ? nullptr : new AccessibleBarChart(chart);
+    auto* chart = qobject_cast<Chart*>(object);
+    return chart == nullptr ? nullptr : new AccessibleChart(chart);
 }
 
 }  // namespace
 
-void make_bar_charts_accessible() {
+void make_charts_accessible() {
     QAccessible::installFactory(make);
 }
 

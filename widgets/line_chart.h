@@ -1,0 +1,38 @@
+// A line chart on a screen: Left and Right go from label to label, Up and Down from line to line as they
+// lie above each other, Home and End to the first and last value of a line; the pointer says the
+// nearest value.
+#pragma once
+
+#include "widgets/chart.h"
+
+namespace kelvar {
+
+class LineChartDrawing;
+
+using LineSet = ChartSet;  // may have fewer values than there are labels: its line ends early
+using LineData = ChartData;
+
+class LineChart : public Chart {
+    Q_OBJECT
+
+public:
+    LineChart(const char* name, const QString& accessible_name) : Chart(name, accessible_name) {}
+
+    // May be called again; no line is chosen then. Up to four are told apart.
+    void show_lines(const LineData& lines) { show_data(lines); }
+    // Draws this line stronger, and the keys go on from it; with the focus it is said at once.
+    void choose(int set);
+
+    // Such as "2031, 5%: $201,334.12".
+    QString sentence(int place) const override;
+
+protected:
+    ChartDrawing* new_drawing(const ChartDrawing::Look& look) const override;
+    std::optional<int> place_after(int key) const override;
+
+private:
+    LineChartDrawing& lines() const;
+    int neighbour(int step) const;
+};
+
+}  // namespace kelvar
