@@ -80,6 +80,7 @@ void CommencementLists::take() {
     scenario.scenario_year = static_cast<std::int16_t>(cmbscnyear->currentText().toInt());
     scenario.scenario_month =
         static_cast<std::int16_t>(month_number(to_utf8(cmbscnmonth->currentText())));
+    emit taken();
 }
 
 }  // namespace kelvar

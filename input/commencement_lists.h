@@ -22,6 +22,9 @@ public:
     // Stores what is chosen, 0 where nothing can be, while the method has a commencement.
     void take();
 
+signals:
+    void taken();
+
 private:
     void build();
     void get_month2();

@@ -6,7 +6,9 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "input/limit_line.h"
 #include "input/rules/first_payment.h"
+#include "input/rules/limits.h"
 #include "input/rules/lookup_ages.h"
 #include "widgets/controls.h"
 #include "widgets/text.h"
@@ -52,8 +54,11 @@ void FirstPaymentLists::build() {
     age->addWidget(lblage);
     grid->addLayout(age, 1, 2);
     grid->setColumnStretch(3, 1);
+    lbllatest = limit_line("lbllatest");
+    grid->addWidget(lbllatest, 2, 0, 1, 4);
     lblchanged = control::paragraph({}, "lblchanged");
-    grid->addWidget(lblchanged, 2, 0, 1, 4);
+    lblchanged->hide();
+    grid->addWidget(lblchanged, 3, 0, 1, 4);
 }
 
 void FirstPaymentLists::offer() {
@@ -90,6 +95,13 @@ void FirstPaymentLists::get_year() {
         const QSignalBlocker quiet(Cmbfrstyear);
         Cmbfrstyear->setCurrentIndex(wished);
     }
+    show_latest(latest_first_month(birth, module.today()));
+}
+
+void FirstPaymentLists::show_latest(std::optional<Date> month) {
+    const QString latest =
+        month ? u"Payments may begin up to %1."_s.arg(to_qt(month_year_text(*month))) : QString();
+    show_limit(lbllatest, latest, {Cmbfrstmonth, Cmbfrstyear});
 }
 
 void FirstPaymentLists::chk_year() {
@@ -131,6 +143,11 @@ void FirstPaymentLists::show_age() {
 
 void FirstPaymentLists::clear_age() {
     lblage->clear();
+    clear_latest();
+}
+
+void FirstPaymentLists::clear_latest() {
+    show_latest(std::nullopt);
 }
 
 // Says when the lists do not offer what the user chose. (A month that has passed is moved silently.)
@@ -143,6 +160,7 @@ void FirstPaymentLists::show_changed() {
                                       .arg(wished_year_)
                                       .arg(Cmbfrstmonth->currentText())
                                       .arg(year()));
+    lblchanged->setVisible(!offered);
 }
 
 int FirstPaymentLists::month() const {

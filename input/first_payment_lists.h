@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
 #include "core/module1.h"
 
@@ -26,7 +27,10 @@ public:
     void follow_day();
     // Lists and age follow a new date of birth.
     void follow_birth();
+    // The date of birth is refused: neither the age nor the latest month is known.
     void clear_age();
+    // The date of birth was taken away.
+    void clear_latest();
 
     int month() const;      // 1..12
     int year() const;       // 0 while no year is offered
@@ -42,6 +46,7 @@ private:
     bool over_72() const;
     void less_month_now();
     void show_age();
+    void show_latest(std::optional<Date> month);
     void show_changed();
 
     Module1& module;
@@ -49,6 +54,7 @@ private:
     QComboBox* Cmbfrstmonth = nullptr;
     QComboBox* Cmbfrstyear = nullptr;
     QLabel* lblage = nullptr;
+    QLabel* lbllatest = nullptr;
     QLabel* lblchanged = nullptr;
     int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
     int wished_year_ = 0;   // 0 while none was chosen

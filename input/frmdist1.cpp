@@ -37,7 +37,9 @@ void frmdist1::build_birth() {
     row->addStretch(1);
     content()->addWidget(fram1);
     on_leave(mskbirth, [this](Leaving leaving) {
-        if (!leaving.to_navigation && !mskbirth->is_empty()) {
+        if (mskbirth->is_empty()) {
+            first_payment_->clear_latest();
+        } else if (!leaving.to_navigation) {
             chk_birth();
         }
     });

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "input/commencement_lists.h"
 #include "input/partial_amount_box.h"
@@ -48,10 +49,9 @@ void frmdist2::build_methods() {
     build_partial(column);
     content()->addWidget(method_card(3, u"&Rollover funds out of the 457 and 401(K) Plan"_s, column));
 
-    const Screens& screens = module.screens;
-    optmethod[0]->setEnabled(screens.offers(ScreenId::frmlump));
-    optmethod[2]->setEnabled(screens.offers(ScreenId::frmparti));
-    optmethod[3]->setEnabled(screens.offers(ScreenId::frmderrmsg));
+    optmethod[0]->setEnabled(module.screens.offers(ScreenId::frmlump));
+    optmethod[2]->setEnabled(module.screens.offers(ScreenId::frmparti));
+    optmethod[3]->setEnabled(module.screens.offers(ScreenId::frmderrmsg));
     opens(optmethod[1], chkperiod);
     opens(optmethod[2], periodic_after_partial_);
     auto* one_of = new QButtonGroup(this);
@@ -88,13 +88,14 @@ void frmdist2::build_partial(QBoxLayout* card) {
     column->setContentsMargins(theme::side_margin(), 0, 0, 0);
     card->addWidget(periodic_after_partial_);
 
-    partial_amount_ = new PartialAmountBox(scenario);
+    partial_amount_ = new PartialAmountBox(module);
     column->addWidget(partial_amount_);
     column->addWidget(
         theme::label(u"With remaining balance to be paid:"_s, theme::Role::body, "lblmethod_0"));
     chkpartial = frequency_boxes("chkpartial", column);
     commencement_ = new CommencementLists(module);
     column->addWidget(commencement_);
+    connect(commencement_, &CommencementLists::taken, partial_amount_, &PartialAmountBox::show_least);
 
     on_leave(partial_amount_->dollars(), [this](Leaving leaving) {
         if (!is_option(leaving.to)) {
@@ -123,12 +124,7 @@ void frmdist2::load() {
     dis_f2();
     dis_f3();
     wait_for_method(u"Choose how the account is to be paid out to go on."_s);
-    for (QRadioButton* option : optmethod) {
-        if (option->isEnabled()) {
-            set_first_field(option);
-            break;
-        }
-    }
+    set_first_field(*std::ranges::find_if(optmethod, &QWidget::isEnabled));
 }
 
 void frmdist2::activate() {
@@ -148,6 +144,7 @@ void frmdist2::choose_method(int index) {
     scenario.partial_percent.clear();
     scenario.scenario_month = 0;
     scenario.scenario_year = 0;
+    partial_amount_->show_least();
     switch (index) {
         case 0:
             scenario.method = lump_sum;

@@ -8,8 +8,10 @@
 
 #include "core/numbers.h"
 #include "core/plan.h"
+#include "input/length_limits.h"
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
+#include "input/limited_box.h"
 #include "input/rules/joint_life.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/next_checks.h"
@@ -52,20 +54,12 @@ void frmdist3::build_options(QBoxLayout* column) {
     }
     txtnumber = control::money_box("txtnumber", u"Number of Payments"_s);
     txtfixamount = control::money_box("txtfixamount", u"Dollar Amount of Payments"_s);
-    const auto add_box = [column](const QString& sign, QLineEdit* box) {
-        auto* row = new QHBoxLayout;
-        row->setContentsMargins(4 * theme::grid, 0, 0, theme::grid);
-        if (!sign.isEmpty()) {
-            row->addWidget(theme::label(sign, theme::Role::body));
-        }
-        row->addWidget(box);
-        row->addStretch(1);
-        column->addLayout(row);
-    };
+    number_ = new LimitedBox({}, txtnumber, "lblnumberlimit");
+    amount_ = new LimitedBox(u"$"_s, txtfixamount, "lblamountlimit");
     column->addWidget(optlength[0]);
-    add_box({}, txtnumber);
+    column->addWidget(number_);
     column->addWidget(optlength[1]);
-    add_box(u"$"_s, txtfixamount);
+    column->addWidget(amount_);
     column->addWidget(optlength[2]);
     build_life_options(column);
     column->addStretch(1);
@@ -82,6 +76,7 @@ void frmdist3::build_life_options(QBoxLayout* column) {
     opens(optlength[2], life_options_->single());
     opens(optlength[2], life_options_->joint());
     connect(life_options_, &LifeOptions::chosen, this, [this] { choose_life(); });
+    connect(mskbenebirth, &QLineEdit::textChanged, this, [this] { show_limits(); });
     on_leave(mskbenebirth, [this](Leaving leaving) {
         // Going to another option gives the joint choice up; the date no longer matters then.
         const bool to_option = qobject_cast<QRadioButton*>(leaving.to) != nullptr;
@@ -103,12 +98,19 @@ void frmdist3::load() {
 void frmdist3::activate() {
     scenario.payment_start_age = payment_start_age(scenario);
     show_ages();
+    show_limits();
     mark_joint_pair();
 }
 
 void frmdist3::show_ages() {
     life_table_->show_ages(scenario, module.today());
     life_options_->name_single(payment_start_age(scenario) >= plan::minimum_distribution_from);
+}
+
+void frmdist3::show_limits() {
+    number_->show_limit(number_limit(module));
+    amount_->show_limit(amount_limit(module));
+    life_options_->show_payments(life_limit(module, *life_options_));
 }
 
 void frmdist3::mark_joint_pair() {
@@ -166,6 +168,7 @@ void frmdist3::show_tables() {
     scenario.joint_life = joint;
     life_table_->show_joint(joint);
     life_options_->show_spouse(joint);
+    show_limits();
 }
 
 void frmdist3::dis_f3() {
@@ -229,6 +232,7 @@ void frmdist3::go_next() {
         txtfixamount->setText(to_qt(format_number(scenario.fixed_amount, pattern::plain_amount)));
     }
     if (check && !told) {
+        show_limits();  // the day can have changed
         refuse(check->text, check->field);
         return;
     }

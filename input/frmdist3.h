@@ -11,6 +11,7 @@ namespace kelvar {
 
 class LifeOptions;
 class LifeTablePanel;
+class LimitedBox;
 class MaskedDateEdit;
 
 // Length of payments: a number, a dollar amount, or a life expectancy, beside the table it is checked
@@ -39,6 +40,7 @@ private:
     void back_to_single_life();
     bool joint_chosen() const;
     void show_tables();
+    void show_limits();
     void dis_f1() { txtnumber->setEnabled(false); }
     void dis_f2() { txtfixamount->setEnabled(false); }
     void dis_f3();
@@ -53,6 +55,8 @@ private:
     std::array<QRadioButton*, 3> optlength{};
     QLineEdit* txtnumber = nullptr;
     QLineEdit* txtfixamount = nullptr;
+    LimitedBox* number_ = nullptr;
+    LimitedBox* amount_ = nullptr;
     LifeOptions* life_options_ = nullptr;
     MaskedDateEdit* mskbenebirth = nullptr;
     LifeTablePanel* life_table_ = nullptr;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "input/limit_line.h"
 #include "widgets/controls.h"
 #include "widgets/masked_date_edit.h"
 #include "widgets/theme.h"
@@ -21,6 +22,8 @@ LifeOptions::LifeOptions() {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4 * theme::grid, 0, 0, 0);
     column->setSpacing(theme::grid);
+    lbllifelimit = limit_line("lbllifelimit");
+    column->addWidget(lbllifelimit);
     column->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
     auto* one_of = new QButtonGroup(this);
     for (std::size_t index = 0; index < oplifeexp.size(); ++index) {
@@ -61,6 +64,10 @@ void LifeOptions::set_options_enabled(bool enabled) {
 
 void LifeOptions::show_spouse(bool shown) {
     frame3->setVisible(shown);
+}
+
+void LifeOptions::show_payments(const QString& payments) {
+    show_limit(lbllifelimit, payments, {single(), joint(), mskbenebirth});
 }
 
 }  // namespace kelvar

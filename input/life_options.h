@@ -5,6 +5,7 @@
 
 class QBoxLayout;
 class QGroupBox;
+class QLabel;
 class QRadioButton;
 
 namespace kelvar {
@@ -27,6 +28,8 @@ public:
     void name_single(bool minimum_distribution);
     void set_options_enabled(bool enabled);
     void show_spouse(bool shown);
+    // Says how many payments the chosen one gives.
+    void show_payments(const QString& payments);
 
 signals:
     // The user has chosen one of the two.
@@ -36,6 +39,7 @@ private:
     void build_spouse(QBoxLayout* column);
 
     std::array<QRadioButton*, 2> oplifeexp{};
+    QLabel* lbllifelimit = nullptr;
     QGroupBox* frame3 = nullptr;
     MaskedDateEdit* mskbenebirth = nullptr;
 };

@@ -4,6 +4,8 @@
 #include <QLineEdit>
 
 #include "core/numbers.h"
+#include "input/limit_line.h"
+#include "input/rules/limits.h"
 #include "input/rules/partial_amount.h"
 #include "widgets/controls.h"
 #include "widgets/entry_list.h"
@@ -14,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-PartialAmountBox::PartialAmountBox(Scenario& of_program) : scenario(of_program) {
+PartialAmountBox::PartialAmountBox(Module1& module1) : module(module1), scenario(module1.scenario) {
     build();
     for (int percentage = 1; percentage < 100; ++percentage) {
         cmbPercent->addItem(QString::number(percentage));
@@ -50,7 +52,11 @@ void PartialAmountBox::build() {
     row->setContentsMargins(0, 0, 0, 0);
     row->addLayout(dollars);
     row->addLayout(percent, 1);
-    setLayout(row);
+    lblleastpartial = limit_line("lblleastpartial");
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(row);
+    column->addWidget(lblleastpartial);
 }
 
 QWidget* PartialAmountBox::dollars() const {
@@ -69,6 +75,14 @@ void PartialAmountBox::follow_balance() {
     if (scenario.present_value != shown_present_value_ && scenario.partial_amount != 0.0) {
         show_percentage();
     }
+}
+
+void PartialAmountBox::show_least() {
+    const auto least = least_partial_amount(scenario, module.database(), module.today());
+    const QString limit = least ? u"At least %1, the minimum distribution for that year"_s.arg(
+                                      to_qt(format_number(*least, pattern::dollars)))
+                                : QString();
+    show_limit(lblleastpartial, limit, {txtpartial, cmbPercent});
 }
 
 void PartialAmountBox::take_all() {

@@ -3,9 +3,10 @@
 #include <QWidget>
 #include <string>
 
-#include "core/scenario.h"
+#include "core/module1.h"
 #include "input/rules/refusal.h"
 
+class QLabel;
 class QLineEdit;
 
 namespace kelvar {
@@ -18,7 +19,7 @@ class PartialAmountBox : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PartialAmountBox(Scenario& scenario);
+    explicit PartialAmountBox(Module1& module);
 
     QWidget* dollars() const;
     QWidget* percentage() const;
@@ -26,6 +27,8 @@ public:
 
     // Works the percentage out anew where the balance is no longer the one it was worked out for.
     void follow_balance();
+    // Says what the least amount is where the minimum distribution will be checked.
+    void show_least();
     // Takes what stands in the boxes when the method is chosen.
     void take_all();
     // Takes what was typed and not left yet; false when that was refused.
@@ -52,9 +55,11 @@ private:
     void apply_percentage(double percentage);
     void show_percentage();
 
+    Module1& module;
     Scenario& scenario;
     QLineEdit* txtpartial = nullptr;
     EntryList* cmbPercent = nullptr;
+    QLabel* lblleastpartial = nullptr;
     double shown_present_value_ = 0.0;  // for which the percentage was last worked out
     bool percentage_edited_ = false;    // typed but not yet taken over
 };

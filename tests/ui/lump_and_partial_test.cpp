@@ -174,6 +174,35 @@ TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
     EXPECT_FALSE(find<QWidget>("lblnomonth")->isVisible());
 }
 
+// Paid at 73, of divisor 26.5, which is also that of the rest from January 2021 on.
+TEST_F(Partial, LeastAmountIsNamedWhereTheMinimumDistributionIsChecked) {
+    const QString least = u"At least $9,433.97, the minimum distribution for that year"_s;
+    go_to_method(u"06151947"_s);
+    click("optmethod_2");
+    EXPECT_EQ(text_of("lblleastpartial"), QString());
+    choose("cmbscnyear", u"2021"_s);
+    EXPECT_EQ(text_of("lblleastpartial"), least);
+    EXPECT_EQ(find<QWidget>("txtpartial")->accessibleDescription(), least);
+    click("optmethod_1");
+    EXPECT_EQ(text_of("lblleastpartial"), QString());
+    click("optmethod_2");
+    click("chkpartial_0");
+    for (const QString& amount : {u"9433.96"_s, u"9433.97"_s}) {
+        EXPECT_EQ(screen_name(), u"frmdist2"_s);
+        EXPECT_EQ(text_of("lblleastpartial"), least);
+        enter("txtpartial", amount);
+        click("Cmdnext");
+    }
+    EXPECT_EQ(take_messages().size(), 1u);
+    EXPECT_EQ(text_of("lblamountlimit"), u"At least $756.50 a month"_s);
+    click("cmdprev");
+    click("cmdprev");
+    enter("txtcurvalue", u"100000"_s);
+    click("Cmdnext");
+    EXPECT_EQ(text_of("lblleastpartial"),
+              u"At least $3,773.59, the minimum distribution for that year"_s);
+}
+
 // Past 70½, with the first payment in the last month that the plan allows.
 TEST_F(Partial, NoMonthLeftIsSaid) {
     go_to_method(u"06151949"_s, u"250000"_s, u"March"_s, u"2021"_s);

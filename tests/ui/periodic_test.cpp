@@ -199,12 +199,16 @@ TEST_F(Periodic, JointLife) {
     go_to_length();
     click("optlength_2");
     EXPECT_TRUE(find<QWidget>("grdlife")->isVisible());
+    EXPECT_EQ(text_of("lbllifelimit"), u"349 monthly payments"_s);
     click("oplifeexp_1");
+    EXPECT_EQ(text_of("lbllifelimit"), QString());
     EXPECT_TRUE(find<QWidget>("grdlife1")->isVisible());
     EXPECT_FALSE(find<QWidget>("grdlife")->isVisible());
     EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
     EXPECT_EQ(find<QTableView>("grdlife1")->model()->rowCount(), 2343);
     enter("mskbenebirth", u"08201965"_s);
+    EXPECT_EQ(text_of("lbllifelimit"), u"405 monthly payments"_s);
+    EXPECT_EQ(find<QWidget>("oplifeexp_1")->accessibleDescription(), u"405 monthly payments"_s);
     const auto* pairs = find<QTableView>("grdlife1");
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(1).data().toString(), u"54"_s);
@@ -216,6 +220,56 @@ TEST_F(Periodic, JointLife) {
     EXPECT_NEAR(module->scenario.life_expectancy_age, 70 + 33.8, 1e-9);
     EXPECT_EQ(text_of("lblnumber"), u"405"_s);
     expect_sound_schedule();
+}
+
+// By the divisors 29.1 at 70, 27.4 at 72, and 19.6 at 69 of the single life table.
+TEST_F(Periodic, LimitsFollowEveryChangeAndAreThoseOfNext) {
+    const auto expect_limits = [&](const QString& most, const QString& least) {
+        EXPECT_EQ(text_of("lblnumberlimit"), u"At most "_s + most);
+        EXPECT_EQ(text_of("lblamountlimit"), u"At least "_s + least);
+        EXPECT_EQ(text_of("lbllifelimit"), most);
+        EXPECT_EQ(find<QWidget>("txtnumber")->accessibleDescription(), u"At most "_s + most);
+        EXPECT_EQ(find<QWidget>("txtfixamount")->accessibleDescription(), u"At least "_s + least);
+    };
+    const auto change = [&](const char* box, const QString& typed) {
+        click("cmdprev");
+        click("cmdprev");
+        enter(box, typed);
+        click("Cmdnext");
+        click("Cmdnext");
+    };
+    go_to_length();
+    expect_limits(u"349 monthly payments"_s, u"$715.93 a month"_s);
+    click("cmdprev");
+    click("chkperiod_3");
+    click("Cmdnext");
+    expect_limits(u"29 annual payments"_s, u"$8,591.07 a year"_s);
+    change("txtcurvalue", u"100000"_s);
+    expect_limits(u"29 annual payments"_s, u"$3,436.43 a year"_s);
+    change("mskbirth", u"06151948"_s);
+    expect_limits(u"27 annual payments"_s, u"$3,649.64 a year"_s);
+    click("optlength_1");
+    for (const QString& amount : {u"3649.63"_s, u"3649.64"_s}) {
+        EXPECT_EQ(screen_name(), u"frmdist3"_s);
+        enter("txtfixamount", amount);
+        click("Cmdnext");
+    }
+    EXPECT_EQ(take_messages().size(), 1u);
+    EXPECT_EQ(screen_name(), u"frmdrate"_s);
+    // A birthday passes while the screen is open, in the month of the first payment.
+    click("cmdprev");
+    change("mskbirth", u"01201950"_s);
+    click("cmdprev");
+    click("cmdprev");
+    choose("Cmbfrstmonth", u"January"_s);
+    click("Cmdnext");
+    click("Cmdnext");
+    expect_limits(u"19 annual payments"_s, u"$5,102.05 a year"_s);
+    today = Date{std::chrono::year{2020} / 1 / 21};
+    enter("txtfixamount", u"1"_s);
+    click("Cmdnext");
+    EXPECT_EQ(take_messages().size(), 1u);
+    expect_limits(u"29 annual payments"_s, u"$3,436.43 a year"_s);
 }
 
 TEST_F(Periodic, KeyboardAlone) {
@@ -292,8 +346,11 @@ TEST_F(Periodic, BalanceIsReadBackAsShown) {
 
 TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
     go_to_participant();
+    EXPECT_EQ(text_of("lbllatest"), QString());
     enter("mskbirth", u"06151950"_s);
     auto* months = find<QComboBox>("Cmbfrstmonth");
+    EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2021."_s);
+    EXPECT_EQ(months->accessibleDescription(), text_of("lbllatest"));
     choose("Cmbfrstmonth", u"July"_s);
     choose("Cmbfrstyear", u"2021"_s);
     EXPECT_EQ(months->count(), 3);
@@ -323,6 +380,14 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     enter("mskbirth", u"06151960"_s);
     EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2025"_s);
     EXPECT_EQ(text_of("lblchanged"), QString());
+    EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
+    for (const QString& no_birth : {QString(), u"02301960"_s}) {
+        enter("mskbirth", no_birth);
+        EXPECT_EQ(text_of("lbllatest"), QString());
+        enter("mskbirth", u"06151960"_s);
+        EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
+    }
+    EXPECT_EQ(take_messages().size(), 1u);
     // A month that has passed becomes the present one, and is that still when one comes back.
     choose("Cmbfrstyear", u"2020"_s);
     choose("Cmbfrstmonth", u"March"_s);

@@ -179,11 +179,19 @@ TEST_F(PartialLumpSum, AgesAreWorkedOutAnewAndAnUnknownAgeChangesNothing) {
 TEST(PeriodicPayments, NeedAFrequency) {
     Scenario scenario;
     EXPECT_EQ(told(check_periodic(scenario)), no_frequency + " [chkperiod_0]");
-    for (const auto& [box, expected] : {std::pair{0, 12}, {1, 4}, {2, 2}, {3, 1}}) {
+    for (const auto& [box, expected, payments, period] :
+         {std::tuple{0, 12, "7 monthly payments", "a month"},
+          {1, 4, "7 quarterly payments", "a quarter"},
+          {2, 2, "7 semi-annual payments", "a half-year"},
+          {3, 1, "7 annual payments", "a year"}}) {
         scenario.frequency = frequency_of_box(box);
         EXPECT_EQ(scenario.frequency, expected) << "box " << box;
+        EXPECT_EQ(payments_text(7, expected), payments);
+        EXPECT_EQ(period_text(expected), period);
         EXPECT_EQ(told(check_periodic(scenario)), accepted) << "box " << box;
     }
+    EXPECT_EQ(payments_text(1, 12), "1 monthly payment");
+    EXPECT_THROW(payments_text(1, 3), std::out_of_range);
 }
 
 }  // namespace

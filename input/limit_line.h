@@ -1,0 +1,18 @@
+// Quiet lines that name, beside a control, the limit that Next will apply to it.
+#pragma once
+
+#include <QString>
+#include <initializer_list>
+
+class QLabel;
+class QWidget;
+
+namespace kelvar {
+
+// A line of a note's look. Its room stays while nothing is known, so that nothing moves when it is.
+QLabel* limit_line(const char* name);
+
+// Shows the limit of some controls, which a screen reader reads with each of them.
+void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidget*> controls);
+
+}  // namespace kelvar

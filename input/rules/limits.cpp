@@ -1,0 +1,116 @@
+#include "input/rules/limits.h"
+
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "core/numbers.h"
+#include "input/rules/first_payment.h"
+#include "input/rules/minimum_distribution.h"
+#include "input/rules/next_checks.h"
+#include "input/rules/spouse.h"
+
+namespace kelvar {
+
+namespace {
+
+// The first of the whole numbers from 1 to `last` that passes, when all after it pass as well;
+// `last` + 1 when none does.
+template <class Passes>
+std::int64_t first_that(std::int64_t last, Passes passes) {
+    std::int64_t first = 1;
+    std::int64_t end = last + 1;
+    while (first < end) {
+        const std::int64_t middle = first + (end - first) / 2;
+        if (passes(middle)) {
+            end = middle;
+        } else {
+            first = middle + 1;
+        }
+    }
+    return first;
+}
+
+std::int64_t cents_of(double dollars) {
+    return static_cast<std::int64_t>(whole_cents(dollars).count);
+}
+
+// The least amount from a cent to `most` cents that is accepted as it would be typed.
+template <class Accepts>
+std::optional<double> least_accepted(std::int64_t most, Accepts accepts) {
+    const std::int64_t least = first_that(most, [&](std::int64_t cents) {
+        const double dollars = static_cast<double>(cents) / 100.0;
+        return accepts(dollars, format_number(dollars, pattern::amount));
+    });
+    return least <= most ? std::optional{static_cast<double>(least) / 100.0} : std::nullopt;
+}
+
+// Asks for a copy, because Next stores what it checks.
+std::optional<int> payments_of(const LengthEntry& entry, Scenario scenario, Database& database,
+                               Date today) {
+    const bool known = scenario.frequency != 0 && !chk_fld(entry, scenario, database, today);
+    return known ? std::optional<int>{scenario.number_of_payments} : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Date> latest_first_month(Date birth, Date today) {
+    const std::vector<int> years = first_payment_years(birth, today);
+    if (years.empty()) {
+        return std::nullopt;
+    }
+    return real_date(years.back(), first_payment_months(true).back(), 1);
+}
+
+std::optional<double> least_partial_amount(const Scenario& scenario, Database& database, Date today) {
+    Scenario tried = scenario;
+    tried.frequency = 1;
+    tried.partial_amount = 0.0;
+    if (!check_minimum_distribution(tried, database)) {
+        return std::nullopt;
+    }
+    const std::int64_t most = cents_of(scenario.present_value) - 1;
+    return least_accepted(most, [&](double amount, const std::string& text) {
+        tried.partial_amount = amount;
+        return !check_partial(tried, database, text, today);
+    });
+}
+
+std::optional<int> most_payments(const Scenario& scenario, Database& database, Date today) {
+    constexpr int most = std::numeric_limits<std::int16_t>::max();
+    const auto refused = [&](std::int64_t number) {
+        const LengthEntry entry{.option = by_number_of_payments, .number_text = std::to_string(number)};
+        return !payments_of(entry, scenario, database, today);
+    };
+    const auto accepted = static_cast<int>(first_that(most, refused)) - 1;
+    return accepted > 0 ? std::optional{accepted} : std::nullopt;
+}
+
+std::optional<double> least_amount(const Scenario& scenario, Database& database, Date today) {
+    if (scenario.frequency == 0) {
+        return std::nullopt;
+    }
+    Scenario tried = scenario;
+    const std::int64_t most = cents_of(scenario.present_value);
+    return least_accepted(most, [&](double, const std::string& text) {
+        const LengthEntry entry{.option = by_dollar_amount, .amount_text = text};
+        return !chk_fld(entry, tried, database, today);
+    });
+}
+
+std::optional<int> payments_over_life(const Scenario& scenario, Database& database, Date today) {
+    return payments_of({.option = by_life_expectancy}, scenario, database, today);
+}
+
+std::optional<int> payments_over_joint_life(const Scenario& scenario, std::string_view spouse_mask_text,
+                                            Database& database, Date today) {
+    const SpouseCheck spouse = check_spouse(spouse_mask_text, scenario.current_age, today);
+    if (spouse.wrong) {
+        return std::nullopt;
+    }
+    Scenario with_spouse = scenario;
+    with_spouse.spouse_birth_date = *spouse.birth_date;
+    return payments_of({.option = by_life_expectancy, .joint = true}, with_spouse, database, today);
+}
+
+}  // namespace kelvar
