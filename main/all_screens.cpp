@@ -7,6 +7,7 @@
 #include "output/chart/frmcpart.h"
 #include "output/chart/frmcperi.h"
 #include "output/frmlife.h"
+#include "output/result/frmcompare.h"
 #include "output/result/frmlump.h"
 #include "output/result/frmparti.h"
 #include "output/result/frmperio.h"
@@ -41,6 +42,7 @@ void add_all_screens(MainWindow& window, Module1& module) {
     add<frmlump>(window, module, ScreenId::frmlump);
     add<frmperio>(window, module, ScreenId::frmperio);
     add<frmparti>(window, module, ScreenId::frmparti);
+    add<frmcompare>(window, module, ScreenId::frmcompare);
     add<frmcperi>(window, module, ScreenId::frmcperi);
     add<frmcpart>(window, module, ScreenId::frmcpart);
     add<frmdnote>(window, module, ScreenId::frmdnote);

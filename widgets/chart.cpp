@@ -63,7 +63,8 @@ double add_legend(QGraphicsScene& scene, const ChartDrawing& drawing, const Char
         scene.addItem(key);
         key->setPos(slot * static_cast<double>(set) + theme::grid, 0.0);
         auto* name = scene.addSimpleText(data.sets[set].name.trimmed(), font);
-        const QRectF place = key->sceneBoundingRect() | key->mapRectToScene(key->childrenBoundingRect());
+        const QRectF place =
+            key->sceneBoundingRect() | key->mapRectToScene(key->childrenBoundingRect());
         name->setPos(place.right() + theme::grid, 0.0);
         height = std::max(height, name->boundingRect().height() + theme::grid);
         key->setY(name->boundingRect().height() / 2 - place.center().y());

@@ -34,8 +34,8 @@ protected:
     // May be called again: takes the place of what was shown.
     void show_data(const ChartData& data);
     virtual ChartDrawing* new_drawing(const ChartDrawing::Look& look) const = 0;
-    // Where a key leads from the selected place; nothing for a key of somebody else. What is outside the
-    // chart means its nearest place.
+    // Where a key leads from the selected place; nothing for a key of somebody else. What is outside
+    // the chart means its nearest place.
     virtual std::optional<int> place_after(int key) const = 0;
 
     const ChartData& data() const { return data_; }

@@ -27,11 +27,11 @@ struct ChartData {
     std::vector<ChartSet> sets;
     double upper = 1.0;
     ChartUnit unit = ChartUnit::dollars;
-    QString value_title{};    // above the value axis; may be empty
-    QString label_title{};    // below the labels; may be empty
-    QString whole{};          // the chart in one sentence; empty: its accessible name
-    QStringList notes{};      // a second line, one below each label, empty for none; or none at all
-    QString notes_title{};    // what they are, at their left
+    QString value_title{};  // above the value axis; may be empty
+    QString label_title{};  // below the labels; may be empty
+    QString whole{};        // the chart in one sentence; empty: its accessible name
+    QStringList notes{};    // a second line, one below each label, empty for none; or none at all
+    QString notes_title{};  // what they are, at their left
 };
 
 class ChartDrawing : public QChart {
@@ -69,8 +69,8 @@ public:
 protected:
     explicit ChartDrawing(const Look& look);
 
-    // Once, before the texts: what is drawn over the labels, and how many lines its own texts need above
-    // the highest tick.
+    // Once, before the texts: what is drawn over the labels, and how many lines its own texts need
+    // above the highest tick.
     virtual void add_sets() = 0;
     virtual int lines_above() const { return 1; }
     // After each change of size.
@@ -104,7 +104,7 @@ private:
     QBarCategoryAxis* label_axis_ = nullptr;
     QCategoryAxis* value_axis_ = nullptr;
     std::vector<QGraphicsSimpleTextItem*> label_texts_;
-    std::vector<QGraphicsSimpleTextItem*> note_texts_;  // one per label, or none
+    std::vector<QGraphicsSimpleTextItem*> note_texts_;                     // one per label, or none
     std::vector<std::pair<double, QGraphicsSimpleTextItem*>> tick_texts_;  // with their values
     QGraphicsSimpleTextItem* value_title_ = nullptr;
     QGraphicsSimpleTextItem* label_title_ = nullptr;

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -45,14 +46,18 @@ protected:
 
 // Width of the longest text among the first rows, where every month occurs, and some spread over the
 // column; one more digit for the others.
-int contents_width(const QAbstractItemModel& model, int column, const QFont& font) {
+int contents_width(const QTableView& grid, int column, const QFont& font) {
     constexpr int looked_at = 24;
+    const QAbstractItemModel& model = *grid.model();
     const int rows = model.rowCount();
     const int step = std::max(1, rows / looked_at);
     QString longest;
     bool changed = false;
     for (int row = 0; row < rows; row += row < looked_at ? 1 : step) {
         const QModelIndex cell = model.index(row, column);
+        if (grid.columnSpan(row, column) > 1) {
+            continue;
+        }
         const QString text = cell.data().toString();
         longest = text.size() > longest.size() ? text : longest;
         changed = changed || cell.data(changed_role).toBool();
@@ -101,6 +106,18 @@ void Grid::setModel(QAbstractItemModel* model) {
 void Grid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     spread_columns();
+}
+
+void Grid::join_cells(int row, int first_column) {
+    setSpan(row, first_column, 1, model()->columnCount() - first_column);
+    measure_columns();
+}
+
+void Grid::show_all_rows() {
+    const int rows = std::max(1, model()->rowCount());
+    const int bar = horizontalScrollBar()->sizeHint().height();  // where the text is large
+    setFixedHeight(horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
+                   2 * frameWidth() + (theme::large_text() ? bar : 0));
 }
 
 // Whole rows are chosen, so the ends of a row are no place to go to.
@@ -193,8 +210,8 @@ void Grid::measure_columns() {
     needed_widths_.clear();
     for (int column = 0; column < model()->columnCount(); ++column) {
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
-        needed_widths_.push_back(std::max(heading_width(heading, heading_metrics),
-                                          contents_width(*model(), column, font())));
+        needed_widths_.push_back(
+            std::max(heading_width(heading, heading_metrics), contents_width(*this, column, font())));
     }
     spread_columns();
 }

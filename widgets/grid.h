@@ -20,6 +20,10 @@ public:
     // The column that typing looks in; at first column 0.
     void set_search_column(int column) { search_column_ = column; }
     void keyboardSearch(const QString& typed) override;
+    // Shows the text of this cell over all columns from there on; after the rows were shown.
+    void join_cells(int row, int first_column);
+    // Takes the height of all rows, for a table that is short.
+    void show_all_rows();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -25,9 +25,8 @@ void LineChart::choose(int set) {
 
 QString LineChart::sentence(int place) const {
     const auto [set, label] = drawing()->point(place);
-    return data().labels.at(static_cast<qsizetype>(label)) + u", "_s +
-           data().sets[set].name.trimmed() + u": "_s +
-           full_text(data().sets[set].values[label], data().unit);
+    return data().labels.at(static_cast<qsizetype>(label)) + u", "_s + data().sets[set].name.trimmed() +
+           u": "_s + full_text(data().sets[set].values[label], data().unit);
 }
 
 std::optional<int> LineChart::place_after(int key) const {
@@ -62,8 +61,8 @@ int LineChart::neighbour(int step) const {
     }
     std::ranges::sort(upwards);
     const auto here = std::ranges::find(upwards, selected_set, &std::pair<double, std::size_t>::second);
-    const auto place = std::clamp<std::ptrdiff_t>(here - upwards.begin() + step, 0,
-                                                  std::ssize(upwards) - 1);
+    const auto place =
+        std::clamp<std::ptrdiff_t>(here - upwards.begin() + step, 0, std::ssize(upwards) - 1);
     return lines().place(upwards[static_cast<std::size_t>(place)].second, label);
 }
 

@@ -1,5 +1,5 @@
-// A line chart on a screen: Left and Right go from label to label, Up and Down from line to line as they
-// lie above each other, Home and End to the first and last value of a line; the pointer says the
+// A line chart on a screen: Left and Right go from label to label, Up and Down from line to line as
+// they lie above each other, Home and End to the first and last value of a line; the pointer says the
 // nearest value.
 #pragma once
 

@@ -33,6 +33,14 @@ void outline(QPainter* painter, const QStyleOption* option, Shape shape) {
 
 OutlinedStyle::OutlinedStyle() : QProxyStyle(u"Fusion"_s) {}
 
+// Some desktops open with a single click what others only choose; then a row could not be looked at.
+int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* data) const {
+    return hint == SH_ItemView_ActivateItemOnSingleClick
+               ? 0
+               : QProxyStyle::styleHint(hint, option, widget, data);
+}
+
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
     if (element == PE_FrameFocusRect && qobject_cast<const QAbstractButton*>(widget) != nullptr) {

@@ -133,9 +133,9 @@ void ScheduleView::choose_view() {
 void ScheduleView::explain() {
     const QModelIndex current = grddist->currentIndex();
     const bool known = current.isValid() && projection_.outcome == Outcome::complete;
-    const QString text = known ? to_qt(explanation(scenario, projection_,
-                                                   static_cast<std::size_t>(current.row())))
-                               : QString();
+    const QString text =
+        known ? to_qt(explanation(scenario, projection_, static_cast<std::size_t>(current.row())))
+              : QString();
     lblexplain->setText(text);
     grddist->setAccessibleDescription(text);
 }

@@ -47,13 +47,13 @@ protected:
 TEST_F(LineChartTest, KeysGoFromYearToYearAndFromLineToLine) {
     chart.choose(1);
     const std::pair<Qt::Key, const char*> presses[] = {
-        {Qt::Key_Left, "2030, 6%: $100.00"},  {Qt::Key_Up, "2030, 8%: $100.00"},
-        {Qt::Key_Right, "2031, 8%: $90.00"},  {Qt::Key_Up, "2031, 10%: $100.00"},
-        {Qt::Key_Up, "2031, 10%: $100.00"},   {Qt::Key_Down, "2031, 8%: $90.00"},
-        {Qt::Key_Down, "2031, 6%: $80.00"},   {Qt::Key_Down, "2031, 5%: $50.00"},
-        {Qt::Key_End, "2032, 5%: $0.00"},     {Qt::Key_Right, "2032, 5%: $0.00"},
-        {Qt::Key_Up, "2032, 6%: $60.00"},     {Qt::Key_End, "2035, 6%: $0.00"},
-        {Qt::Key_Down, "2035, 6%: $0.00"},    {Qt::Key_Home, "2030, 6%: $100.00"},
+        {Qt::Key_Left, "2030, 6%: $100.00"}, {Qt::Key_Up, "2030, 8%: $100.00"},
+        {Qt::Key_Right, "2031, 8%: $90.00"}, {Qt::Key_Up, "2031, 10%: $100.00"},
+        {Qt::Key_Up, "2031, 10%: $100.00"},  {Qt::Key_Down, "2031, 8%: $90.00"},
+        {Qt::Key_Down, "2031, 6%: $80.00"},  {Qt::Key_Down, "2031, 5%: $50.00"},
+        {Qt::Key_End, "2032, 5%: $0.00"},    {Qt::Key_Right, "2032, 5%: $0.00"},
+        {Qt::Key_Up, "2032, 6%: $60.00"},    {Qt::Key_End, "2035, 6%: $0.00"},
+        {Qt::Key_Down, "2035, 6%: $0.00"},   {Qt::Key_Home, "2030, 6%: $100.00"},
     };
     for (const auto& [key, words] : presses) {
         QTest::keyClick(&chart, key);

@@ -1,0 +1,188 @@
+#include "output/result/frmcompare.h"
+
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <algorithm>
+#include <numeric>
+
+#include "engine/axis.h"
+#include "output/report/chart_page.h"
+#include "output/report/saved_file.h"
+#include "output/result/cells.h"
+#include "widgets/grid.h"
+#include "widgets/hourglass.h"
+#include "widgets/line_chart.h"
+#include "widgets/table_text.h"
+#include "widgets/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+std::vector<TextTableModel::Column> columns() {
+    return {{u"Rate"_s},
+            {u"Value at First Payment"_s},
+            {u"First Amount"_s},
+            {u"Amount in Last Full Year"_s},
+            {u"Payments"_s},
+            {u"Last Payment"_s},
+            {u"Age"_s},
+            {u"Earnings"_s},
+            {u"Fees"_s},
+            {u"Total Paid"_s}};
+}
+
+std::vector<TextTableModel::Cell> cells(const ComparedRate& at_rate) {
+    const TextTableModel::Cell rate{to_qt(rate_text(at_rate.rate, lump_sum))};
+    if (at_rate.outcome != Outcome::complete) {
+        std::vector<TextTableModel::Cell> row(columns().size());
+        row[0] = rate;
+        row[1] = {to_qt(no_result_text(at_rate.outcome))};
+        return row;
+    }
+    const bool full_year = at_rate.full_year_amount != 0.0;
+    return {rate,
+            money_cell(at_rate.first_value),
+            money_cell(at_rate.first_amount),
+            full_year ? money_cell(at_rate.full_year_amount) : TextTableModel::Cell{},
+            number_cell(at_rate.payments),
+            {to_qt(month_year_text(at_rate.last_payment))},
+            number_cell(at_rate.last_age),
+            money_cell(at_rate.earnings),
+            money_cell(at_rate.fees),
+            money_cell(at_rate.total)};
+}
+
+bool is_complete(const ComparedRate& rate) {
+    return rate.outcome == Outcome::complete;
+}
+
+}  // namespace
+
+frmcompare::frmcompare(Module1& module1)
+    : Screen(module1, "frmcompare", {.title = u"Comparison of Rates"_s, .step = {}, .next = false}) {
+    content()->setSpacing(theme::grid);
+    content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
+    lblsub = theme::label({}, theme::Role::section, "lblsub");
+    lblsub->setWordWrap(true);
+    content()->addWidget(lblsub);
+    build_table();
+    lblspread = control::paragraph({}, "lblspread");
+    content()->addWidget(lblspread);
+    grphcompare =
+        new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
+    content()->addWidget(grphcompare, 1);
+    build_buttons();
+}
+
+void frmcompare::build_table() {
+    grdcompare = new Grid("grdcompare", u"The chosen rates side by side"_s);
+    grdcompare->setAccessibleDescription(u"Enter shows the schedule at this rate"_s);
+    rows_ = new TextTableModel(columns(), this);
+    grdcompare->setModel(rows_);
+    content()->addWidget(grdcompare);
+    set_first_field(grdcompare);
+    connect(grdcompare, &QTableView::activated, this, [this] { show_schedule(); });
+    connect(grdcompare->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { follow_row(); });
+}
+
+void frmcompare::build_buttons() {
+    auto* buttons = new PrintButtons(navigation());
+    buttons->offer_csv();
+    connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
+        buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+    });
+    connect(buttons, &PrintButtons::csv_chosen, this, [this, buttons] {
+        buttons->show_saved(save_csv(module, this, print_job().file_name, csv(*rows_)));
+    });
+}
+
+void frmcompare::load() {
+    const Hourglass hourglass;
+    comparison_ = compare(scenario, scenario.projected_on);
+    lblsub->setText(title() + u", "_s + to_qt(money_text(scenario.present_value)) + u" today"_s);
+    lblspread->setText(to_qt(spread_text(scenario, comparison_)));
+    show_lines();
+    show_rates();
+}
+
+void frmcompare::show_rates() {
+    std::vector<std::vector<TextTableModel::Cell>> rows;
+    for (const ComparedRate& rate : comparison_.rates) {
+        rows.push_back(cells(rate));
+    }
+    rows_->show_rows(std::move(rows));
+    for (int row = 0; row < rows_->rowCount(); ++row) {
+        if (!is_complete(comparison_.rates[static_cast<std::size_t>(row)])) {
+            grdcompare->join_cells(row, 1);
+        }
+    }
+    grdcompare->show_all_rows();
+    grdcompare->setCurrentIndex(rows_->index(0, 0));
+}
+
+void frmcompare::show_lines() {
+    LineData lines;
+    double highest = 0.0;
+    std::size_t years = 0;
+    for (const ComparedRate& rate : comparison_.rates) {
+        if (is_complete(rate)) {
+            lines.sets.push_back({to_qt(rate_text(rate.rate, lump_sum)), rate.balances});
+            highest = std::max(highest, std::ranges::max(rate.balances));
+            years = std::max(years, rate.balances.size());
+        }
+    }
+    for (std::size_t year = 0; year < years; ++year) {
+        lines.labels << QString::number(comparison_.first_year + static_cast<int>(year));
+    }
+    lines.upper = y_max(highest);
+    grphcompare->setVisible(!lines.sets.empty());
+    grphcompare->show_lines(lines);
+}
+
+// The line of the chosen row stands out.
+void frmcompare::follow_row() {
+    const QModelIndex current = grdcompare->currentIndex();
+    if (!current.isValid()) {
+        return;
+    }
+    const auto row = comparison_.rates.begin() + current.row();
+    if (is_complete(*row)) {
+        grphcompare->choose(static_cast<int>(std::count_if(comparison_.rates.begin(), row, is_complete)));
+    }
+}
+
+void frmcompare::show_schedule() {
+    scenario.compared_rate = static_cast<std::int16_t>(grdcompare->currentIndex().row());
+    module.screens.close(ScreenId::frmcompare);
+}
+
+void frmcompare::go_previous() {
+    module.screens.close(ScreenId::frmcompare);
+}
+
+QString frmcompare::title() const {
+    return to_qt(std::string(method_title(scenario.method)) + " - " +
+                 std::string(module.frequency_name()));
+}
+
+PrintJob frmcompare::print_job() const {
+    QList<int> all(rows_->rowCount());
+    std::iota(all.begin(), all.end(), 0);
+    const QString name = lbltitle->text();
+    const QString above = u"<h1>"_s + name + u"</h1><p>"_s + lblsub->text().toHtmlEscaped() + u"</p>"_s +
+                          html_table(*rows_, all) + u"<p>"_s + lblspread->text().toHtmlEscaped() +
+                          u"</p>"_s;
+    const Date printed = module.today();
+    return {.title = title() + u" - "_s + name,
+            .file_name = proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, printed),
+            .orientation = QPageLayout::Landscape,
+            .draw = [this, name, above, printed](QPagedPaintDevice& device) {
+                draw_chart_page(device, printed, name, above, *grphcompare);
+            }};
+}
+
+}  // namespace kelvar

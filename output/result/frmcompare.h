@@ -1,0 +1,43 @@
+#pragma once
+
+#include "engine/comparison.h"
+#include "output/report/print_buttons.h"
+#include "shell/screen.h"
+
+namespace kelvar {
+
+class Grid;
+class LineChart;
+class TextTableModel;
+
+// The payments at each chosen rate side by side, and how the balance goes down. A rate that is picked is
+// shown on the result screen behind.
+class frmcompare : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmcompare(Module1& module);
+    void load() override;
+
+protected:
+    void go_previous() override;
+
+private:
+    void build_table();
+    void build_buttons();
+    void show_rates();
+    void show_lines();
+    void follow_row();
+    void show_schedule();
+    QString title() const;
+    PrintJob print_job() const;
+
+    Comparison comparison_;
+    QLabel* lblsub = nullptr;
+    Grid* grdcompare = nullptr;
+    LineChart* grphcompare = nullptr;
+    QLabel* lblspread = nullptr;
+    TextTableModel* rows_ = nullptr;
+};
+
+}  // namespace kelvar
