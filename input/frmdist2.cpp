@@ -67,6 +67,7 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
     card->setObjectName(u"card"_s);
     column = new QVBoxLayout(card);
     column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
+    column->setSpacing(theme::grid / 2);
     auto* option = new QRadioButton(text);
     option->setObjectName(u"optmethod_%1"_s.arg(index));
     column->addWidget(option, 0, Qt::AlignLeft);
@@ -86,6 +87,7 @@ void frmdist2::build_partial(QBoxLayout* card) {
     periodic_after_partial_ = new QWidget;
     auto* column = new QVBoxLayout(periodic_after_partial_);
     column->setContentsMargins(theme::side_margin(), 0, 0, 0);
+    column->setSpacing(theme::grid / 2);
     card->addWidget(periodic_after_partial_);
 
     partial_amount_ = new PartialAmountBox(module);

@@ -34,7 +34,7 @@ frmdist3::frmdist3(Module1& module1)
     columns->setSpacing(3 * theme::grid);
     content()->addLayout(columns, 1);
     auto* left = new QVBoxLayout;
-    left->setSpacing(theme::grid);
+    left->setSpacing(theme::grid / 2);
     columns->addLayout(left, 11);
     build_options(left);
     life_table_ = new LifeTablePanel;

@@ -23,8 +23,11 @@ LifeOptions::LifeOptions() {
     column->setContentsMargins(4 * theme::grid, 0, 0, 0);
     column->setSpacing(theme::grid);
     lbllifelimit = limit_line("lbllifelimit");
-    column->addWidget(lbllifelimit);
-    column->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
+    auto* heading = new QVBoxLayout;
+    heading->setSpacing(2);
+    heading->addWidget(lbllifelimit);
+    heading->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
+    column->addLayout(heading);
     auto* one_of = new QButtonGroup(this);
     for (std::size_t index = 0; index < oplifeexp.size(); ++index) {
         auto* option = new WrappingRadioButton(captions[index], u"oplifeexp_%1"_s.arg(index));

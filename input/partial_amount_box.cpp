@@ -50,11 +50,13 @@ void PartialAmountBox::build() {
     percent->addStretch(1);
     QBoxLayout* row = control::row();
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(3 * theme::grid / 4);
     row->addLayout(dollars);
     row->addLayout(percent, 1);
     lblleastpartial = limit_line("lblleastpartial");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
     column->addLayout(row);
     column->addWidget(lblleastpartial);
 }
