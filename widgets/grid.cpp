@@ -45,7 +45,7 @@ protected:
 };
 
 // Width of the longest text among the first rows, where every month occurs, and some spread over the
-// column; one more digit for the others.
+// column; one more digit for those not looked at.
 int contents_width(const QTableView& grid, int column, const QFont& font) {
     constexpr int looked_at = 24;
     const QAbstractItemModel& model = *grid.model();
@@ -62,7 +62,10 @@ int contents_width(const QTableView& grid, int column, const QFont& font) {
         longest = text.size() > longest.size() ? text : longest;
         changed = changed || cell.data(changed_role).toBool();
     }
-    return QFontMetrics(changed ? bold(font) : font).horizontalAdvance(longest + u'0');
+    if (step > 1) {
+        longest += u'0';
+    }
+    return QFontMetrics(changed ? bold(font) : font).horizontalAdvance(longest) + 1;
 }
 
 // A heading wraps at its blanks, so its longest word decides.
@@ -114,6 +117,23 @@ void Grid::join_cells(int row, int first_column) {
 }
 
 void Grid::show_all_rows() {
+    shows_all_rows_ = true;
+    fit_height();
+}
+
+// Headings take the lines that they need, at least two, so that tables look alike.
+void Grid::fit_height() {
+    const QFontMetrics metrics(bold(font()));
+    int lines = 2 * metrics.height();
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        const QRect room(0, 0, needed_widths_[static_cast<std::size_t>(column)], 10 * metrics.height());
+        const QString heading = model()->headerData(column, Qt::Horizontal).toString();
+        lines = std::max(lines, metrics.boundingRect(room, Qt::TextWordWrap, heading).height());
+    }
+    horizontalHeader()->setFixedHeight(lines + 2 * theme::grid);
+    if (!shows_all_rows_) {
+        return;
+    }
     const int rows = std::max(1, model()->rowCount());
     const int bar = horizontalScrollBar()->sizeHint().height();  // where the text is large
     setFixedHeight(horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
@@ -213,6 +233,7 @@ void Grid::measure_columns() {
         needed_widths_.push_back(
             std::max(heading_width(heading, heading_metrics), contents_width(*this, column, font())));
     }
+    fit_height();
     spread_columns();
 }
 

@@ -34,6 +34,7 @@ protected:
 
 private:
     void measure_columns();
+    void fit_height();
     void spread_columns();
     void move_closer(bool close);
     QList<int> rows_to_copy() const;
@@ -41,6 +42,7 @@ private:
 
     std::vector<int> needed_widths_;  // without what stands left and right of the texts
     bool close_ = false;              // the columns
+    bool shows_all_rows_ = false;
     int search_column_ = 0;
     QString sought_;  // what was typed so far
     QElapsedTimer since_typed_;

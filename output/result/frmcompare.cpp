@@ -22,16 +22,11 @@ namespace kelvar {
 namespace {
 
 std::vector<TextTableModel::Column> columns() {
-    return {{u"Rate"_s},
-            {u"Value at First Payment"_s},
-            {u"First Amount"_s},
-            {u"Amount in Last Full Year"_s},
-            {u"Payments"_s},
-            {u"Last Payment"_s},
-            {u"Age"_s},
-            {u"Earnings"_s},
-            {u"Fees"_s},
-            {u"Total Paid"_s}};
+    return {{u"Rate"_s},         {u"Value at First Payment"_s},
+            {u"First Amount"_s}, {u"Amount in Last Full Year"_s},
+            {u"Payments"_s},     {u"Last Payment"_s},
+            {u"Age"_s},          {u"Earnings"_s},
+            {u"Fees"_s},         {u"Total Paid"_s}};
 }
 
 std::vector<TextTableModel::Cell> cells(const ComparedRate& at_rate) {
@@ -48,7 +43,7 @@ std::vector<TextTableModel::Cell> cells(const ComparedRate& at_rate) {
             money_cell(at_rate.first_amount),
             full_year ? money_cell(at_rate.full_year_amount) : TextTableModel::Cell{},
             number_cell(at_rate.payments),
-            {to_qt(month_year_text(at_rate.last_payment))},
+            {u"%1/%2"_s.arg(month_of(at_rate.last_payment)).arg(year_of(at_rate.last_payment))},
             number_cell(at_rate.last_age),
             money_cell(at_rate.earnings),
             money_cell(at_rate.fees),
@@ -69,7 +64,8 @@ frmcompare::frmcompare(Module1& module1)
     lblsub->setWordWrap(true);
     content()->addWidget(lblsub);
     build_table();
-    lblspread = control::paragraph({}, "lblspread");
+    lblspread = theme::label({}, theme::Role::body, "lblspread");
+    lblspread->setWordWrap(true);
     content()->addWidget(lblspread);
     grphcompare =
         new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
@@ -151,7 +147,8 @@ void frmcompare::follow_row() {
     }
     const auto row = comparison_.rates.begin() + current.row();
     if (is_complete(*row)) {
-        grphcompare->choose(static_cast<int>(std::count_if(comparison_.rates.begin(), row, is_complete)));
+        grphcompare->choose(
+            static_cast<int>(std::count_if(comparison_.rates.begin(), row, is_complete)));
     }
 }
 
@@ -173,12 +170,13 @@ PrintJob frmcompare::print_job() const {
     QList<int> all(rows_->rowCount());
     std::iota(all.begin(), all.end(), 0);
     const QString name = lbltitle->text();
-    const QString above = u"<h1>"_s + name + u"</h1><p>"_s + lblsub->text().toHtmlEscaped() + u"</p>"_s +
-                          html_table(*rows_, all) + u"<p>"_s + lblspread->text().toHtmlEscaped() +
-                          u"</p>"_s;
+    const QString above = u"<h1>"_s + name + u"</h1><p>"_s + lblsub->text().toHtmlEscaped() +
+                          u"</p>"_s + html_table(*rows_, all) + u"<p>"_s +
+                          lblspread->text().toHtmlEscaped() + u"</p>"_s;
     const Date printed = module.today();
     return {.title = title() + u" - "_s + name,
-            .file_name = proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, printed),
+            .file_name =
+                proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, printed),
             .orientation = QPageLayout::Landscape,
             .draw = [this, name, above, printed](QPagedPaintDevice& device) {
                 draw_chart_page(device, printed, name, above, *grphcompare);

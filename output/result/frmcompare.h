@@ -10,8 +10,8 @@ class Grid;
 class LineChart;
 class TextTableModel;
 
-// The payments at each chosen rate side by side, and how the balance goes down. A rate that is picked is
-// shown on the result screen behind.
+// The payments at each chosen rate side by side, and how the balance goes down. A rate that is picked
+// is shown on the result screen behind.
 class frmcompare : public Screen {
     Q_OBJECT
 

@@ -25,7 +25,7 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     lbltotalvalue = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", 1, 1);
     grphlump = new BarChart("grphlump", u"Value at the payment and current balance at each rate"_s);
     values_ = new TextTableModel({{u"Rate"_s}, {u"Value"_s}, {u"Difference from Today"_s}}, this);
-    auto* grdvalues = new Grid("grdvalues", u"Value at each rate and its difference from today"_s);
+    grdvalues = new Grid("grdvalues", u"Value at each rate and its difference from today"_s);
     grdvalues->setModel(values_);
     auto* result = new QWidget;
     QBoxLayout* row = control::row();
@@ -90,6 +90,7 @@ void frmlump::show_all_rates() {
     bars.upper = y_max(last);
     grphlump->show_bars(bars);
     values_->show_rows(std::move(rows));
+    grdvalues->show_all_rows();
 }
 
 ResultScreen::Table frmlump::shown_table() const {

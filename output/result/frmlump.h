@@ -5,6 +5,7 @@
 namespace kelvar {
 
 class BarChart;
+class Grid;
 class TextTableModel;
 
 // Lump sum: value of the account at the payment, beside today's balance, at every picked rate.
@@ -28,6 +29,7 @@ private:
     QLabel* lblfee = nullptr;
     QLabel* lbltotalvalue = nullptr;
     BarChart* grphlump = nullptr;
+    Grid* grdvalues = nullptr;
     TextTableModel* values_ = nullptr;
 };
 
