@@ -1,5 +1,6 @@
 #include "engine/yearly_chart.h"
 
+#include "core/dates.h"
 #include "core/numbers.h"
 
 namespace kelvar {
@@ -35,8 +36,18 @@ YearlyTotals yearly_totals(Recordset& schedule) {
     totals.first_year = static_cast<int>(schedule.number("Year"));
     schedule.MoveLast();
     const int last_year = static_cast<int>(schedule.number("Year"));
+    const std::size_t year_column = schedule.column("Year");
+    const std::size_t balance_column = schedule.column("remainbalance");
+    const std::size_t month_column = schedule.column("Month");
+    std::size_t row = 0;
     for (int year = totals.first_year; year <= last_year; ++year) {
+        while (row + 1 < schedule.RecordCount() &&
+               as_number(schedule.cell(row + 1, year_column)) <= year) {
+            ++row;
+        }
         totals.amounts.push_back(get_amount(schedule, year));
+        totals.balances.push_back(as_number(schedule.cell(row, balance_column)));
+        totals.last_months.push_back(month_number(as_text(schedule.cell(row, month_column))));
     }
     return totals;
 }

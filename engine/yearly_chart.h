@@ -16,9 +16,13 @@ std::string_view refused_chart(Recordset& schedule);
 // there is none. The current row stays.
 double get_amount(const Recordset& schedule, int year);
 
+// What `schedule` comes to in each calendar year from that of its first to that of its last row.
 struct YearlyTotals {
-    int first_year = 0;           // calendar year of the first row
-    std::vector<double> amounts;  // one for each year up to that of the last row; 0 where none is paid
+    int first_year = 0;
+    std::vector<double> amounts;  // paid in it, dollars; 0 where nothing is
+    // After the last payment up to its end: what remains (dollars), and that payment's month (1..12).
+    std::vector<double> balances;
+    std::vector<int> last_months;
 };
 
 // Empty when there are no rows. Moves to the last row.

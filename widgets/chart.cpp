@@ -88,6 +88,7 @@ Chart::Chart(const char* name, const QString& accessible_name)
 }
 
 void Chart::show_data(const ChartData& data) {
+    const QString selected = places() == 0 ? QString() : label_of(selected_);
     data_ = data;
     if (data_.whole.isEmpty()) {
         data_.whole = accessibleName();
@@ -97,7 +98,19 @@ void Chart::show_data(const ChartData& data) {
     setMinimumHeight(lines * fontMetrics().height());
     show_drawing();
     show_legend();
-    go_on_from(selected_);
+    go_on_from(first_place_of(selected));
+}
+
+QString Chart::label_of(int place) const {
+    return data_.labels.at(static_cast<qsizetype>(drawing_->point(place).label));
+}
+
+int Chart::first_place_of(const QString& label) const {
+    int place = 0;
+    while (place < places() && label_of(place) != label) {
+        ++place;
+    }
+    return place < places() ? place : 0;
 }
 
 void Chart::show_drawing() {
@@ -112,6 +125,7 @@ void Chart::show_drawing() {
     view_->setRenderHint(QPainter::Antialiasing);
     view_->setFocusPolicy(Qt::NoFocus);
     view_->setFrameShape(QFrame::NoFrame);
+    view_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // else never smaller than it was
     view_->viewport()->setMouseTracking(true);
     view_->viewport()->installEventFilter(this);
     column_->insertWidget(0, view_, 1);

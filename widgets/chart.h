@@ -31,7 +31,7 @@ public:
 protected:
     Chart(const char* name, const QString& accessible_name);
 
-    // May be called again: takes the place of what was shown.
+    // May be called again: takes the place of what was shown, and keeps the label that was selected.
     void show_data(const ChartData& data);
     virtual ChartDrawing* new_drawing(const ChartDrawing::Look& look) const = 0;
     // Where a key leads from the selected place; nothing for a key of somebody else. What is outside
@@ -50,6 +50,8 @@ protected:
 
 private:
     void show_drawing();
+    QString label_of(int place) const;
+    int first_place_of(const QString& label) const;
     void show_legend();
     void select(int place);
     void say();

@@ -109,6 +109,9 @@ void Grid::setModel(QAbstractItemModel* model) {
 void Grid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     spread_columns();
+    if (shows_all_rows_ && event->size().width() != event->oldSize().width()) {
+        fit_height();
+    }
 }
 
 void Grid::join_cells(int row, int first_column) {
@@ -135,9 +138,9 @@ void Grid::fit_height() {
         return;
     }
     const int rows = std::max(1, model()->rowCount());
-    const int bar = horizontalScrollBar()->sizeHint().height();  // where the text is large
+    const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
     setFixedHeight(horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
-                   2 * frameWidth() + (theme::large_text() ? bar : 0));
+                   2 * frameWidth() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
 }
 
 // Whole rows are chosen, so the ends of a row are no place to go to.
@@ -233,8 +236,8 @@ void Grid::measure_columns() {
         needed_widths_.push_back(
             std::max(heading_width(heading, heading_metrics), contents_width(*this, column, font())));
     }
-    fit_height();
     spread_columns();
+    fit_height();
 }
 
 // Shares out the room that is left. Where there is none, the columns move closer; where that does not

@@ -1,18 +1,18 @@
 #include "output/chart/chart_screen.h"
 
 #include <QLabel>
-#include <QPagedPaintDevice>
-#include <QTextDocument>
 #include <algorithm>
 
+#include "core/ages.h"
 #include "core/numbers.h"
 #include "engine/axis.h"
 #include "engine/yearly_chart.h"
-#include "output/report/page_painter.h"
+#include "output/report/chart_page.h"
 #include "output/report/saved_file.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
+#include "widgets/view_choice.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +60,10 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
     content()->setSpacing(theme::grid);
     content()->addWidget(summary_);
 
-    grphsche = new BarChart("grphsche", u"Payments by calendar year"_s);
+    view_ = new ViewChoice("optchart", u"Pa&yments"_s, u"&Balance"_s);
+    connect(view_, &ViewChoice::changed, this, [this] { period_chart(); });
+    content()->addWidget(view_, 0, Qt::AlignLeft);
+    grphsche = new BarChart("grphsche", {});
     content()->addWidget(grphsche, 1);
     set_first_field(grphsche);
 
@@ -72,7 +75,8 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
 
 void ChartScreen::load() {
     get_headings();
-    period_chart(get_gdata());
+    get_gdata();
+    period_chart();
 }
 
 void ChartScreen::get_headings() {
@@ -117,23 +121,39 @@ void ChartScreen::add_value(const QString& caption, const QString& value, const 
                        value.toHtmlEscaped() + u"</b></td></tr>"_s;
 }
 
-BarData ChartScreen::get_gdata() {
-    BarData bars;
-    bars.sets.push_back({.name = u"Total paid"_s, .values = {}});
-    add_points(bars);
+void ChartScreen::get_gdata() {
     const YearlyTotals totals = yearly_totals(module.database().schedule());
-    int year = totals.first_year;
-    for (const double amount : totals.amounts) {
-        bars.labels << QString::number(year++);
-        bars.sets.front().values.push_back(amount);
-    }
-    return bars;
+    payments_.sets = {{.name = u"Total paid"_s, .values = {}}};
+    payments_.whole = u"All payments: Total paid "_s + total_paid_;
+    add_points(payments_);
+    add_years(payments_, totals, totals.amounts);
+    balances_.sets = {{.name = u"Balance"_s, .values = {}}};
+    balances_.value_title = u"Balance after the last payment of each year"_s;
+    add_years(balances_, totals, totals.balances);
 }
 
-void ChartScreen::period_chart(BarData bars) {
+// Below each year stands the participant's age at its last payment.
+void ChartScreen::add_years(BarData& bars, const YearlyTotals& totals,
+                            const std::vector<double>& values) const {
+    bars.notes.resize(bars.labels.size());
+    bars.notes_title = u"Age"_s;
+    for (std::size_t place = 0; place < values.size(); ++place) {
+        const int year = totals.first_year + static_cast<int>(place);
+        const int age = age_in_month(scenario.birth_date, totals.last_months[place], year);
+        bars.labels << QString::number(year);
+        bars.notes << QString::number(age);
+        bars.sets.front().values.push_back(values[place]);
+    }
     bars.upper = y_max(std::ranges::max(bars.sets.front().values));
-    bars.whole = u"All payments: Total paid "_s + total_paid_;
-    grphsche->show_bars(bars);
+}
+
+void ChartScreen::period_chart() {
+    const bool balance = view_->is_second();
+    grphsche->setAccessibleName(balance ? u"Balance by calendar year"_s
+                                        : u"Payments by calendar year"_s);
+    grphsche->show_bars(balance ? balances_ : payments_);
+    const int lines = 13;  // below them it could not be read; it takes what room there is
+    grphsche->setMinimumHeight(lines * fontMetrics().height());
 }
 
 void ChartScreen::go_previous() {
@@ -147,19 +167,11 @@ PrintJob ChartScreen::print_job() const {
         u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
     const Date today = module.today();
     return {.title = title + u" - Chart"_s,  // the list of payments has the same title
-            .file_name = proposed_name(method_ + u" Chart"_s, rate_, today),
+            .file_name = proposed_name(
+                method_ + (view_->is_second() ? u" Balance Chart"_s : u" Chart"_s), rate_, today),
             .orientation = QPageLayout::Landscape,
             .draw = [this, title, headings, today](QPagedPaintDevice& device) {
-                PagePainter page(device, today, 1);
-                QTextDocument document;
-                set_style(document);
-                document.setHtml(headings);
-                lay_out(document, device);
-                page.next_page(title);
-                page.draw(document, 0);
-                grphsche->paint_on_paper(page.painter(),
-                                         page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
-                page.finish();
+                draw_chart_page(device, today, title, headings, *grphsche);
             }};
 }
 

@@ -1,5 +1,5 @@
-// Base of the yearly charts of a stored schedule: headings, one bar for each calendar year, printing.
-// Everything shown is read from the work tables.
+// Base of the yearly charts of a stored schedule: headings, one bar for each calendar year, what it
+// stands for, printing. Everything shown is read from the work tables.
 #pragma once
 
 #include "output/report/print_buttons.h"
@@ -11,6 +11,8 @@ class QGridLayout;
 namespace kelvar {
 
 class SummaryPanel;
+class ViewChoice;
+struct YearlyTotals;
 
 class ChartScreen : public Screen {
     Q_OBJECT
@@ -23,8 +25,8 @@ protected:
 
     void go_previous() override;
 
-    // What a screen shows besides what all charts do: points ahead of the years, values of the heading
-    // row.
+    // What a screen shows besides what all charts do: points ahead of the years' payments, values of
+    // the heading row.
     virtual void add_points(BarData&) {}
     virtual void add_values(const Recordset& /*distrib*/) {}
 
@@ -34,8 +36,9 @@ protected:
 private:
     void get_headings();
     void add_line(const QString& text, const char* name);
-    BarData get_gdata();
-    void period_chart(BarData bars);
+    void get_gdata();
+    void add_years(BarData& bars, const YearlyTotals& totals, const std::vector<double>& values) const;
+    void period_chart();
     PrintJob print_job() const;
 
     ScreenId id_;
@@ -47,6 +50,9 @@ private:
     QString printed_lines_;  // the same headings as HTML
     QString printed_values_;
     QString total_paid_;
+    BarData payments_;
+    BarData balances_;
+    ViewChoice* view_ = nullptr;
     BarChart* grphsche = nullptr;
 };
 

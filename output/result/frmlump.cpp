@@ -34,6 +34,7 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     row->addWidget(grphlump, 3);
     row->addWidget(grdvalues, 2, Qt::AlignTop);
     set_result(result);
+    add_menu_button();
 }
 
 void frmlump::load() {

@@ -77,9 +77,17 @@ void ResultScreen::build_buttons() {
         const Table table = shown_table();
         print_buttons->show_saved(save_csv(module, this, file_name(table.title), csv(*table.rows)));
     });
+}
+
+void ResultScreen::add_menu_button() {
     QPushButton* cmdmenu = control::button(u"&New Participant"_s, "cmdmenu");
-    navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
     connect(cmdmenu, &QPushButton::clicked, this, [this] { module.return_to_menu(); });
+    navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
+    constexpr int twips_per_pixel = 10;
+    if (navigation()->minimumSize().width() > scenario.screen_width / twips_per_pixel) {
+        navigation()->removeWidget(cmdmenu);
+        content()->addWidget(cmdmenu, 0, Qt::AlignRight);
+    }
 }
 
 QString ResultScreen::file_name(const QString& title) const {
@@ -125,17 +133,21 @@ void ResultScreen::store_again_if_changed() const {
 QFrame* ResultScreen::rate_list() {
     auto* Frame1 = new QFrame;
     Frame1->setObjectName(u"Frame1"_s);
-    auto* row = new QHBoxLayout(Frame1);
-    row->setContentsMargins(0, 0, 0, 0);
+    rates_row_ = new QHBoxLayout(Frame1);
+    rates_row_->setContentsMargins(0, 0, 0, 0);
     cmbrate = new QComboBox;
     cmbrate->setObjectName(u"cmbrate"_s);
     cmbrate->setAccessibleName(u"Annual Rate of Return"_s);
     cmbrate->setMinimumContentsLength(6);
     auto* caption = theme::label(u"Annual &Rate of Return"_s, theme::Role::body);
     caption->setBuddy(cmbrate);
-    row->addWidget(caption);
-    row->addWidget(cmbrate);
+    rates_row_->addWidget(caption);
+    rates_row_->addWidget(cmbrate);
     return Frame1;
+}
+
+void ResultScreen::add_beside_rates(QPushButton* button) {
+    rates_row_->addWidget(button);
 }
 
 void ResultScreen::activate() {

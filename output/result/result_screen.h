@@ -45,6 +45,11 @@ protected:
     void add_rate();
     // Chosen rate, percent per year.
     double chosen_rate() const;
+    // A button beside the rate list.
+    void add_beside_rates(QPushButton* button);
+    // The button for the next participant: last in the row of buttons, or where these leave no room for
+    // it, below the result. After all other buttons.
+    void add_menu_button();
     // The result in one sentence, and beside it what chooses how the area below shows it.
     void show_headline(const Projection& projection);
     void add_beside_headline(QWidget* choice);
@@ -78,6 +83,7 @@ private:
 
     SummaryPanel* summary_ = nullptr;
     QGridLayout* values_ = nullptr;
+    QBoxLayout* rates_row_ = nullptr;
     QBoxLayout* headline_row_ = nullptr;
     QLabel* lblheadline = nullptr;
     QStackedWidget* result_ = nullptr;

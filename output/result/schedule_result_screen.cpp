@@ -11,6 +11,7 @@
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
+#include "widgets/view_choice.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,9 +31,10 @@ void ScheduleScreen::build_buttons() {
     navigation()->insertWidget(3, cmdchart);
     navigation()->insertWidget(4, pichart);
     cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
-    navigation()->insertWidget(5, cmdcompare);
+    add_beside_rates(cmdcompare);
     connect(cmdcompare, &QPushButton::clicked, this,
             [this] { module.screens.show(ScreenId::frmcompare); });
+    add_menu_button();
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
     connect(pichart, &QToolButton::clicked, this, [this] { show_chart(); });
 }

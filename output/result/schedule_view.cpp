@@ -1,10 +1,9 @@
 #include "output/result/schedule_view.h"
 
-#include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QRadioButton>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 #include "core/numbers.h"
 #include "engine/explanation.h"
@@ -13,6 +12,7 @@
 #include "widgets/grid.h"
 #include "widgets/record_table_model.h"
 #include "widgets/theme.h"
+#include "widgets/view_choice.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +52,8 @@ QLabel* two_lines(const char* name) {
 
 ScheduleView::ScheduleView(const Scenario& of_program)
     : scenario(of_program), grids_(new QStackedWidget) {
-    choice_ = build_choice();
+    choice_ = new ViewChoice("optview", u"Pa&yments"_s, u"Y&ears"_s);
+    connect(choice_, &ViewChoice::changed, this, [this] { choose_view(); });
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(theme::grid);
@@ -62,22 +63,6 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     grids_->addWidget(grdyear);
     column->addWidget(grids_, 1);
     column->addWidget(build_panel());
-}
-
-QWidget* ScheduleView::build_choice() {
-    auto* choice = new QWidget;
-    auto* row = new QHBoxLayout(choice);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(2 * theme::grid);
-    const QString captions[] = {u"Pa&yments"_s, u"Y&ears"_s};
-    for (int view = 0; view < 2; ++view) {
-        optview[view] = new QRadioButton(captions[view]);
-        optview[view]->setObjectName(u"optview_%1"_s.arg(view));
-        row->addWidget(optview[view]);
-    }
-    optview[0]->setChecked(true);
-    connect(optview[1], &QRadioButton::toggled, this, [this] { choose_view(); });
-    return choice;
 }
 
 QWidget* ScheduleView::build_panel() {
@@ -115,7 +100,7 @@ void ScheduleView::show_projection(const Projection& projection) {
 }
 
 bool ScheduleView::shows_years() const {
-    return optview[1]->isChecked();
+    return choice_->is_second();
 }
 
 const QAbstractItemModel* ScheduleView::shown_rows() const {

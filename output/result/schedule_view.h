@@ -9,7 +9,6 @@
 
 class QAbstractItemModel;
 class QLabel;
-class QRadioButton;
 class QStackedWidget;
 
 namespace kelvar {
@@ -17,6 +16,7 @@ namespace kelvar {
 class Grid;
 class RecordTableModel;
 class TextTableModel;
+class ViewChoice;
 
 class ScheduleView : public QWidget {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     explicit ScheduleView(const Scenario& scenario);
 
     // The options Payments and Years, which stand above the view.
-    QWidget* choice() const { return choice_; }
+    ViewChoice* choice() const { return choice_; }
     // The payments are read from their record set as they are painted.
     void load(Recordset& schedule);
     // A projection whose payments are stored.
@@ -35,7 +35,6 @@ public:
     const QAbstractItemModel* shown_rows() const;
 
 private:
-    QWidget* build_choice();
     QWidget* build_panel();
     void choose_view();
     void explain();
@@ -43,8 +42,7 @@ private:
 
     const Scenario& scenario;
     Projection projection_;
-    QWidget* choice_ = nullptr;
-    QRadioButton* optview[2] = {};
+    ViewChoice* choice_ = nullptr;
     QStackedWidget* grids_ = nullptr;
     QStackedWidget* panel_ = nullptr;
     Grid* grddist = nullptr;

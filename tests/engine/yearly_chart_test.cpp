@@ -16,13 +16,15 @@ using Amounts = std::vector<double>;
 
 class YearlyTotalsTest : public ::testing::Test {
 protected:
-    // Stores payments of these years and amounts in the work table.
+    // Stores payments of these years and amounts in the work table, the first in January, each next one
+    // a month later in its year; $900 remains after the first, and $100 less after each.
     void fill(const std::vector<std::pair<int, double>>& payments) {
         PaymentSchedule schedule;
         for (const auto& [year, amount] : payments) {
             PaymentRow row;
             row.payment = amount;
-            row.date = std::chrono::year{year} / 7 / 15;
+            row.remainbalance = 900.0 - 100.0 * static_cast<double>(schedule.rows.size());
+            row.date = std::chrono::year{year} / static_cast<int>(schedule.rows.size() + 1) / 15;
             schedule.rows.push_back(row);
         }
         store(database, schedule, {});
@@ -37,6 +39,8 @@ TEST_F(YearlyTotalsTest, OneAmountForEachYearFromFirstToLastRow) {
     const YearlyTotals totals = yearly_totals(database.schedule());
     EXPECT_EQ(totals.first_year, 2026);
     EXPECT_EQ(totals.amounts, (Amounts{100.15, 250.0, 0.0, 0.0, 12.34}));  // 2028 and 2029: none
+    EXPECT_EQ(totals.balances, (Amounts{800.0, 700.0, 700.0, 700.0, 600.0}));
+    EXPECT_EQ(totals.last_months, (std::vector<int>{2, 3, 3, 3, 4}));
     EXPECT_EQ(get_amount(database.schedule(), 2025), 0.0);
 }
 
@@ -69,6 +73,9 @@ TEST_F(YearlyTotalsTest, LongScheduleAddsUpToItsTotal) {
     EXPECT_EQ(sql_rows(folder.database(),
                        "SELECT printf('%.2f', sum(payment)) FROM schedule WHERE Year = '2055'")[0],
               std::to_string(totals.amounts[35]).substr(0, 8));
+    EXPECT_EQ(totals.balances[35], schedule.rows[425].remainbalance);  // December 2055
+    EXPECT_EQ(totals.balances.back(), 0.0);
+    EXPECT_EQ(totals.last_months.front() + totals.last_months.back(), 12 + 6);
 }
 
 }  // namespace

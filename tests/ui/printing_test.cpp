@@ -142,6 +142,25 @@ TEST_F(Printing, PeriodicChartAndReports) {
     EXPECT_EQ(offered_by, u"Save as PDF"_s);
     press(Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(find<BarChart>("grphsche")->detail(29),
+              u"Age 99"_s);  // born in June 1950, last paid in July 2049
+    find<QWidget>("grphsche")->setFocus();
+    press(Qt::Key_Left);
+    press(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(focus_name(), u"optchart_1"_s);
+    EXPECT_EQ(text_of("lblreadout"), u"Balance by calendar year"_s);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(text_of("lblreadout"),
+              u"2048: Balance "_s + rows[341][4]);  // December 2048, the same bar
+    press(Qt::Key_Home);
+    EXPECT_EQ(text_of("lblreadout"), u"2020: Balance "_s + rows[5][4]);
+    press(Qt::Key_End);
+    EXPECT_EQ(text_of("lblreadout"), u"2049: Balance $0.00"_s);
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(offered, u"Periodic Payments Balance Chart 5% 2020-01-15.pdf"_s);
+    press(Qt::Key_Y, Qt::AltModifier);
+    EXPECT_EQ(text_of("lblreadout"), u"All payments: Total paid $578,796.05"_s);
     press(Qt::Key_Escape);
     EXPECT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(grid_rows(), rows);
@@ -158,10 +177,19 @@ TEST_F(Printing, PartialChartHasTheLumpSumAsItsOwnPoint) {
     EXPECT_EQ(text_of("lbltitle"), u"Partial Lump Sum Payments"_s);
     EXPECT_EQ(text_of("lblpartial"), u"$100,000.00"_s);
     press(Qt::Key_Backtab);
+    EXPECT_EQ(focus_name(), u"optchart_0"_s);
+    press(Qt::Key_Right);  // no lump sum among the balances
+    EXPECT_EQ(find<BarChart>("grphsche")->places(), 4);
+    press(Qt::Key_Left);
+    EXPECT_EQ(find<BarChart>("grphsche")->places(), 5);
+    EXPECT_EQ(find<BarChart>("grphsche")->detail(0), QString());
+    press(Qt::Key_Backtab);
     press(Qt::Key_Down);
     EXPECT_EQ(find<QWidget>("summary")->accessibleName(), u"Lump Sum (7/2020): $100,000.00"_s);
     EXPECT_TRUE(text_of("lblreadout").startsWith(u"All payments: Total paid "_s));
     press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Home);
     EXPECT_EQ(text_of("lblreadout"), u"Lump Sum: Total paid $100,000.00"_s);
     press(Qt::Key_Right);
     EXPECT_TRUE(text_of("lblreadout").startsWith(u"2020: "_s));  // October to December, no lump sum

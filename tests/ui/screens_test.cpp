@@ -97,7 +97,7 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     click("Cmdnext");
     expect_tab_order(QStringList{u"cmbrate"_s, u"summary"_s, u"grddist"_s} + print + chart + back);
     click("cmdchart");
-    expect_tab_order(QStringList{u"summary"_s, u"grphsche"_s} + print + back);
+    expect_tab_order(QStringList{u"summary"_s, u"optchart_0"_s, u"grphsche"_s} + print + back);
 }
 
 TEST_F(ScreenTest, HaveTheStandardSizeUnlessTheDisplayIsSmaller) {
