@@ -85,6 +85,14 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
         press(key);
     }
     EXPECT_EQ(grid->currentIndex().row(), 114);  // January 2030
+    const std::string headings =
+        "Payment #\tPayments Remaining\tBeginning Balance\tAmount\tRemaining Balance\tMonth\tYear\n";
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              headings + rows[114].join(u'\t').toStdString() + "\n");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().count(u'\n'), 1 + 349);
     press(Qt::Key_Home);
     press(Qt::Key_PageDown);
     EXPECT_GT(grid->currentIndex().row(), 0);
