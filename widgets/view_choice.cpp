@@ -21,6 +21,7 @@ ViewChoice::ViewChoice(const char* name, const QString& first, const QString& se
         row->addWidget(option);
     }
     first_option->setChecked(true);
+    second_->setFocusPolicy(Qt::ClickFocus);  // Tab goes to the chosen one, also backwards
     connect(second_, &QRadioButton::toggled, this, &ViewChoice::changed);
 }
 

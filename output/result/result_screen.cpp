@@ -80,11 +80,12 @@ void ResultScreen::build_buttons() {
 }
 
 void ResultScreen::add_menu_button() {
-    QPushButton* cmdmenu = control::button(u"&New Participant"_s, "cmdmenu");
+    QPushButton* cmdmenu = control::button(u"Ne&w Participant"_s, "cmdmenu");
     connect(cmdmenu, &QPushButton::clicked, this, [this] { module.return_to_menu(); });
     navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
     constexpr int twips_per_pixel = 10;
-    if (navigation()->minimumSize().width() > scenario.screen_width / twips_per_pixel) {
+    if (theme::large_text() ||
+        navigation()->minimumSize().width() > scenario.screen_width / twips_per_pixel) {
         navigation()->removeWidget(cmdmenu);
         content()->addWidget(cmdmenu, 0, Qt::AlignRight);
     }
@@ -148,6 +149,7 @@ QFrame* ResultScreen::rate_list() {
 
 void ResultScreen::add_beside_rates(QPushButton* button) {
     rates_row_->addWidget(button);
+    setTabOrder(cmbrate, button);
 }
 
 void ResultScreen::activate() {

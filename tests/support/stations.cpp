@@ -53,6 +53,11 @@ const std::vector<Station>& stations() {
         {"frmlump", [](UiTest& program) { go_to_result(program, "optmethod_0"); }},
         {"frmperio", [](UiTest& program) { go_to_result(program, "optmethod_1"); }},
         {"frmparti", [](UiTest& program) { go_to_result(program, "optmethod_2"); }},
+        {"frmcompare",
+         [](UiTest& program) {
+             go_to_result(program, "optmethod_1");
+             program.click("cmdcompare");
+         }},
         {"frmcperi",
          [](UiTest& program) {
              go_to_result(program, "optmethod_1");

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,6 +14,7 @@
 #include "core/numbers.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/grid.h"
+#include "widgets/text.h"
 
 namespace kelvar::test {
 
@@ -121,6 +123,83 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     EXPECT_EQ(money(text_of("lblstartvalue")), at_5);
     expect_sound_schedule();
     EXPECT_TRUE(take_messages().empty());
+}
+
+// The same, asked what, why, where the money goes, what the other rates would do, and who is next.
+TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
+    go_to_rates();
+    tick_rates_and_go({"chkrate_1", "chkrate_4"});
+    EXPECT_EQ(
+        text_of("lblheadline"),
+        u"Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, 2021, worked out anew each January; last payment July, 2049, age 99."_s);
+    const QString first = text_of("lblexplain");
+    EXPECT_TRUE(
+        first.startsWith(u"Payment 1, July, 2020: $256,270.90 / 349 payments left = $734.30."_s));
+    auto* grid = find<Grid>("grddist");
+    grid->setFocus();
+    type("2021");
+    EXPECT_EQ(
+        text_of("lblexplain"),
+        u"Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06. Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23."_s);
+    EXPECT_GE(grid->viewport()->height() / grid->rowHeight(0), 8) << "rows to be seen";
+
+    press(Qt::Key_E, Qt::AltModifier);
+    const QAbstractItemModel* years = find<Grid>("grdyear")->model();
+    ASSERT_EQ(years->rowCount(), 30);
+    QString last = text_of("lblstartvalue");
+    double fees = 39.89;  // up to the first payment
+    for (int row = 0; row < 30; ++row) {
+        const auto cell = [&](int column) { return years->index(row, column).data().toString(); };
+        EXPECT_EQ(cell(3), last);
+        EXPECT_EQ(
+            std::lround((money(cell(3)) + money(cell(4)) - money(cell(5)) - money(cell(6))) * 100),
+            std::lround(money(cell(7)) * 100));
+        fees += money(cell(5));
+        last = cell(7);
+    }
+    EXPECT_EQ(last, u"$0.00"_s);
+    EXPECT_NEAR(fees, 2361.42, 0.001);
+    EXPECT_TRUE(
+        text_of("lblledger")
+            .startsWith(
+                u"$250,000.00 opening balance + $331,157.41 earnings - $2,361.42 fees - $578,796.05 payments + $0.06 rounding = $0.00."_s));
+
+    menu_entry = u"Save as &CSV..."_s;
+    save_as = to_qt((folder.path() / "years.csv").string());
+    click("cmdprintmenu");
+    QFile saved(save_as);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readLine(),
+              "Year,Age,Payments,Beginning Balance,Earnings,Fees,Paid,Ending Balance\r\n");
+    EXPECT_EQ(saved.readLine(), "2020,70,6,256270.90,5380.85,33.53,4405.80,257212.42\r\n");
+    save_as = to_qt(folder.database().string());
+    click("cmdprintmenu");
+    const std::vector<std::string> refused = take_messages();
+    ASSERT_EQ(refused.size(), 1U);
+    EXPECT_TRUE(refused[0].starts_with("Nothing was saved.\n\nThe file ")) << refused[0];
+
+    click("cmdcompare");
+    EXPECT_EQ(focus_name(), u"grdcompare"_s);
+    const QAbstractItemModel* rates = find<Grid>("grdcompare")->model();
+    ASSERT_EQ(rates->rowCount(), 2);
+    const QString shown[] = {u"5%"_s,        u"$256,270.90"_s, u"$734.30"_s, u"$3,090.02"_s,
+                             u"349"_s,       u"7/2049"_s,      u"99"_s,      u"$331,157.41"_s,
+                             u"$2,361.42"_s, u"$578,796.05"_s};
+    for (int column = 0; column < rates->columnCount(); ++column) {
+        EXPECT_EQ(rates->index(0, column).data().toString(), shown[column]);
+    }
+    EXPECT_TRUE(text_of("lblspread").contains(u"at 8% instead of 5%, $470,471.64 more is paid"_s));
+    const QString total_at_8 = rates->index(1, 9).data().toString();
+    today = Date{std::chrono::year{2020} / 1 / 16};  // the comparison is of the day of the result
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_EQ(screen_name(), u"frmperio"_s);
+    EXPECT_EQ(find<QComboBox>("cmbrate")->currentText(), u" 8%"_s);
+    EXPECT_EQ(text_of("lbltotalvalue"), total_at_8);
+    EXPECT_TRUE(find<Grid>("grdyear")->isVisible()) << "the view stays";
+    press(Qt::Key_W, Qt::AltModifier);
+    EXPECT_EQ(screen_name(), u"frmdist"_s);
+    EXPECT_EQ(module->scenario.present_value, 0.0);
 }
 
 TEST_F(Periodic, FixedAmountThatLasts) {

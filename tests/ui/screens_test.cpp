@@ -95,7 +95,18 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
                      row);
     click("chkrate_3");
     click("Cmdnext");
-    expect_tab_order(QStringList{u"cmbrate"_s, u"summary"_s, u"grddist"_s} + print + chart + back);
+    EXPECT_FALSE(find<QWidget>("cmdcompare")->isEnabled());
+    click("cmdprev");
+    click("chkrate_4");
+    click("Cmdnext");
+    const QStringList result = QStringList{u"cmbrate"_s, u"cmdcompare"_s, u"summary"_s};
+    const QStringList result_back{u"picprev"_s, u"cmdprev"_s, u"cmdmenu"_s, u"cmdclose"_s};
+    expect_tab_order(result + QStringList{u"optview_0"_s, u"grddist"_s} + print + chart + result_back);
+    click("optview_1");
+    expect_tab_order(result + QStringList{u"optview_1"_s, u"grdyear"_s} + print + chart + result_back);
+    click("cmdcompare");
+    expect_tab_order(QStringList{u"grdcompare"_s, u"grphcompare"_s} + print + back);
+    click("cmdprev");
     click("cmdchart");
     expect_tab_order(QStringList{u"summary"_s, u"optchart_0"_s, u"grphsche"_s} + print + back);
 }
