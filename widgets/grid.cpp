@@ -190,18 +190,25 @@ void Grid::paintEvent(QPaintEvent* event) {
 void Grid::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
         copy();
+    } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        // The toolkit knows the Menu key only.
+        show_menu(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
     } else {
         QTableView::keyPressEvent(event);
     }
 }
 
 void Grid::contextMenuEvent(QContextMenuEvent* event) {
+    show_menu(event->globalPos());
+}
+
+void Grid::show_menu(const QPoint& place) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction* copies = menu->addAction(u"&Copy"_s, QKeySequence::Copy, this, [this] { copy(); });
     copies->setEnabled(!rows_to_copy().isEmpty());
     menu->addAction(u"Select &All"_s, QKeySequence::SelectAll, this, [this] { selectAll(); });
-    menu->popup(event->globalPos());
+    menu->popup(place);
 }
 
 // In the order of the grid, whatever the order in which they were chosen.

@@ -37,6 +37,7 @@ private:
     void fit_height();
     void spread_columns();
     void move_closer(bool close);
+    void show_menu(const QPoint& place);
     QList<int> rows_to_copy() const;
     void copy() const;
 
