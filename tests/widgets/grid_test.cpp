@@ -44,9 +44,9 @@ TEST(TableText, IsWhatOtherProgramsRead) {
 class GridTest : public ::testing::Test {
 protected:
     GridTest() {
-        std::vector<std::vector<TextTableModel::Cell>> rows;
-        for (int row = 0; row < 20; ++row) {
-            rows.push_back({{QString::number(row)}, {u"$%1.00"_s.arg(100 + row / 2)}});
+        std::vector<std::vector<TextTableModel::Cell>> rows(20);
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            rows[row] = {{QString::number(row)}, {u"$%1.00"_s.arg(100 + row / 2)}};
         }
         model.show_rows(std::move(rows));
         grid.setModel(&model);
