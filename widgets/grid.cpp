@@ -109,7 +109,7 @@ void Grid::setModel(QAbstractItemModel* model) {
 void Grid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     spread_columns();
-    if (shows_all_rows_ && event->size().width() != event->oldSize().width()) {
+    if (event->size().width() != event->oldSize().width()) {
         fit_height();
     }
 }
@@ -129,7 +129,8 @@ void Grid::fit_height() {
     const QFontMetrics metrics(bold(font()));
     int lines = 2 * metrics.height();
     for (int column = 0; column < model()->columnCount(); ++column) {
-        const QRect room(0, 0, needed_widths_[static_cast<std::size_t>(column)], 10 * metrics.height());
+        const int width = columnWidth(column) - (close_ ? 1 : 2) * theme::grid;
+        const QRect room(0, 0, width, 10 * metrics.height());
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
         lines = std::max(lines, metrics.boundingRect(room, Qt::TextWordWrap, heading).height());
     }

@@ -70,6 +70,7 @@ frmcompare::frmcompare(Module1& module1)
     grphcompare =
         new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
     content()->addWidget(grphcompare, 1);
+    content()->addStretch(0);  // where there are no lines to draw
     build_buttons();
 }
 
