@@ -3,6 +3,7 @@
 #include <QRadioButton>
 
 #include "core/numbers.h"
+#include "core/plan.h"
 #include "input/life_options.h"
 #include "input/rules/frequency.h"
 #include "input/rules/limits.h"
@@ -29,8 +30,8 @@ QString number_limit(Module1& module) {
 
 QString amount_limit(Module1& module) {
     const auto least = least_amount(module.scenario, module.database(), module.today());
-    return least ? u"At least %1 %2"_s.arg(to_qt(format_number(*least, pattern::dollars)),
-                                           to_qt(period_text(module.scenario.frequency)))
+    return least ? u"At least %1 a %2"_s.arg(to_qt(format_number(*least, pattern::dollars)),
+                                             to_qt(plan::period_name(module.scenario.frequency)))
                  : QString();
 }
 

@@ -13,13 +13,10 @@ namespace {
 struct Frequency {
     std::int16_t payments_per_year;
     std::string_view adjective;
-    std::string_view period;
 };
 
-constexpr std::array<Frequency, 4> frequencies{{{12, "monthly", "a month"},
-                                                {4, "quarterly", "a quarter"},
-                                                {2, "semi-annual", "a half-year"},
-                                                {1, "annual", "a year"}}};
+constexpr std::array<Frequency, 4> frequencies{
+    {{12, "monthly"}, {4, "quarterly"}, {2, "semi-annual"}, {1, "annual"}}};
 
 const Frequency& words_of(int payments_per_year) {
     const auto* const found =
@@ -39,10 +36,6 @@ std::int16_t frequency_of_box(int index) {
 std::string payments_text(int number, int payments_per_year) {
     return fmt::format("{} {} payment{}", number, words_of(payments_per_year).adjective,
                        number == 1 ? "" : "s");
-}
-
-std::string_view period_text(int payments_per_year) {
-    return words_of(payments_per_year).period;
 }
 
 Check check_frequency(int payments_per_year, std::string_view first_box) {

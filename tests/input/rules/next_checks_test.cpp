@@ -179,15 +179,13 @@ TEST_F(PartialLumpSum, AgesAreWorkedOutAnewAndAnUnknownAgeChangesNothing) {
 TEST(PeriodicPayments, NeedAFrequency) {
     Scenario scenario;
     EXPECT_EQ(told(check_periodic(scenario)), no_frequency + " [chkperiod_0]");
-    for (const auto& [box, expected, payments, period] :
-         {std::tuple{0, 12, "7 monthly payments", "a month"},
-          {1, 4, "7 quarterly payments", "a quarter"},
-          {2, 2, "7 semi-annual payments", "a half-year"},
-          {3, 1, "7 annual payments", "a year"}}) {
+    for (const auto& [box, expected, payments] : {std::tuple{0, 12, "7 monthly payments"},
+                                                  {1, 4, "7 quarterly payments"},
+                                                  {2, 2, "7 semi-annual payments"},
+                                                  {3, 1, "7 annual payments"}}) {
         scenario.frequency = frequency_of_box(box);
         EXPECT_EQ(scenario.frequency, expected) << "box " << box;
         EXPECT_EQ(payments_text(7, expected), payments);
-        EXPECT_EQ(period_text(expected), period);
         EXPECT_EQ(told(check_periodic(scenario)), accepted) << "box " << box;
     }
     EXPECT_EQ(payments_text(1, 12), "1 monthly payment");
