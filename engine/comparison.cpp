@@ -17,9 +17,8 @@ namespace {
 
 double amount_in_last_full_year(const PaymentSchedule& schedule, const std::vector<YearRow>& years,
                                 int frequency) {
-    const auto full = std::find_if(years.rbegin(), years.rend(), [&](const YearRow& year) {
-        return year.payments == frequency && year.ending > 0.0;
-    });
+    const auto full = std::find_if(years.rbegin(), years.rend(),
+                                   [&](const YearRow& year) { return year.payments == frequency; });
     if (full == years.rend()) {
         return 0.0;
     }
@@ -30,6 +29,9 @@ double amount_in_last_full_year(const PaymentSchedule& schedule, const std::vect
 
 // "$12.20 more"
 std::string change(double dollars) {
+    if (dollars == 0.0) {
+        return "the same";
+    }
     return fmt::format("{} {}", money_text(std::abs(dollars)), dollars < 0.0 ? "less" : "more");
 }
 
@@ -48,7 +50,7 @@ ComparedRate compared(const Scenario& scenario, double rate, Date today) {
     column.payments = schedule.number_of_payments;
     column.last_payment = last.date;
     column.last_age = age_in_month(scenario.birth_date, month_of(last.date), year_of(last.date));
-    column.earnings = projection.ledger.earnings;
+    column.earnings = round_to_cents(projection.ledger.earnings + projection.ledger.rounding);
     column.fees = projection.ledger.fees;
     column.total = projection.total_paid;
     for (const YearRow& year : years) {
@@ -91,9 +93,10 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
     }
     const ComparedRate& low = **std::ranges::min_element(complete, {}, &ComparedRate::rate);
     const ComparedRate& high = **std::ranges::max_element(complete, {}, &ComparedRate::rate);
-    std::string text = fmt::format(
-        "Nobody knows what the account will earn: at {} instead of {}, {} is paid in all",
-        rate_text(high.rate, lump_sum), rate_text(low.rate, lump_sum), change(high.total - low.total));
+    std::string text =
+        fmt::format("Nobody knows what the account will earn: at {} instead of {}, {} is paid in all",
+                    rate_text(high.rate, lump_sum), rate_text(low.rate, lump_sum),
+                    change(round_to_cents(high.total - low.total)));
     if (const int longer = high.payments - low.payments; longer != 0) {
         text += fmt::format(", and payments last {} {}",
                             time_text(std::abs(longer) * 12 / scenario.frequency),

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "engine/heading.h"
-#include "engine/interval.h"
 
 namespace kelvar {
 
@@ -64,10 +63,6 @@ std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
 
 }  // namespace
 
-bool begins_year(const PaymentSchedule& schedule, std::size_t index) {
-    return index > 0 && schedule.rows[index].date.year() != schedule.rows[index - 1].date.year();
-}
-
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index) {
     return index > 0 && schedule.rows[index].payment != schedule.rows[index - 1].payment;
 }
@@ -86,12 +81,12 @@ std::string explanation(const Scenario& scenario, const Projection& projection, 
 
 std::string ledger_text(const Scenario& scenario, const Ledger& ledger) {
     std::string text =
-        fmt::format("{} opening balance{} - {} fees - {} {}", money_text(ledger.opening),
+        fmt::format("{} opening{} - {} fees - {} {}", money_text(ledger.opening),
                     term(ledger.earnings, "earnings", "losses"), money_text(ledger.fees),
                     money_text(ledger.payments),
                     scenario.method == partial_lump_sum ? "lump sum and payments" : "payments");
     if (ledger.rounding != 0.0) {
-        text += term(ledger.rounding, "rounding", "rounding");
+        text += term(ledger.rounding, "rounding", "rounding") + " (earnings in the years)";
     }
     text += fmt::format(" = {}.", money_text(ledger.closing));
     if (ledger.periods_without_fee > 0) {
@@ -99,10 +94,9 @@ std::string ledger_text(const Scenario& scenario, const Ledger& ledger) {
                             count_text(ledger.periods_without_fee, "time"));
     }
     if (ledger.earnings_before != 0.0 || ledger.fees_before != 0.0) {
-        text += fmt::format(" Of this, before the first periodic payment: {} {} and {} fees.",
-                            money_text(std::abs(ledger.earnings_before)),
-                            ledger.earnings_before < 0.0 ? "losses" : "earnings",
-                            money_text(ledger.fees_before));
+        text += fmt::format(
+            " Before the first payment: {} {}, {} fees.", money_text(std::abs(ledger.earnings_before)),
+            ledger.earnings_before < 0.0 ? "losses" : "earnings", money_text(ledger.fees_before));
     }
     return text;
 }

@@ -4,12 +4,11 @@
 
 #include <string>
 
+#include "engine/interval.h"
 #include "engine/projection.h"
 
 namespace kelvar {
 
-// True for the first payment of a calendar year after the first one.
-bool begins_year(const PaymentSchedule& schedule, std::size_t index);
 // True when the payment has another amount than the one before it.
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 

@@ -17,4 +17,13 @@ std::optional<Interval> interval_after(const PaymentSchedule& schedule, std::siz
         .fee_charged = accrual.covers_fee(row.remainbalance, days)};
 }
 
+bool begins_year(const PaymentSchedule& schedule, std::size_t index) {
+    return index > 0 && ends_year(schedule, index - 1);
+}
+
+bool ends_year(const PaymentSchedule& schedule, std::size_t index) {
+    const bool last = index + 1 == schedule.rows.size();
+    return last || schedule.rows[index].date.year() != schedule.rows[index + 1].date.year();
+}
+
 }  // namespace kelvar

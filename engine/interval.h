@@ -1,4 +1,4 @@
-// What happens to an account between a payment and the next one.
+// What happens to an account between a payment and the next one, and where years meet.
 #pragma once
 
 #include <optional>
@@ -19,5 +19,10 @@ struct Interval {
 // `accrual` has the rate and the fee of the schedule.
 std::optional<Interval> interval_after(const PaymentSchedule& schedule, std::size_t index,
                                        Accrual& accrual);
+
+// True for the first payment of a calendar year after the first one, and for the last payment of a
+// year.
+bool begins_year(const PaymentSchedule& schedule, std::size_t index);
+bool ends_year(const PaymentSchedule& schedule, std::size_t index);
 
 }  // namespace kelvar

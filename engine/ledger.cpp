@@ -32,8 +32,10 @@ void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
 Ledger LedgerEntries::close(double closing) const {
     Ledger ledger = ledger_;
     ledger.earnings = round_to_cents(ledger.earnings_before + ledger.earnings);
-    ledger.fees = round_to_cents(ledger.fees_before + ledger.fees);
     ledger.earnings_before = round_to_cents(ledger.earnings_before);
+    const double since = round_to_cents(ledger.fees);
+    ledger.fees = round_to_cents(ledger.fees_before + ledger.fees);
+    ledger.fees_before = round_to_cents(ledger.fees - since);
     ledger.payments = round_to_cents(ledger.payments);
     ledger.closing = closing;
     ledger.rounding =

@@ -13,7 +13,7 @@ struct Ledger {
     double fees = 0.0;             // of the periods that paid theirs
     int periods_without_fee = 0;   // whose growth did not cover it
     double earnings_before = 0.0;  // of the earnings, those up to the first periodic payment
-    double fees_before = 0.0;      // of the fees likewise, not rounded
+    double fees_before = 0.0;      // of the fees likewise
     double payments = 0.0;         // with the lump sum
     // What cents leave over, never more than one a payment; more only where a rate far below 0 lets
     // level payments exceed what is left of the account.

@@ -16,7 +16,7 @@ struct YearRow {
     int payments = 0;
     double beginning = 0.0;  // at first the value at the first periodic payment
     double earnings = 0.0;   // with what rounding to cents leaves over
-    double fees = 0.0;       // add up to those of the ledger, up to the cents
+    double fees = 0.0;       // with those before the payments they add up to the ledger's
     double paid = 0.0;       // without a lump sum
     double ending = 0.0;     // balance after the last payment of the year
 };

@@ -14,7 +14,8 @@ void CaptionedFrame::paintEvent(QPaintEvent*) {
     initStyleOption(&option);
     option.text.clear();
     painter.drawComplexControl(QStyle::CC_GroupBox, option);
-    const QRect contents = layout()->contentsRect();
+    // Not the layout's own place, which can be behind the frame's when the frame is painted.
+    const QRect contents = contentsRect().marginsRemoved(layout()->contentsMargins());
     painter.setPen(theme::colors().accent);
     painter.drawText(QRect(contents.left(), theme::grid, contents.width(), contentsRect().top()),
                      Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, title());

@@ -14,6 +14,16 @@
 
 namespace kelvar {
 
+namespace {
+
+constexpr const char* words_property = "words_in_view";
+
+}  // namespace
+
+void keep_in_view_with(QWidget* control, QWidget* words) {
+    control->setProperty(words_property, QVariant::fromValue(words));
+}
+
 FocusMarker::FocusMarker(const QWidget* screen, QScrollArea* page) : screen_(screen), page_(page) {}
 
 void FocusMarker::follow(QObject* watched, const QEvent& event) {
@@ -70,8 +80,14 @@ void FocusMarker::move_ring(const QWidget* moved) {
 }
 
 void FocusMarker::keep_in_view(QWidget* focus) {
+    const auto place_of = [this](const QWidget* widget) {
+        return QRect(widget->mapTo(page_->widget(), QPoint()), widget->size());
+    };
+    QRect place = place_of(focus);
+    if (const auto* words = focus->property(words_property).value<QWidget*>()) {
+        place |= place_of(words);
+    }
     // Its beginning, where it is higher than the view.
-    const QRect place(focus->mapTo(page_->widget(), QPoint()), focus->size());
     page_->ensureVisible(place.right(), place.bottom(), theme::grid, theme::grid);
     page_->ensureVisible(place.left(), place.top(), theme::grid, theme::grid);
 }

@@ -11,6 +11,9 @@ namespace kelvar {
 
 class FocusRing;
 
+// Keeps the words that say something about a control in view with it. They live as long as it does.
+void keep_in_view_with(QWidget* control, QWidget* words);
+
 class FocusMarker {
 public:
     // Marks the focus anywhere in `screen`; `page` is the part of it that scrolls.

@@ -158,8 +158,15 @@ void Grid::keyboardSearch(const QString& typed) {
         since_typed_.isValid() && !since_typed_.hasExpired(forgotten_after) && found_ == currentIndex();
     sought_ = goes_on ? sought_ + typed : typed;
     since_typed_.start();
-    const QModelIndexList rows = model()->match(model()->index(0, search_column_), Qt::DisplayRole,
-                                                sought_, 1, Qt::MatchStartsWith);
+    const auto found = [this] {
+        return model()->match(model()->index(0, search_column_), Qt::DisplayRole, sought_, 1,
+                              Qt::MatchStartsWith);
+    };
+    QModelIndexList rows = found();
+    if (rows.isEmpty() && goes_on) {  // another entry begins
+        sought_ = typed;
+        rows = found();
+    }
     if (!rows.isEmpty()) {
         setCurrentIndex(rows.front());
         scrollTo(rows.front(), PositionAtTop);

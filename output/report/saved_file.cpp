@@ -115,7 +115,7 @@ void write_whole(const Module1& module, const QString& path,
 }
 
 QString save_csv(Module1& module, QWidget* window, const QString& name, const QByteArray& table) {
-    const QString path =
+    QString path =
         ask_where_to_save(window, u"Save as CSV"_s, name,
                           {.dialog = "savecsv", .names = u"CSV files (*.csv)"_s, .suffix = u"csv"_s});
     if (path.isEmpty()) {

@@ -24,7 +24,7 @@ namespace {
 std::vector<TextTableModel::Column> columns() {
     return {{u"Rate"_s},         {u"Value at First Payment"_s},
             {u"First Amount"_s}, {u"Amount in Last Full Year"_s},
-            {u"Payments"_s},     {u"Last Payment"_s},
+            {u"Number"_s},       {u"Last Payment"_s},
             {u"Age"_s},          {u"Earnings"_s},
             {u"Fees"_s},         {u"Total Paid"_s}};
 }
@@ -136,7 +136,10 @@ void frmcompare::show_lines() {
         lines.labels << QString::number(comparison_.first_year + static_cast<int>(year));
     }
     lines.upper = y_max(highest);
-    grphcompare->setVisible(!lines.sets.empty());
+    if (lines.sets.size() == 1) {
+        lines.whole = grphcompare->accessibleName() + u": "_s + lines.sets.front().name;
+    }
+    grphcompare->setVisible(years > 1);
     grphcompare->show_lines(lines);
 }
 

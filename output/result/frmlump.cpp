@@ -65,6 +65,7 @@ void frmlump::get_value() {
         uncover();
         print_buttons->setEnabled(true);
         grphlump->choose(cmbrate->currentIndex());
+        grdvalues->setCurrentIndex(values_->index(cmbrate->currentIndex(), 0));
         store_result([this, heading = heading_of(scenario, projection)] {
             Database::Transaction transaction(module.database());
             add_table(module.database(), heading);

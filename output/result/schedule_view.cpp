@@ -1,14 +1,17 @@
 #include "output/result/schedule_view.h"
 
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/numbers.h"
 #include "engine/explanation.h"
 #include "engine/years.h"
 #include "output/result/cells.h"
+#include "widgets/focus_marker.h"
 #include "widgets/grid.h"
 #include "widgets/record_table_model.h"
 #include "widgets/theme.h"
@@ -48,6 +51,13 @@ QLabel* two_lines(const char* name) {
     return label;
 }
 
+// Chooses the row that was chosen before the rows were replaced, at first the first one.
+void keep_row(Grid& grid, int row) {
+    const int last = grid.model()->rowCount() - 1;
+    grid.setCurrentIndex(grid.model()->index(std::clamp(row, 0, std::max(0, last)), 0));
+    grid.scrollTo(grid.currentIndex(), QAbstractItemView::PositionAtTop);
+}
+
 }  // namespace
 
 ScheduleView::ScheduleView(const Scenario& of_program)
@@ -59,10 +69,18 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     column->setSpacing(theme::grid);
     grddist = new Grid("grddist", u"Schedule of payments"_s);
     grdyear = new Grid("grdyear", u"Years of the schedule"_s);
-    grids_->addWidget(grddist);
-    grids_->addWidget(grdyear);
+    for (Grid* grid : {grddist, grdyear}) {
+        grids_->addWidget(grid);
+        if (!theme::large_text()) {  // so that the panel below stays in sight at somewhat larger text
+            grid->setMinimumHeight(grid->minimumHeight() -
+                                   grid->verticalHeader()->defaultSectionSize());
+        }
+    }
     column->addWidget(grids_, 1);
     column->addWidget(build_panel());
+    for (Grid* grid : {grddist, grdyear}) {
+        keep_in_view_with(grid, panel_);
+    }
 }
 
 QWidget* ScheduleView::build_panel() {
@@ -90,10 +108,10 @@ void ScheduleView::load(Recordset& schedule) {
 }
 
 void ScheduleView::show_projection(const Projection& projection) {
+    const int payment = grddist->currentIndex().row();
     projection_ = projection;
     rows_->show_rows(0, projection.schedule.rows.size());
-    grddist->setCurrentIndex(rows_->index(0, 0));
-    grddist->scrollToTop();
+    keep_row(*grddist, payment);
     if (shows_years()) {
         show_years();
     }
@@ -132,7 +150,9 @@ void ScheduleView::show_years() {
                         money_cell(year.beginning), money_cell(year.earnings), money_cell(year.fees),
                         money_cell(year.paid), money_cell(year.ending)});
     }
+    const int year = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
+    keep_row(*grdyear, year);
     lblledger->setText(to_qt(ledger_text(scenario, projection_.ledger)));
 }
 

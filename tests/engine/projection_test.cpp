@@ -225,7 +225,7 @@ void expect_explained(const Scenario& scenario, const Projection& p, std::size_t
 
 // Each year begins with what the one before left, and all of them make the ledger.
 void expect_years(const Scenario& scenario, const Projection& p) {
-    long long fees = cents(round_to_cents(p.ledger.fees_before));
+    long long fees = cents(p.ledger.fees_before);
     double begins = p.schedule.rows.empty() ? 0.0 : round_to_cents(p.schedule.rows[0].startbalance);
     std::size_t payments = 0;
     for (const YearRow& y : years_of(p, scenario.birth_date, scenario.fee_amount)) {
