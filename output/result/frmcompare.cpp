@@ -59,7 +59,8 @@ bool is_complete(const ComparedRate& rate) {
 frmcompare::frmcompare(Module1& module1)
     : Screen(module1, "frmcompare", {.title = u"Comparison of Rates"_s, .step = {}, .next = false}) {
     content()->setSpacing(theme::grid);
-    content()->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
+    constexpr int side = theme::grid / 2;  // the table takes the room
+    content()->setContentsMargins(side, theme::grid, side, theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
     content()->addWidget(lblsub);
