@@ -8,11 +8,16 @@
 namespace kelvar {
 
 inline constexpr std::array all_report_templates{"lumpsum.rpt",  "periodic.rpt", "partial.rpt",
-                                                 "schedule.rpt", "schefix.rpt",  "schelife.rpt"};
+                                                 "yearly.rpt",   "schedule.rpt", "schefix.rpt",
+                                                 "schelife.rpt", "compare.rpt"};
+
+enum class Parts { everything, summary_and_years, summary };
 
 // File names of the templates for a method of distribution and a length option, as the scenario holds
-// them. The summary comes first, then the schedule that suits the length option. Where no schedule
-// does, periodic payments print their summary twice and a partial lump sum prints it alone.
-std::vector<std::string> report_templates(int method, int length_option);
+// them. The summary comes first, then the schedule that suits the length option; a lump sum has a
+// summary only. Where no schedule suits, periodic payments print their summary twice and a partial lump
+// sum prints it alone.
+std::vector<std::string> report_templates(int method, int length_option,
+                                          Parts parts = Parts::everything);
 
 }  // namespace kelvar
