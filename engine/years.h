@@ -24,4 +24,7 @@ struct YearRow {
 // One row a year; none without periodic payments. `birth` is the participant's.
 std::vector<YearRow> years_of(const Projection& projection, Date birth, double fee);
 
+// All years as one: the last year and age, from the first beginning to the last ending.
+YearRow total_of(const std::vector<YearRow>& years);
+
 }  // namespace kelvar

@@ -30,14 +30,15 @@ ChartDrawing::Look screen_look(const QWidget& chart) {
 }
 
 // Black on white with a grid that survives a copier, whatever the screen's colours are.
-ChartDrawing::Look paper_look(QFont font) {
+ChartDrawing::Look paper_look(QFont font, bool small) {
     font.setPointSizeF(11.0);  // also where the screen's texts are larger
     return {.font = font,
             .paper = Qt::white,
             .text = Qt::black,
             .lines = QColor(0xb0, 0xb0, 0xb0),
             .sets = QColor(0x17, 0x40, 0x5f),
-            .turn_values_beyond = 8};  // nobody can point at a bar on paper
+            .most_steps = small ? 4 : 8,
+            .turn_values_beyond = small ? 0 : 8};  // nobody can point at a bar on paper
 }
 
 QPixmap picture(QGraphicsItem* key, double density) {
@@ -158,10 +159,10 @@ void Chart::show_legend() {
     column_->insertWidget(0, legend_);
 }
 
-void Chart::paint_on_paper(QPainter& painter, const QRectF& area) const {
-    constexpr double width = 900.0;  // how large the texts are beside what is drawn
+void Chart::paint_on_paper(QPainter& painter, const QRectF& area, double width) const {
+    constexpr double small_below = 600.0;
     const double height = width * area.height() / area.width();
-    const ChartDrawing::Look look = paper_look(font());
+    const ChartDrawing::Look look = paper_look(font(), width < small_below);
     QGraphicsScene scene;
     ChartDrawing* drawing = new_drawing(look);
     scene.addItem(drawing);

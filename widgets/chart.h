@@ -18,8 +18,9 @@ class Chart : public QWidget {
     Q_OBJECT
 
 public:
-    // Draws the same as it looks best on paper.
-    void paint_on_paper(QPainter& painter, const QRectF& area) const;
+    // Draws the same as it looks best on paper. The area is as wide as `width` on a screen: the less it
+    // is, the larger are the texts, and below 600 there are fewer of them.
+    void paint_on_paper(QPainter& painter, const QRectF& area, double width = 900.0) const;
 
     int places() const { return drawing_ == nullptr ? 0 : drawing_->places(); }
     int selected() const { return selected_; }

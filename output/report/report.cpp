@@ -3,13 +3,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
+#include <algorithm>
 #include <kainjow/mustache.hpp>
 #include <optional>
 
-#include "core/numbers.h"
-#include "core/scenario.h"
+#include "output/report/charted_report.h"
 #include "output/report/page_painter.h"
-#include "output/report/report_document.h"
+#include "output/report/report_fields.h"
+#include "output/report/template_tags.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
@@ -19,48 +20,6 @@ namespace kelvar {
 namespace {
 
 namespace mustache = kainjow::mustache;
-
-void set_fields(mustache::data& record, const Recordset& rows, std::size_t row,
-                std::initializer_list<const char*> texts, std::initializer_list<const char*> amounts) {
-    for (const char* field : texts) {
-        record.set(field, as_text(rows.cell(row, rows.column(field))));
-    }
-    for (const char* field : amounts) {
-        const FieldValue& value = rows.cell(row, rows.column(field));
-        record.set(field, as_text(value));
-        record.set(std::string(field) + "_money", format_number(as_number(value), pattern::dollars));
-    }
-}
-
-mustache::data fields_of(Database& database) {
-    const Recordset& distrib = database.distrib();
-    mustache::data heading;
-    set_fields(heading, distrib, 0,
-               {"dtitle", "dsubtitle", "frstdate", "scnddate", "payments", "paylength", "totalvalue",
-                "rate", "fee"},
-               {"curvalue", "startvalue", "scndvalue", "partial", "fixamount"});
-
-    const Recordset& schedule = database.schedule();
-    mustache::data payments(mustache::data::type::list);
-    double total = 0.0;
-    for (std::size_t row = 0; row < schedule.RecordCount(); ++row) {
-        mustache::data payment;
-        set_fields(payment, schedule, row, {"number", "remaining", "Month", "Year"},
-                   {"startbalance", "payment", "remainbalance"});
-        payments.push_back(payment);
-        total += as_number(schedule.cell(row, schedule.column("payment")));
-    }
-
-    const int length = static_cast<int>(as_number(distrib.cell(0, distrib.column("paylength"))));
-    mustache::data fields;
-    fields.set("distrib", heading);
-    fields.set("schedule", payments);
-    fields.set("schedule_total_money", format_number(total, pattern::dollars));
-    fields.set("by_number_of_payments", length == by_number_of_payments);
-    fields.set("by_dollar_amount", length == by_dollar_amount);
-    fields.set("by_life_expectancy", length == by_life_expectancy);
-    return fields;
-}
 
 [[noreturn]] void refuse(const std::filesystem::path& file, const std::string& why) {
     throw PrintError("The report template " + file.string() + " " + why);
@@ -75,35 +34,57 @@ constexpr std::size_t most_sections = 2;        // inside each other
     refuse(file, "gives more than 20 MB of text.");
 }
 
-// What the template's own text comes to when every section of payments is written out, in bytes. Its
-// tags count as text, so that sections that write nothing have an end as well. Refuses what cannot be
-// told.
-double written_out(const std::filesystem::path& file, const std::string& text, std::size_t payments) {
-    const QByteArrayView rest(text);
+// What the template's own text comes to when every section of a list is written out, in bytes. Its tags
+// count as text, so that sections that write nothing have an end as well. Refuses what cannot be told.
+double written_out(const std::filesystem::path& file, const std::string& text, std::size_t payments,
+                   const ReportValues& result) {
     std::vector<double> times{1.0};  // how often the text is written, for each section that is open
     double bytes = 0.0;
-    qsizetype at = 0;
-    for (qsizetype tag = rest.indexOf("{{"); tag >= 0; tag = rest.indexOf("{{", at)) {
-        const qsizetype end = rest.indexOf("}}", tag);
-        if (end < 0) {
-            break;
-        }
-        const QByteArrayView name = rest.sliced(tag + 2, end - tag - 2).trimmed();
-        bytes += static_cast<double>(end + 2 - at) * times.back();
-        at = end + 2;
-        if (name.startsWith('#') || name.startsWith('^')) {
-            const bool all = name.startsWith('#') && name.sliced(1).trimmed() == "schedule";
-            times.push_back(times.back() * (all ? static_cast<double>(payments) : 1.0));
-        } else if (name.startsWith('/') && times.size() > 1) {
+    std::size_t at = 0;
+    while (const std::optional<Tag> tag = next_tag(text, at)) {
+        bytes += static_cast<double>(tag->end - at) * times.back();
+        at = tag->end;
+        if (tag->kind == '#') {
+            times.push_back(times.back() * entries(tag->name, payments, result));
+        } else if (tag->kind == '^') {
+            times.push_back(times.back());
+        } else if (tag->kind == '/' && times.size() > 1) {
             times.pop_back();
-        } else if (name.startsWith('=')) {
-            refuse(file, "changes the marks of its tags.");
+        } else if (tag->kind == '=') {
+            refuse(file, "changes the marks of its tags" + in_line(text, tag->place) + ".");
         }
         if (times.size() > 1 + most_sections) {
-            refuse(file, "has more than 2 sections inside each other.");
+            refuse(file,
+                   "has more than 2 sections inside each other" + in_line(text, tag->place) + ".");
         }
     }
-    return bytes + static_cast<double>(rest.size() - at);
+    return bytes + static_cast<double>(text.size() - at);
+}
+
+// The first tag of this name that found nothing: the same name can be a field inside of a section.
+std::size_t place_of_unknown(const std::string& text, const std::string& name,
+                             const mustache::data& fields) {
+    mustache::context<std::string> known(&fields);
+    std::size_t open = 0;       // sections
+    std::size_t unwritten = 0;  // the outermost open one that is not written, counted from 1
+    std::optional<Tag> tag = next_tag(text, 0);
+    for (; tag; tag = next_tag(text, tag->end)) {
+        const mustache::data* found = tag->kind == '>' ? nullptr : known.get(tag->name);
+        if (tag->kind == '/') {
+            unwritten = unwritten == open ? 0 : unwritten;
+            --open;
+            known.pop();
+        } else if (unwritten == 0 && tag->name == name && found == nullptr) {
+            break;
+        } else if (tag->kind == '#' || tag->kind == '^') {
+            const bool says_nothing = found == nullptr || found->is_false() || found->is_empty_list();
+            ++open;
+            unwritten = unwritten == 0 && says_nothing == (tag->kind == '#') ? open : unwritten;
+            const bool is_list = found != nullptr && found->is_non_empty_list();
+            known.push(is_list ? &found->list_value().front() : &fields);
+        }
+    }
+    return tag ? tag->place : 0;
 }
 
 // Counts what is written, and remembers the first name that nothing is known under.
@@ -169,33 +150,34 @@ std::string read_template(const std::filesystem::path& file) {
 
 }  // namespace
 
-Report fill_template(const std::filesystem::path& template_file, Database& database) {
+Report fill_template(const std::filesystem::path& template_file, Database& database,
+                     const ReportValues& result) {
     const std::string text = read_template(template_file);
-    const double bytes = written_out(template_file, text, database.schedule().RecordCount());
+    const double bytes = written_out(template_file, text, database.schedule().RecordCount(), result);
     if (bytes > longest_report) {
         refuse_length(template_file);
     }
     mustache::mustache report(text);
     if (!report.is_valid()) {
-        // The engine's message ends in a bare number, the place counted in characters.
-        refuse(template_file, "is faulty: " + report.error_message() + " characters from its start.");
+        refuse(template_file, "is faulty: " + fault_in_line(text, report.error_message()) + ".");
     }
-    const mustache::data data = fields_of(database);
+    const mustache::data data = fields_of(database, result);
     Fields fields(&data, template_file, bytes);
     const std::string html = report.render(fields);
     if (!report.is_valid()) {
         refuse(template_file, "is faulty: " + report.error_message() + ".");
     }
     if (fields.unknown()) {
-        refuse(template_file, "names an unknown field: \"" + *fields.unknown() + "\".");
+        const std::string& name = *fields.unknown();
+        refuse(template_file, "names an unknown field: \"" + name + "\"" +
+                                  in_line(text, place_of_unknown(text, name, data)) + ".");
     }
     if (static_cast<double>(html.size()) > longest_report) {
         refuse_length(template_file);
     }
-    auto document = std::make_shared<ReportDocument>(template_file.parent_path());
-    set_style(*document);
+    auto document = std::make_shared<ChartedReport>(template_file.parent_path(), result.chart);
     if (const auto why = document->read(to_qt(html))) {
-        refuse(template_file, *why);
+        refuse(template_file, refusal_in_line(text, *why));
     }
     return document;
 }

@@ -5,8 +5,9 @@
 // `schedule`, in their order, each field under its own name. Dollar amounts that are stored as numbers
 // can also be had written out: `curvalue` is 250000, `curvalue_money` $250,000.00. Beside the fields
 // there are `schedule_total_money`, the sum of all rows, and one of `by_number_of_payments`,
-// `by_dollar_amount` and `by_life_expectancy` is true. A tag that names anything else is an error, so
-// that a slip of the pen leaves no gap in a printout.
+// `by_dollar_amount` and `by_life_expectancy` is true. What is known of the result besides is in
+// `result` (see report_values.h): as the condition of a section, a value that says nothing is false.
+// A tag that names anything else is an error, so that a slip of the pen leaves no gap in a printout.
 //
 // What a template can cost is bounded: 20 MB of text once it is filled in, sections at most 2 deep and
 // tables at most 8 deep, and the files that ReportDocument lets it use.
@@ -20,6 +21,7 @@
 
 #include "core/dates.h"
 #include "core/records.h"
+#include "output/report/report_values.h"
 
 namespace kelvar {
 
@@ -28,8 +30,9 @@ namespace kelvar {
 using Report = std::shared_ptr<QTextDocument>;
 
 // Throws PrintError when the template is missing, empty or faulty, or goes beyond what it may use. The
-// images that it names lie in the template's folder.
-Report fill_template(const std::filesystem::path& template_file, Database& database);
+// images that it names lie in the template's folder. Its image "result:chart" is the result's chart.
+Report fill_template(const std::filesystem::path& template_file, Database& database,
+                     const ReportValues& result = {});
 
 // Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError.
 void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device);

@@ -19,29 +19,34 @@ std::string schedule_template(int length_option) {
     }
 }
 
-std::vector<std::string> chosen_parts(const std::string& summary, const std::string& payments,
+// Of what belongs to payments, beginning with the summary.
+std::vector<std::string> chosen_parts(const std::string& summary, const std::string& schedule,
                                       Parts parts) {
-    std::vector<std::string> templates{summary};
-    if (parts == Parts::summary_and_years) {
-        templates.emplace_back("yearly.rpt");
+    switch (parts) {
+        case Parts::summary:
+            return {summary};
+        case Parts::summary_and_years:
+            return {summary, "yearly.rpt"};
+        default:
+            return {summary, "yearly.rpt", schedule};
     }
-    if (parts == Parts::everything && !payments.empty()) {
-        templates.push_back(payments);
-    }
-    return templates;
 }
 
 }  // namespace
 
 std::vector<std::string> report_templates(int method, int length_option, Parts parts) {
     const std::string schedule = schedule_template(length_option);
+    const bool all = parts == Parts::everything;
     switch (method) {
         case lump_sum:
             return {"lumpsum.rpt"};
         case periodic_payments:
-            return chosen_parts("periodic.rpt", schedule.empty() ? "periodic.rpt" : schedule, parts);
+            if (schedule.empty()) {
+                return std::vector<std::string>(all ? 2 : 1, "periodic.rpt");
+            }
+            return chosen_parts("periodic.rpt", schedule, parts);
         case partial_lump_sum:
-            return chosen_parts("partial.rpt", schedule, parts);
+            return chosen_parts("partial.rpt", schedule, schedule.empty() ? Parts::summary : parts);
         default:
             return {};
     }

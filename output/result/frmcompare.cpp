@@ -3,12 +3,12 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <algorithm>
-#include <numeric>
 
 #include "engine/axis.h"
-#include "output/report/chart_page.h"
+#include "output/report/report.h"
 #include "output/report/saved_file.h"
 #include "output/result/cells.h"
+#include "output/result/printed_values.h"
 #include "widgets/grid.h"
 #include "widgets/hourglass.h"
 #include "widgets/line_chart.h"
@@ -93,9 +93,8 @@ void frmcompare::build_buttons() {
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
         buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
     });
-    connect(buttons, &PrintButtons::csv_chosen, this, [this, buttons] {
-        buttons->show_saved(save_csv(module, this, print_job().file_name, csv(*rows_)));
-    });
+    connect(buttons, &PrintButtons::csv_chosen, this,
+            [this, buttons] { buttons->show_saved(save_csv(module, this, file_name(), csv(*rows_))); });
 }
 
 void frmcompare::load() {
@@ -171,20 +170,24 @@ QString frmcompare::title() const {
                  std::string(module.frequency_name()));
 }
 
+QString frmcompare::file_name() const {
+    return proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, module.today());
+}
+
 PrintJob frmcompare::print_job() const {
-    QList<int> all(rows_->rowCount());
-    std::iota(all.begin(), all.end(), 0);
-    const QString name = lbltitle->text();
-    const QString above = u"<h1>"_s + name + u"</h1><p>"_s + lblsub->text().toHtmlEscaped() +
-                          u"</p>"_s + html_table(*rows_, all) + u"<p>"_s +
-                          lblspread->text().toHtmlEscaped() + u"</p>"_s;
+    ReportValues result = printed_comparison(scenario, comparison_);
+    if (grphcompare->places() > 0) {
+        result.chart = [this](QPainter& painter, const QRectF& area) {
+            grphcompare->paint_on_paper(painter, area);
+        };
+    }
+    const Report report = fill_template(module.program_file("compare.rpt"), module.database(), result);
     const Date printed = module.today();
-    return {.title = title() + u" - "_s + name,
-            .file_name =
-                proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, printed),
+    return {.title = title() + u" - "_s + lbltitle->text(),
+            .file_name = file_name(),
             .orientation = QPageLayout::Landscape,
-            .draw = [this, name, above, printed](QPagedPaintDevice& device) {
-                draw_chart_page(device, printed, name, above, *grphcompare);
+            .draw = [report, printed](QPagedPaintDevice& device) {
+                draw_reports({report}, printed, device);
             }};
 }
 

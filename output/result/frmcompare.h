@@ -30,6 +30,7 @@ private:
     void follow_row();
     void show_schedule();
     QString title() const;
+    QString file_name() const;
     PrintJob print_job() const;
 
     Comparison comparison_;

@@ -13,6 +13,7 @@
 #include "output/report/report.h"
 #include "output/report/report_templates.h"
 #include "output/report/saved_file.h"
+#include "output/result/printed_values.h"
 #include "widgets/summary_panel.h"
 #include "widgets/table_text.h"
 #include "widgets/text.h"
@@ -95,14 +96,15 @@ QString ResultScreen::file_name(const QString& title) const {
     return proposed_name(title, cmbrate->currentText(), module.today());
 }
 
-// The summary and then the schedule that suits the scenario, as one job: also without one of them.
+// The summary and what follows it, as one job: also without one of them.
 PrintJob ResultScreen::print_job() const {
     store_again_if_changed();
+    const ReportValues result = printed_values(scenario, shown_);
     std::vector<Report> reports;
     std::string missing;
     for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
         try {
-            reports.push_back(fill_template(module.program_file(name), module.database()));
+            reports.push_back(fill_template(module.program_file(name), module.database(), result));
         } catch (const PrintError& error) {
             missing += (missing.empty() ? "" : "\n\n") + std::string(error.what());
         }
@@ -198,6 +200,7 @@ double ResultScreen::chosen_rate() const {
 }
 
 void ResultScreen::show_headline(const Projection& projection) {
+    shown_ = projection;
     lblheadline->setText(to_qt(headline(scenario, projection)));
 }
 

@@ -50,7 +50,8 @@ protected:
     // The button for the next participant: last in the row of buttons, or where these leave no room for
     // it, below the result. After all other buttons.
     void add_menu_button();
-    // The result in one sentence, and beside it what chooses how the area below shows it.
+    // The result in one sentence, and beside it what chooses how the area below shows it. What is
+    // printed is this projection.
     void show_headline(const Projection& projection);
     void add_beside_headline(QWidget* choice);
     // The area below the values that the cover hides.
@@ -89,6 +90,7 @@ private:
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;
     std::function<void()> store_;
+    Projection shown_;
     bool computed_ = false;
     bool note_shown_ = false;
     ScreenId id_;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/scenario.h"
 
 namespace kelvar::test {
@@ -17,20 +19,29 @@ TEST(ReportTemplates, FollowMethodAndLength) {
     const Case cases[] = {
         {lump_sum, no_length, {"lumpsum.rpt"}},
         {lump_sum, by_life_expectancy, {"lumpsum.rpt"}},
-        {periodic_payments, by_number_of_payments, {"periodic.rpt", "schedule.rpt"}},
-        {periodic_payments, by_dollar_amount, {"periodic.rpt", "schefix.rpt"}},
-        {periodic_payments, by_life_expectancy, {"periodic.rpt", "schelife.rpt"}},
+        {periodic_payments, by_number_of_payments, {"periodic.rpt", "yearly.rpt", "schedule.rpt"}},
+        {periodic_payments, by_dollar_amount, {"periodic.rpt", "yearly.rpt", "schefix.rpt"}},
+        {periodic_payments, by_life_expectancy, {"periodic.rpt", "yearly.rpt", "schelife.rpt"}},
         {periodic_payments, no_length, {"periodic.rpt", "periodic.rpt"}},
         {periodic_payments, 4, {"periodic.rpt", "periodic.rpt"}},
-        {partial_lump_sum, by_number_of_payments, {"partial.rpt", "schedule.rpt"}},
-        {partial_lump_sum, by_dollar_amount, {"partial.rpt", "schefix.rpt"}},
-        {partial_lump_sum, by_life_expectancy, {"partial.rpt", "schelife.rpt"}},
+        {partial_lump_sum, by_number_of_payments, {"partial.rpt", "yearly.rpt", "schedule.rpt"}},
+        {partial_lump_sum, by_dollar_amount, {"partial.rpt", "yearly.rpt", "schefix.rpt"}},
+        {partial_lump_sum, by_life_expectancy, {"partial.rpt", "yearly.rpt", "schelife.rpt"}},
         {partial_lump_sum, no_length, {"partial.rpt"}},
         {no_method, by_life_expectancy, {}},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(report_templates(c.method, c.length_option), c.templates)
             << c.method << ' ' << c.length_option;
+        const bool years = c.templates.size() == 3;
+        const auto first = [&](std::size_t count) {
+            return std::vector<std::string>(
+                c.templates.begin(),
+                c.templates.begin() + static_cast<std::ptrdiff_t>(std::min(count, c.templates.size())));
+        };
+        EXPECT_EQ(report_templates(c.method, c.length_option, Parts::summary_and_years),
+                  first(years ? 2 : 1));
+        EXPECT_EQ(report_templates(c.method, c.length_option, Parts::summary), first(1));
     }
 }
 

@@ -48,10 +48,13 @@ protected:
     Report shipped(const char* name) {
         return fill_template(std::filesystem::path(KELVAR_REPORTS) / name, database);
     }
-    QString own(const std::string& text) {
+    Report own_report(const std::string& text, const ReportValues& result) {
         const auto file = folder.path() / "own.rpt";
         std::ofstream(file, std::ios::binary) << text;
-        return fill_template(file, database)->toPlainText();
+        return fill_template(file, database, result);
+    }
+    QString own(const std::string& text, const ReportValues& result = {}) {
+        return own_report(text, result)->toPlainText();
     }
 
     TemporaryProgramFolder folder;
@@ -70,6 +73,32 @@ TEST_F(Reports, SeesFieldsRawAndAsMoney) {
     EXPECT_TRUE(own("{{#schedule}}{{number}}/{{remaining}} {{Month}} {{Year}} {{startbalance_money}};"
                     "{{/schedule}}")
                     .startsWith(u"1/29 November 2026 $5,000.00;2/28 December 2026 $4,850.65;"_s));
+}
+
+TEST_F(Reports, SeesWhatIsKnownOfTheResult) {
+    ReportValues result;
+    result.headline = "$5 < $6 a month";
+    result.years = {{{"year", "2026"}, {"age", ""}}, {{"year", "2027"}, {"age", "71"}}};
+    const std::string text =
+        "{{result.headline}}{{#result.last_month}}, last{{/result.last_month}}{{result.spread}};"
+        "{{#result.years}}{{year}}{{#age}} at {{age}}{{/age}},{{/result.years}}";
+    EXPECT_EQ(own(text, result), u"$5 < $6 a month;2026,2027 at 71,"_s);
+    EXPECT_EQ(own(text), u";"_s);
+}
+
+TEST_F(Reports, PaintTheChartIntoItsPlaceOnThePage) {
+    const std::string text =
+        "<p>x</p>{{#result.chart}}<p><img src='result:chart' width='192' "
+        "height='48'></p>{{/result.chart}}";
+    std::vector<QSizeF> painted;
+    ReportValues result;
+    result.chart = [&](QPainter&, const QRectF& area) { painted.push_back(area.size()); };
+    QBuffer pdf;
+    ASSERT_TRUE(pdf.open(QIODevice::WriteOnly));
+    QPdfWriter writer(&pdf);
+    writer.setResolution(600);
+    draw_reports({own_report(text, result), own_report(text, {})}, 2026y / 11 / 21, writer);
+    EXPECT_EQ(painted, std::vector<QSizeF>{QSizeF(1200.0, 300.0)});
 }
 
 // Each template prints what its screen writes and no leftovers of another one.
@@ -142,17 +171,21 @@ TEST_F(Reports, BrokenTemplatesAreNamedWithTheirFault) {
     const std::pair<std::string, const char*> cases[] = {
         {"", "is empty"},
         {"  \n\t", "is empty"},
-        {"<p>{{distrib.dtitle", "is faulty"},
-        {"{{#schedule}}<p>", "is faulty"},
-        {"{{/schedule}}", "is faulty"},
+        {"<p>\n{{distrib.dtitle", "is faulty: Unclosed tag in line 2."},
+        {"\n\n{{#schedule}}<p>", "is faulty: Unclosed section \"schedule\" in line 3."},
+        {"{{/schedule}}", "is faulty: Unopened section \"schedule\" in line 1."},
         {"{{distrib.curvalu}}", "unknown field: \"distrib.curvalu\""},
         {"{{#schedule}}{{amount}}{{/schedule}}", "unknown field: \"amount\""},
+        {"{{result.headlin}}", "unknown field: \"result.headlin\""},
+        {"{{#schedule}}{{number}}{{/schedule}}{{#by_dollar_amount}}\n{{number}}{{/by_dollar_amount}}\n"
+         "{{^by_dollar_amount}}{{{ number }}}{{/by_dollar_amount}}",
+         "unknown field: \"number\" in line 3."},
         {"{{> other}}", "unknown field: \"other\""},
         {"{{}}", "unknown field: \"\""},
         {std::string(1'000'001, 'x'), "longer than a million"},
         {nested(10'000, "{{#distrib}}", "{{/distrib}}"), "more than 2 sections inside"},
         {nested(3, "{{ ^ by_dollar_amount}}", "{{/by_dollar_amount}}"), "more than 2 sections inside"},
-        {"{{=<% %>=}}", "changes the marks"},
+        {"\n{{=<% %>=}}", "changes the marks of its tags in line 2."},
         {"{{#distrib}}{{> dtitle}}{{/distrib}}", "unknown field: \"dtitle\""},
         {rows + std::string(700'000, 'x') + row_end, "more than 20 MB"},
         {rows + rows + std::string(23'000, 'x') + row_end + row_end, "more than 20 MB"},
@@ -167,10 +200,11 @@ TEST_F(Reports, BrokenTemplatesAreNamedWithTheirFault) {
         {"<img src=':/icons/next.svg'>", "\":/icons/next.svg\": it is not in"},
         {"<img src='file:note.png'>", "\"file:note.png\": it is not in"},
         {"<img src='http://localhost/a.png'>", "it is not in"},
+        {"<img src='result:charts'>", "\"result:charts\": it is not in"},
         {"<img src='data:image/png;base64,AAAA'>", "it is not in"},
         {"<img src='pipe.png'>", "\"pipe.png\": it is not a file"},
         {"<img>", "\"\": it is not in"},
-        {"<img src='none.png'>", "\"none.png\": it is missing"},
+        {"\n<img src='none.png'>", "\"none.png\": it is missing in line 2."},
         {"<img src='large.png'>", "\"large.png\": it is larger than 10 MB"},
         {"<img src='note.png'>", "\"note.png\": it is no PNG"},
         {"<img src='drawing.svg'>", "\"drawing.svg\": it is no PNG"},

@@ -27,7 +27,7 @@ folder=$place/$(basename "${archives[0]}" .tar.gz)
 for file in kelvar add-to-menu.sh; do
     [ -x "$folder/$file" ] || fail "$file is missing or cannot be run"
 done
-for file in vestoraq.mdb vestoraq.hlp {periodic,partial,lumpsum,schedule,schefix,schelife}.rpt \
+for file in vestoraq.mdb vestoraq.hlp {periodic,partial,lumpsum,yearly,schedule,schefix,schelife,compare}.rpt \
     LICENSE README.txt $id.{svg,desktop,metainfo.xml}; do
     [ -s "$folder/$file" ] || fail "$file is missing or empty"
 done

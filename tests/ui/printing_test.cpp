@@ -91,10 +91,15 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("Cmdnext");
     const auto rows = work_table_rows();
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 9);  // the summary and 349 rows
+    EXPECT_EQ(printed_pages(), 10);  // the summary, 30 years and 349 rows
     EXPECT_EQ(offered, u"Periodic Payments 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
     expect_saved_line();
+    click("cmdcompare");
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(offered, u"Periodic Payments Comparison  2020-01-15.pdf"_s);
+    click("cmdprev");
     choose("cmbrate", u" 6%"_s);
     EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
     choose("cmbrate", u" 5%"_s);
@@ -106,12 +111,12 @@ TEST_F(Printing, PeriodicChartAndReports) {
         folder.database(),
         "DELETE FROM schedule WHERE number > 9; UPDATE distrib SET totalvalue = '$1.00', rate = ''");
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 9);
+    EXPECT_EQ(printed_pages(), 10);
     EXPECT_EQ(work_table_rows(), rows);
     EXPECT_EQ(heading(), std::vector<std::string>{"Periodic Payments - Monthly  5% $578,796.05"});
     find<QWidget>("cmbrate")->setFocus();
     press(Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(printed_pages(), 9);
+    EXPECT_EQ(printed_pages(), 10);
     click("pichart");
     EXPECT_EQ(screen_name(), u"frmcperi"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Periodic Payments - Monthly (Over Life Expectancy)"_s);
@@ -171,7 +176,7 @@ TEST_F(Printing, PeriodicChartAndReports) {
 TEST_F(Printing, PartialChartHasTheLumpSumAsItsOwnPoint) {
     go_to_partial_result();
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 2);
+    EXPECT_EQ(printed_pages(), 3);
     click("cmdchart");
     EXPECT_EQ(screen_name(), u"frmcpart"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Partial Lump Sum Payments"_s);
@@ -306,9 +311,10 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_TRUE(messages[0].starts_with("Not everything was printed.\n\n")) << messages[0];
     EXPECT_NE(messages[0].find(template_file.string()), std::string::npos) << messages[0];
-    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(printed_pages(), 2);
     notes_shown.clear();
     std::filesystem::rename(folder.path() / "partial.rpt", folder.path() / "hidden too");
+    std::filesystem::rename(folder.path() / "yearly.rpt", folder.path() / "hidden years");
     click("cmdprint");
     messages = take_messages();
     ASSERT_EQ(messages.size(), 1u);
@@ -318,6 +324,13 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     EXPECT_FALSE(notes_shown.contains(u"savepdf"_s));
     std::filesystem::rename(folder.path() / "hidden too", folder.path() / "partial.rpt");
     std::filesystem::rename(hidden, template_file);
+    click("cmdprint");
+    messages = take_messages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_TRUE(messages[0].starts_with("Not everything was printed.\n\n")) << messages[0];
+    EXPECT_NE(messages[0].find("yearly.rpt"), std::string::npos) << messages[0];
+    EXPECT_EQ(printed_pages(), 2);
+    std::filesystem::rename(folder.path() / "hidden years", folder.path() / "yearly.rpt");
 
     const QString good = save_as;
     const std::string pipe = (folder.path() / "pipe.pdf").string();
@@ -374,7 +387,7 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     save_as = good;
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 2);
+    EXPECT_EQ(printed_pages(), 3);
     EXPECT_TRUE(take_messages().empty());
 }
 

@@ -1,0 +1,129 @@
+#include "output/report/report_fields.h"
+
+#include "core/numbers.h"
+#include "core/scenario.h"
+
+namespace kelvar {
+
+namespace mustache = kainjow::mustache;
+
+namespace {
+
+void set_fields(mustache::data& record, const Recordset& rows, std::size_t row,
+                std::initializer_list<const char*> texts, std::initializer_list<const char*> amounts) {
+    for (const char* field : texts) {
+        record.set(field, as_text(rows.cell(row, rows.column(field))));
+    }
+    for (const char* field : amounts) {
+        const FieldValue& value = rows.cell(row, rows.column(field));
+        record.set(field, as_text(value));
+        record.set(std::string(field) + "_money", format_number(as_number(value), pattern::dollars));
+    }
+}
+
+constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
+    {"title", &ReportValues::title},
+    {"date", &ReportValues::date},
+    {"balance", &ReportValues::balance},
+    {"headline", &ReportValues::headline},
+    {"first_amount", &ReportValues::first_amount},
+    {"first_month", &ReportValues::first_month},
+    {"first_age", &ReportValues::first_age},
+    {"next_amount", &ReportValues::next_amount},
+    {"next_month", &ReportValues::next_month},
+    {"last_amount", &ReportValues::last_amount},
+    {"last_month", &ReportValues::last_month},
+    {"last_age", &ReportValues::last_age},
+    {"life", &ReportValues::life},
+    {"life_age", &ReportValues::life_age},
+    {"spouse_age", &ReportValues::spouse_age},
+    {"divisor", &ReportValues::divisor},
+    {"table", &ReportValues::table},
+    {"total_years", &ReportValues::total_years},
+    {"total_payments", &ReportValues::total_payments},
+    {"total_earnings", &ReportValues::total_earnings},
+    {"total_fees", &ReportValues::total_fees},
+    {"total_paid", &ReportValues::total_paid},
+    {"spread", &ReportValues::spread}};
+constexpr std::pair<const char*, std::vector<NamedTexts> ReportValues::*> result_lists[] = {
+    {"ledger", &ReportValues::ledger},
+    {"years", &ReportValues::years},
+    {"rates", &ReportValues::rates}};
+
+// What says nothing is false.
+mustache::data text_or_false(const std::string& text) {
+    return text.empty() ? mustache::data(false) : mustache::data(text);
+}
+
+mustache::data entries_of(const std::vector<NamedTexts>& list) {
+    mustache::data entries(mustache::data::type::list);
+    for (const NamedTexts& texts : list) {
+        mustache::data entry;
+        for (const auto& [name, text] : texts) {
+            entry.set(name, text_or_false(text));
+        }
+        entries.push_back(entry);
+    }
+    return entries;
+}
+
+mustache::data values_of(const ReportValues& result) {
+    mustache::data values;
+    for (const auto& [name, text] : result_texts) {
+        values.set(name, text_or_false(result.*text));
+    }
+    for (const auto& [name, list] : result_lists) {
+        values.set(name, entries_of(result.*list));
+    }
+    values.set("chart", static_cast<bool>(result.chart));
+    values.set("wide", result.wide);
+    return values;
+}
+
+}  // namespace
+
+mustache::data fields_of(Database& database, const ReportValues& result) {
+    const Recordset& distrib = database.distrib();
+    mustache::data heading;
+    set_fields(heading, distrib, 0,
+               {"dtitle", "dsubtitle", "frstdate", "scnddate", "payments", "paylength", "totalvalue",
+                "rate", "fee"},
+               {"curvalue", "startvalue", "scndvalue", "partial", "fixamount"});
+
+    const Recordset& schedule = database.schedule();
+    mustache::data payments(mustache::data::type::list);
+    double total = 0.0;
+    for (std::size_t row = 0; row < schedule.RecordCount(); ++row) {
+        mustache::data payment;
+        set_fields(payment, schedule, row, {"number", "remaining", "Month", "Year"},
+                   {"startbalance", "payment", "remainbalance"});
+        payments.push_back(payment);
+        total += as_number(schedule.cell(row, schedule.column("payment")));
+    }
+
+    const int length = static_cast<int>(as_number(distrib.cell(0, distrib.column("paylength"))));
+    mustache::data fields;
+    fields.set("distrib", heading);
+    fields.set("schedule", payments);
+    fields.set("schedule_total_money", format_number(total, pattern::dollars));
+    fields.set("result", values_of(result));
+    fields.set("by_number_of_payments", length == by_number_of_payments);
+    fields.set("by_dollar_amount", length == by_dollar_amount);
+    fields.set("by_life_expectancy", length == by_life_expectancy);
+    return fields;
+}
+
+double entries(std::string_view name, std::size_t payments, const ReportValues& result) {
+    const std::string_view own = name.substr(name.rfind('.') + 1);
+    if (own == "schedule") {
+        return static_cast<double>(payments);
+    }
+    for (const auto& [list, values] : result_lists) {
+        if (own == list) {
+            return static_cast<double>((result.*values).size());
+        }
+    }
+    return 1.0;
+}
+
+}  // namespace kelvar

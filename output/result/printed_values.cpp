@@ -1,0 +1,210 @@
+#include "output/result/printed_values.h"
+
+#include <fmt/format.h>
+
+#include <QPaintDevice>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "core/ages.h"
+#include "core/numbers.h"
+#include "core/plan.h"
+#include "engine/axis.h"
+#include "engine/explanation.h"
+#include "engine/heading.h"
+#include "engine/headline.h"
+#include "engine/years.h"
+#include "widgets/bar_chart.h"
+#include "widgets/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+std::string age_text(const Scenario& scenario, Date date) {
+    return std::to_string(age_in_month(scenario.birth_date, month_of(date), year_of(date)));
+}
+
+ReportValues heading_values(const Scenario& scenario) {
+    ReportValues values;
+    values.title = method_title(scenario.method);
+    if (scenario.method != lump_sum) {
+        values.title += " - " + std::string(plan::frequency_name(scenario.frequency));
+    }
+    values.date = date_text(scenario.projected_on);
+    values.balance = money_text(scenario.present_value);
+    return values;
+}
+
+void add_payments(ReportValues& values, const Scenario& scenario, const PaymentSchedule& schedule) {
+    const std::vector<PaymentRow>& rows = schedule.rows;
+    const PaymentRow& first = rows.front();
+    const PaymentRow& last = rows.back();
+    values.first_amount = money_text(first.payment);
+    values.first_month = month_year_text(first.date);
+    values.first_age = age_text(scenario, first.date);
+    values.last_amount = money_text(last.payment);
+    values.last_month = month_year_text(last.date);
+    values.last_age = age_text(scenario, last.date);
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        if (begins_year(schedule, i)) {
+            values.next_amount = money_text(rows[i].payment);
+            values.next_month = month_year_text(rows[i].date);
+            return;
+        }
+    }
+}
+
+// Of payments over life expectancy it says nothing when the look-up failed, and did not give their
+// number.
+void add_life(ReportValues& values, const Scenario& scenario) {
+    const double divisor = scenario.life_expectancy_age - scenario.lookup_age;
+    const bool over_life = scenario.length_option == by_life_expectancy;
+    if (divisor <= 0.0 || (over_life && std::floor(divisor * scenario.frequency) !=
+                                            scenario.number_of_payments)) {
+        return;
+    }
+    const bool joint = over_life && scenario.joint_life;
+    values.life = joint ? "Joint" : "Single";
+    values.life_age = std::to_string(scenario.lookup_age);
+    values.spouse_age = joint ? std::to_string(scenario.spouse_lookup_age) : "";
+    values.divisor = number_text(round_to_cents(divisor));
+    const bool uniform = scenario.lookup_age >= plan::minimum_distribution_from;
+    values.table = joint ? "Joint and Last Survivor" : uniform ? "Uniform Lifetime" : "Single Life";
+}
+
+bool has_long_amount(const std::vector<NamedTexts>& list) {
+    constexpr std::string_view longest = "$99,999,999.99";
+    return std::ranges::any_of(list, [&](const NamedTexts& texts) {
+        return std::ranges::any_of(texts, [&](const auto& named) {
+            return named.second.starts_with('$') && named.second.size() > longest.size();
+        });
+    });
+}
+
+void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& ledger) {
+    const auto add = [&](const std::string& entry, double dollars) {
+        values.ledger.push_back({{"entry", entry}, {"amount", money_text(dollars)}});
+    };
+    add("Opening balance", ledger.opening);
+    add(ledger.earnings < 0.0 ? "- Losses" : "+ Earnings", std::abs(ledger.earnings));
+    const std::string not_charged =
+        ledger.periods_without_fee == 0
+            ? ""
+            : fmt::format(" (not charged {})", count_text(ledger.periods_without_fee, "time"));
+    add("- Fees" + not_charged, ledger.fees);
+    add(scenario.method == partial_lump_sum ? "- Lump sum and payments" : "- Payments",
+        ledger.payments);
+    if (ledger.rounding != 0.0) {
+        add(ledger.rounding < 0.0 ? "- Rounding" : "+ Rounding", std::abs(ledger.rounding));
+    }
+    add("= Closing balance", ledger.closing);
+}
+
+void add_years(ReportValues& values, const std::vector<YearRow>& years) {
+    for (const YearRow& year : years) {
+        values.years.push_back({{"year", std::to_string(year.year)},
+                                {"age", std::to_string(year.age)},
+                                {"payments", std::to_string(year.payments)},
+                                {"beginning", money_text(year.beginning)},
+                                {"earnings", money_text(year.earnings)},
+                                {"fees", money_text(year.fees)},
+                                {"paid", money_text(year.paid)},
+                                {"ending", money_text(year.ending)}});
+    }
+    const YearRow total = total_of(years);
+    values.total_years = count_text(static_cast<int>(years.size()), "year");
+    values.total_payments = std::to_string(total.payments);
+    values.total_earnings = money_text(total.earnings);
+    values.total_fees = money_text(total.fees);
+    values.total_paid = money_text(total.paid);
+}
+
+// A lump sum stands ahead of the years and is not part of the year in which it is paid.
+BarData yearly_bars(const Projection& projection, const std::vector<YearRow>& years, bool partial) {
+    BarData bars{.labels = {},
+                 .sets = {{.name = u"Total paid"_s, .values = {}}},
+                 .value_title = u"Paid in each year"_s,
+                 .notes = {},
+                 .notes_title = u"Age"_s};
+    if (partial) {
+        bars.labels << u"Lump Sum"_s;
+        bars.notes << QString();
+        bars.sets.front().values.push_back(projection.lump_sum);
+    }
+    for (const YearRow& year : years) {
+        bars.labels << QString::number(year.year);
+        bars.notes << QString::number(year.age);
+        bars.sets.front().values.push_back(year.paid);
+    }
+    bars.upper = y_max(std::ranges::max(bars.sets.front().values));
+    return bars;
+}
+
+// In texts of about 8 points, whatever the place's size.
+void paint_bars(QPainter& painter, const QRectF& area, const BarData& bars) {
+    constexpr double units_per_inch = 96.0 * 11.0 / 8.0;
+    BarChart chart("", {});
+    chart.show_bars(bars);
+    chart.paint_on_paper(painter, area,
+                         area.width() / painter.device()->logicalDpiX() * units_per_inch);
+}
+
+}  // namespace
+
+ReportValues printed_values(const Scenario& scenario, const Projection& projection) {
+    ReportValues values = heading_values(scenario);
+    values.headline = headline(scenario, projection);
+    add_ledger(values, scenario, projection.ledger);
+    if (scenario.method == lump_sum) {
+        const Date date = projection.dates.first.date;
+        values.first_amount = money_text(projection.lump_sum);
+        values.first_month = month_year_text(date);
+        values.first_age = age_text(scenario, date);
+        values.wide = has_long_amount(values.ledger);
+        return values;
+    }
+    const std::vector<YearRow> years =
+        years_of(projection, scenario.birth_date, scenario.fee_amount);
+    add_payments(values, scenario, projection.schedule);
+    add_life(values, scenario);
+    add_years(values, years);
+    values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
+    if (years.size() > 1) {
+        values.chart = [bars = yearly_bars(projection, years, scenario.method == partial_lump_sum)](
+                           QPainter& painter, const QRectF& area) { paint_bars(painter, area, bars); };
+    }
+    return values;
+}
+
+ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison) {
+    ReportValues values = heading_values(scenario);
+    values.spread = spread_text(scenario, comparison);
+    for (const ComparedRate& at_rate : comparison.rates) {
+        NamedTexts texts{{"rate", rate_text(at_rate.rate, lump_sum)},
+                         {"reason", std::string(no_result_text(at_rate.outcome))}};
+        if (at_rate.outcome == Outcome::complete) {
+            const bool full_year = at_rate.full_year_amount != 0.0;
+            const Date last = at_rate.last_payment;
+            texts.insert(texts.end(),
+                         {{"first_value", money_text(at_rate.first_value)},
+                          {"first_amount", money_text(at_rate.first_amount)},
+                          {"full_year_amount", full_year ? money_text(at_rate.full_year_amount) : ""},
+                          {"payments", std::to_string(at_rate.payments)},
+                          {"last_month", fmt::format("{}/{}", month_of(last), year_of(last))},
+                          {"last_age", std::to_string(at_rate.last_age)},
+                          {"earnings", money_text(at_rate.earnings)},
+                          {"fees", money_text(at_rate.fees)},
+                          {"paid", money_text(at_rate.total)}});
+        }
+        values.rates.push_back(std::move(texts));
+    }
+    values.wide = has_long_amount(values.rates);
+    return values;
+}
+
+}  // namespace kelvar

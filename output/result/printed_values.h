@@ -1,0 +1,18 @@
+// What the report templates are told of a result besides the work tables: the very figures that its
+// screen shows.
+#pragma once
+
+#include "engine/comparison.h"
+#include "engine/projection.h"
+#include "output/report/report_values.h"
+
+namespace kelvar {
+
+// Of a complete projection of the scenario. The chart shows what is paid in each year; there is none
+// for a single year, or for a lump sum.
+ReportValues printed_values(const Scenario& scenario, const Projection& projection);
+
+// Without a chart.
+ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison);
+
+}  // namespace kelvar

@@ -1,0 +1,115 @@
+#include "output/result/printed_values.h"
+
+#include <gtest/gtest.h>
+
+namespace kelvar::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Monthly payments over life expectancy from July, 2020, on.
+Scenario over_life() {
+    Scenario scenario;
+    scenario.birth_date = 1950y / 6 / 15;
+    scenario.projected_on = 2020y / 1 / 15;
+    scenario.method = periodic_payments;
+    scenario.present_value = 250000.0;
+    scenario.first_pay_month = 7;
+    scenario.first_pay_year = 2020;
+    scenario.frequency = 12;
+    scenario.length_option = by_life_expectancy;
+    scenario.number_of_payments = 349;
+    scenario.lookup_age = 70;
+    scenario.life_expectancy_age = 99.1;
+    scenario.fee_amount = 80;
+    return scenario;
+}
+
+ReportValues values_of(const Scenario& scenario) {
+    return printed_values(scenario, project(scenario, 5.0, scenario.projected_on));
+}
+
+std::string joined(const NamedTexts& texts) {
+    std::string all;
+    for (const auto& [name, text] : texts) {
+        all += text + ' ';
+    }
+    return all;
+}
+
+// The amounts are those of the schedule that the journeys of the screens end in.
+TEST(PrintedValues, SayWhatTheScreenShows) {
+    const ReportValues values = values_of(over_life());
+    EXPECT_EQ(values.title, "Periodic Payments - Monthly");
+    EXPECT_EQ(values.headline,
+              "Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, "
+              "2021, worked out anew each January; last payment July, 2049, age 99.");
+    EXPECT_EQ(values.first_month + ' ' + values.first_amount + ' ' + values.first_age,
+              "July, 2020 $734.30 70");
+    EXPECT_EQ(values.next_month + ' ' + values.next_amount, "January, 2021 $753.06");
+    EXPECT_EQ(values.last_month + ' ' + values.last_age, "July, 2049 99");
+    EXPECT_EQ(values.total_payments + ' ' + values.total_years + ' ' + values.total_paid,
+              "349 30 years $578,796.05");
+    EXPECT_EQ(joined(values.ledger.front()), "Opening balance $250,000.00 ");
+    EXPECT_EQ(joined(values.ledger[3]), "- Payments $578,796.05 ");
+    EXPECT_EQ(joined(values.ledger.back()), "= Closing balance $0.00 ");
+    EXPECT_TRUE(joined(values.years.front()).starts_with("2020 70 6 ")) << joined(values.years[0]);
+    EXPECT_TRUE(values.chart);
+    EXPECT_FALSE(values.wide);
+}
+
+TEST(PrintedValues, NameTheTableOnlyWhereItWasUsed) {
+    struct Case {
+        std::int16_t length, age, payments;
+        bool joint;
+        std::string life;
+    };
+    const Case cases[] = {
+        {by_life_expectancy, 70, 349, false, "Single 70  29.1 Uniform Lifetime"},
+        {by_life_expectancy, 69, 361, false, "Single 69  30.1 Single Life"},
+        {by_life_expectancy, 70, 349, true, "Joint 70 52 29.1 Joint and Last Survivor"},
+        {by_number_of_payments, 70, 12, true, "Single 70  29.1 Uniform Lifetime"},
+        // A look-up that failed, and left the number of an earlier one.
+        {by_life_expectancy, 71, 349, false, "    "},
+    };
+    for (const Case& c : cases) {
+        Scenario scenario = over_life();
+        scenario.length_option = c.length;
+        scenario.lookup_age = c.age;
+        scenario.number_of_payments = c.payments;
+        scenario.joint_life = c.joint;
+        scenario.spouse_lookup_age = 52;
+        const ReportValues values = values_of(scenario);
+        EXPECT_EQ(values.life + ' ' + values.life_age + ' ' + values.spouse_age + ' ' +
+                      values.divisor + ' ' + values.table,
+                  c.life);
+    }
+}
+
+TEST(PrintedValues, ALumpSumHasNoYears) {
+    Scenario scenario = over_life();
+    scenario.method = lump_sum;
+    const ReportValues values = values_of(scenario);
+    EXPECT_EQ(values.first_month + ' ' + values.first_age, "July, 2020 70");
+    EXPECT_TRUE(values.last_month.empty() && values.life.empty() && values.years.empty());
+    EXPECT_FALSE(values.chart);
+}
+
+TEST(PrintedValues, ARateWithoutPaymentsSaysWhy) {
+    Scenario scenario = over_life();
+    scenario.length_option = by_dollar_amount;
+    scenario.fixed_amount = 1400.0;
+    scenario.selected_rates = {5.0, 9.0};
+    const ReportValues values =
+        printed_comparison(scenario, compare(scenario, scenario.projected_on));
+    ASSERT_EQ(values.rates.size(), 2u);
+    EXPECT_EQ(values.rates[0].size(), 11u);
+    EXPECT_EQ(joined(values.rates[1]),
+              "9% At this rate of return the payments would outlast your life expectancy or minimum "
+              "distribution years. ");
+}
+
+}  // namespace
+
+}  // namespace kelvar::test
