@@ -64,8 +64,8 @@ void add_payments(ReportValues& values, const Scenario& scenario, const PaymentS
 void add_life(ReportValues& values, const Scenario& scenario) {
     const double divisor = scenario.life_expectancy_age - scenario.lookup_age;
     const bool over_life = scenario.length_option == by_life_expectancy;
-    if (divisor <= 0.0 || (over_life && std::floor(divisor * scenario.frequency) !=
-                                            scenario.number_of_payments)) {
+    if (divisor <= 0.0 ||
+        (over_life && std::floor(divisor * scenario.frequency) != scenario.number_of_payments)) {
         return;
     }
     const bool joint = over_life && scenario.joint_life;
@@ -78,7 +78,7 @@ void add_life(ReportValues& values, const Scenario& scenario) {
 }
 
 bool has_long_amount(const std::vector<NamedTexts>& list) {
-    constexpr std::string_view longest = "$99,999,999.99";
+    constexpr std::string_view longest = "$9,999,999.99";
     return std::ranges::any_of(list, [&](const NamedTexts& texts) {
         return std::ranges::any_of(texts, [&](const auto& named) {
             return named.second.starts_with('$') && named.second.size() > longest.size();
@@ -168,8 +168,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
         values.wide = has_long_amount(values.ledger);
         return values;
     }
-    const std::vector<YearRow> years =
-        years_of(projection, scenario.birth_date, scenario.fee_amount);
+    const std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
     add_payments(values, scenario, projection.schedule);
     add_life(values, scenario);
     add_years(values, years);

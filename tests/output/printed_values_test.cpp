@@ -2,6 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
+#include <QPdfWriter>
+#include <filesystem>
+
+#include "engine/heading.h"
+#include "output/report/page_painter.h"
+#include "output/report/report.h"
+#include "output/report/report_templates.h"
+#include "tests/support/temporary_program_folder.h"
+
 namespace kelvar::test {
 
 namespace {
@@ -42,9 +52,10 @@ std::string joined(const NamedTexts& texts) {
 TEST(PrintedValues, SayWhatTheScreenShows) {
     const ReportValues values = values_of(over_life());
     EXPECT_EQ(values.title, "Periodic Payments - Monthly");
-    EXPECT_EQ(values.headline,
-              "Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, "
-              "2021, worked out anew each January; last payment July, 2049, age 99.");
+    EXPECT_EQ(
+        values.headline,
+        "Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, "
+        "2021, worked out anew each January; last payment July, 2049, age 99.");
     EXPECT_EQ(values.first_month + ' ' + values.first_amount + ' ' + values.first_age,
               "July, 2020 $734.30 70");
     EXPECT_EQ(values.next_month + ' ' + values.next_amount, "January, 2021 $753.06");
@@ -81,8 +92,8 @@ TEST(PrintedValues, NameTheTableOnlyWhereItWasUsed) {
         scenario.joint_life = c.joint;
         scenario.spouse_lookup_age = 52;
         const ReportValues values = values_of(scenario);
-        EXPECT_EQ(values.life + ' ' + values.life_age + ' ' + values.spouse_age + ' ' +
-                      values.divisor + ' ' + values.table,
+        EXPECT_EQ(values.life + ' ' + values.life_age + ' ' + values.spouse_age + ' ' + values.divisor +
+                      ' ' + values.table,
                   c.life);
     }
 }
@@ -96,13 +107,52 @@ TEST(PrintedValues, ALumpSumHasNoYears) {
     EXPECT_FALSE(values.chart);
 }
 
+// 70 years of payments, also of amounts as long as they can be typed.
+TEST(PrintedValues, FitOnePageAndTheYearsTwo) {
+    const TemporaryProgramFolder folder;
+    Database database(folder.database());
+    Scenario scenario = over_life();
+    scenario.scenario_month = 10;
+    scenario.scenario_year = 2020;
+    scenario.joint_life = true;
+    scenario.spouse_lookup_age = 40;
+    scenario.life_expectancy_age = 139.0;
+    scenario.number_of_payments = 828;
+    for (const std::int16_t method : {periodic_payments, partial_lump_sum}) {
+        for (const double value : {250'000.0, 9'999'999'999'999.0}) {
+            scenario.method = method;
+            scenario.present_value = value;
+            scenario.partial_amount = value / 4;
+            const Projection projection = project(scenario, 5.0, scenario.projected_on);
+            store(database, projection.schedule, heading_of(scenario, projection));
+            const ReportValues values = printed_values(scenario, projection);
+            EXPECT_EQ(values.wide, value > 1e7);
+            for (const auto paper : {QPageSize::Letter, QPageSize::A4}) {
+                std::vector<Report> reports;
+                for (const std::string& name :
+                     report_templates(method, by_life_expectancy, Parts::summary_and_years)) {
+                    const auto file = std::filesystem::path(KELVAR_REPORTS) / name;
+                    reports.push_back(fill_template(file, database, values));
+                }
+                QBuffer pdf;
+                ASSERT_TRUE(pdf.open(QIODevice::WriteOnly));
+                QPdfWriter writer(&pdf);
+                writer.setPageSize(QPageSize(paper));
+                writer.setPageMargins(page_margins, QPageLayout::Point);
+                draw_reports(reports, scenario.projected_on, writer);
+                EXPECT_EQ(reports[0]->pageCount(), 1) << method << ' ' << value << ' ' << paper;
+                EXPECT_LE(reports[1]->pageCount(), 2) << method << ' ' << value << ' ' << paper;
+            }
+        }
+    }
+}
+
 TEST(PrintedValues, ARateWithoutPaymentsSaysWhy) {
     Scenario scenario = over_life();
     scenario.length_option = by_dollar_amount;
     scenario.fixed_amount = 1400.0;
     scenario.selected_rates = {5.0, 9.0};
-    const ReportValues values =
-        printed_comparison(scenario, compare(scenario, scenario.projected_on));
+    const ReportValues values = printed_comparison(scenario, compare(scenario, scenario.projected_on));
     ASSERT_EQ(values.rates.size(), 2u);
     EXPECT_EQ(values.rates[0].size(), 11u);
     EXPECT_EQ(joined(values.rates[1]),
