@@ -161,7 +161,7 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     if (!report.is_valid()) {
         refuse(template_file, "is faulty: " + fault_in_line(text, report.error_message()) + ".");
     }
-    const mustache::data data = fields_of(database, result);
+    const mustache::data data = fields_of(text, database, result);
     Fields fields(&data, template_file, bytes);
     const std::string html = report.render(fields);
     if (!report.is_valid()) {

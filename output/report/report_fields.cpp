@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/scenario.h"
+#include "output/report/template_tags.h"
 
 namespace kelvar {
 
@@ -80,17 +81,15 @@ mustache::data values_of(const ReportValues& result) {
     return values;
 }
 
-}  // namespace
+bool names_schedule(const std::string& text) {
+    std::optional<Tag> tag = next_tag(text, 0);
+    while (tag && tag->name.find("schedule") == std::string::npos) {
+        tag = next_tag(text, tag->end);
+    }
+    return tag.has_value();
+}
 
-mustache::data fields_of(Database& database, const ReportValues& result) {
-    const Recordset& distrib = database.distrib();
-    mustache::data heading;
-    set_fields(heading, distrib, 0,
-               {"dtitle", "dsubtitle", "frstdate", "scnddate", "payments", "paylength", "totalvalue",
-                "rate", "fee"},
-               {"curvalue", "startvalue", "scndvalue", "partial", "fixamount"});
-
-    const Recordset& schedule = database.schedule();
+void add_payments(mustache::data& fields, const Recordset& schedule) {
     mustache::data payments(mustache::data::type::list);
     double total = 0.0;
     for (std::size_t row = 0; row < schedule.RecordCount(); ++row) {
@@ -100,12 +99,25 @@ mustache::data fields_of(Database& database, const ReportValues& result) {
         payments.push_back(payment);
         total += as_number(schedule.cell(row, schedule.column("payment")));
     }
+    fields.set("schedule", payments);
+    fields.set("schedule_total_money", format_number(total, pattern::dollars));
+}
 
+}  // namespace
+
+mustache::data fields_of(const std::string& text, Database& database, const ReportValues& result) {
+    const Recordset& distrib = database.distrib();
+    mustache::data heading;
+    set_fields(heading, distrib, 0,
+               {"dtitle", "dsubtitle", "frstdate", "scnddate", "payments", "paylength", "totalvalue",
+                "rate", "fee"},
+               {"curvalue", "startvalue", "scndvalue", "partial", "fixamount"});
     const int length = static_cast<int>(as_number(distrib.cell(0, distrib.column("paylength"))));
     mustache::data fields;
     fields.set("distrib", heading);
-    fields.set("schedule", payments);
-    fields.set("schedule_total_money", format_number(total, pattern::dollars));
+    if (names_schedule(text)) {
+        add_payments(fields, database.schedule());
+    }
     fields.set("result", values_of(result));
     fields.set("by_number_of_payments", length == by_number_of_payments);
     fields.set("by_dollar_amount", length == by_dollar_amount);
