@@ -61,9 +61,9 @@ struct Scenario {
     std::int16_t spouse_lookup_age = 0;  // spouse's key into the joint table
     double life_expectancy_age = 0.0;    // lookup age plus divisor
     Date projected_on{no_date};          // today of the result that is shown
-    std::int16_t compared_rate = -1;     // of selected_rates, chosen in the comparison; -1 none
-    std::int16_t answer = 0;             // last yes/no message: 1 yes, 0 no
-    std::string help_file{};             // full path
+    std::int16_t compared_rate = -1;  // of selected_rates, passed to the comparison and back; -1 none
+    std::int16_t answer = 0;          // last yes/no message: 1 yes, 0 no
+    std::string help_file{};          // full path
 
     Date spouse_birth_date{no_date};
     std::int16_t spouse_current_age = 0;

@@ -93,14 +93,17 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
     }
     const ComparedRate& low = **std::ranges::min_element(complete, {}, &ComparedRate::rate);
     const ComparedRate& high = **std::ranges::max_element(complete, {}, &ComparedRate::rate);
+    if (low.rate == high.rate) {
+        return {};
+    }
     std::string text =
         fmt::format("Nobody knows what the account will earn: at {} instead of {}, {} is paid in all",
                     rate_text(high.rate, lump_sum), rate_text(low.rate, lump_sum),
                     change(round_to_cents(high.total - low.total)));
     if (const int longer = high.payments - low.payments; longer != 0) {
-        text += fmt::format(", and payments last {} {}",
+        text += fmt::format(", and payments end {} {}",
                             time_text(std::abs(longer) * 12 / scenario.frequency),
-                            longer > 0 ? "longer" : "less long");
+                            longer > 0 ? "later" : "earlier");
     }
     if (const double first = high.first_amount - low.first_amount; first != 0.0) {
         text += fmt::format(", {} a {} at first", change(first), plan::period_name(scenario.frequency));

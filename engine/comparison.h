@@ -43,7 +43,8 @@ struct Comparison {
 // Projects the scenario at each of its chosen rates.
 Comparison compare(const Scenario& scenario, Date today);
 
-// What the spread of the rates means, in one sentence. Empty with less than two complete rates.
+// What the spread of the rates means, in one sentence. Empty with less than two different rates that
+// are complete.
 std::string spread_text(const Scenario& scenario, const Comparison& comparison);
 
 }  // namespace kelvar

@@ -109,7 +109,9 @@ void write_whole(const Module1& module, const QString& path,
         refuse();
     }
     write(file);
-    if (!file.commit()) {
+    // What is still in the file's buffer is not looked at by commit: it would replace the old file by
+    // one that is cut off.
+    if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) {
         refuse();
     }
 }

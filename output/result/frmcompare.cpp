@@ -3,6 +3,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <algorithm>
+#include <utility>
 
 #include "engine/axis.h"
 #include "output/report/report.h"
@@ -92,9 +93,12 @@ void frmcompare::build_buttons() {
     buttons->offer_csv();
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
         buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+        grdcompare->setFocus();
     });
-    connect(buttons, &PrintButtons::csv_chosen, this,
-            [this, buttons] { buttons->show_saved(save_csv(module, this, file_name(), csv(*rows_))); });
+    connect(buttons, &PrintButtons::csv_chosen, this, [this, buttons] {
+        buttons->show_saved(save_csv(module, this, file_name(), csv(*rows_)));
+        grdcompare->setFocus();
+    });
 }
 
 void frmcompare::load() {
@@ -118,7 +122,8 @@ void frmcompare::show_rates() {
         }
     }
     grdcompare->show_all_rows();
-    grdcompare->setCurrentIndex(rows_->index(0, 0));
+    grdcompare->setCurrentIndex(
+        rows_->index(std::exchange(scenario.compared_rate, std::int16_t{-1}), 0));
 }
 
 void frmcompare::show_lines() {

@@ -32,8 +32,7 @@ void ScheduleScreen::build_buttons() {
     navigation()->insertWidget(4, pichart);
     cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
     add_beside_rates(cmdcompare);
-    connect(cmdcompare, &QPushButton::clicked, this,
-            [this] { module.screens.show(ScreenId::frmcompare); });
+    connect(cmdcompare, &QPushButton::clicked, this, [this] { compare_rates(); });
     add_menu_button();
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
     connect(pichart, &QToolButton::clicked, this, [this] { show_chart(); });
@@ -50,6 +49,7 @@ void ScheduleScreen::load() {
 void ScheduleScreen::activate() {
     ResultScreen::activate();
     if (scenario.compared_rate >= 0) {
+        rate_ceiling_ = no_ceiling;  // the comparison has shown what comes of each rate by itself
         cmbrate->setCurrentIndex(std::exchange(scenario.compared_rate, std::int16_t{-1}));
         get_value();
     }
@@ -127,6 +127,11 @@ void ScheduleScreen::dis_mnu(int what) {
         lbltotalvalue->clear();
         lblnumber->clear();
     }
+}
+
+void ScheduleScreen::compare_rates() {
+    scenario.compared_rate = static_cast<std::int16_t>(cmbrate->currentIndex());
+    module.screens.show(ScreenId::frmcompare);
 }
 
 void ScheduleScreen::show_chart() {

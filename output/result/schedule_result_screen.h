@@ -38,10 +38,12 @@ private:
     void show_limit(double rate);
     void get_cover(const QString& reason) override;
     void dis_mnu(int what);
+    void compare_rates();
     void show_chart();
 
-    double rate_ceiling_ = 100.0;  // lowest rate known to break the life expectancy limit
-    std::string limit_text_;       // what was reported when it did
+    static constexpr double no_ceiling = 100.0;
+    double rate_ceiling_ = no_ceiling;  // lowest rate known to break the life expectancy limit
+    std::string limit_text_;            // what was reported when it did
     ScreenId chart_;
     QPushButton* cmdchart = nullptr;
     QToolButton* pichart = nullptr;

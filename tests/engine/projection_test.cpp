@@ -341,8 +341,8 @@ TEST(Comparison, ShowsEachRateAsItsProjectionDoes) {
     const ComparedRate& high = comparison.rates[1];
     EXPECT_EQ(spread_text(scenario, comparison),
               "Nobody knows what the account will earn: at 5% instead of 4%, " +
-                  money_text(high.total - low.total) + " more is paid in all, and payments last " +
-                  time_text(high.payments - low.payments) + " longer.");
+                  money_text(high.total - low.total) + " more is paid in all, and payments end " +
+                  time_text(high.payments - low.payments) + " later.");
     comparison.rates.resize(1);
     EXPECT_EQ(spread_text(scenario, comparison), "");
 

@@ -1,15 +1,19 @@
 // Journeys through the real widgets for periodic payments, checked against the rules and the tables.
 
+#include <sys/resource.h>
+
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <cmath>
+#include <csignal>
 
 #include "core/numbers.h"
 #include "tests/support/ui_harness.h"
@@ -176,6 +180,18 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     const std::vector<std::string> refused = take_messages();
     ASSERT_EQ(refused.size(), 1U);
     EXPECT_TRUE(refused[0].starts_with("Nothing was saved.\n\nThe file ")) << refused[0];
+
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit room{};
+    getrlimit(RLIMIT_FSIZE, &room);
+    const rlimit full{100, room.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    save_as = saved.fileName();
+    const qint64 whole = saved.size();
+    click("cmdprintmenu");
+    setrlimit(RLIMIT_FSIZE, &room);
+    EXPECT_EQ(take_messages().size(), 1U);
+    EXPECT_EQ(QFileInfo(saved.fileName()).size(), whole) << "the file from before is still there";
 
     click("cmdcompare");
     EXPECT_EQ(focus_name(), u"grdcompare"_s);
