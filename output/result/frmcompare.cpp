@@ -146,6 +146,8 @@ void frmcompare::show_lines() {
     }
     grphcompare->setVisible(years > 1);
     grphcompare->show_lines(lines);
+    constexpr int lines_of_text = 13;  // below them it could not be read; it takes what room there is
+    grphcompare->setMinimumHeight(lines_of_text * fontMetrics().height());
 }
 
 // The line of the chosen row stands out.
