@@ -21,6 +21,10 @@ public:
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
+    std::unique_ptr<ReportDocument> blank() const override;
+
+private:
+    PaintChart chart_;
 };
 
 // Takes the place of what usually draws the images of a document, which draws all others.

@@ -60,6 +60,14 @@ void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     document.setLayoutEnabled(true);
 }
 
+void lay_out_endless(QTextDocument& document, QPagedPaintDevice& device) {
+    constexpr double pages = 50.0;
+    const QSizeF page = body_of(device).size();
+    document.documentLayout()->setPaintDevice(&device);
+    document.setPageSize({page.width(), pages * page.height()});
+    document.setLayoutEnabled(true);
+}
+
 PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)
     : device_(device), body_(body_of(device)), printed_(printed), page_count_(page_count) {
     if (!painter_.begin(&device)) {
@@ -81,12 +89,15 @@ void PagePainter::finish() {
 }
 
 void PagePainter::draw(const QTextDocument& document, int page) {
-    const double top = page * body_.height();
+    draw(document, page * body_.height(), (page + 1) * body_.height(), 0.0);
+}
+
+void PagePainter::draw(const QTextDocument& document, double top, double bottom, double y) {
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = body_.translated(0.0, top);
+    context.clip = QRectF(body_.left(), top, body_.width(), bottom - top);
     context.palette.setColor(QPalette::Text, Qt::black);
     painter_.save();
-    painter_.translate(0.0, -top);
+    painter_.translate(0.0, y - top);
     painter_.setClipRect(context.clip);
     document.documentLayout()->draw(&painter_, context);
     painter_.restore();

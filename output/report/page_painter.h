@@ -20,6 +20,8 @@ void set_style(QTextDocument& document);
 // Lays a document out in pages for a device, which must outlive its use. Points of fonts and pixels of
 // distances are those of the device.
 void lay_out(QTextDocument& document, QPagedPaintDevice& device);
+// The same on one page without an end.
+void lay_out_endless(QTextDocument& document, QPagedPaintDevice& device);
 
 // The text says what went wrong, for the user.
 class PrintError : public std::runtime_error {
@@ -43,6 +45,9 @@ public:
 
     // Draws one page, counted from 0, of a document that was laid out for the same device.
     void draw(const QTextDocument& document, int page);
+    // Draws a strip of such a document, as wide as the page and in the document's pixels, `y` below the
+    // top of the page.
+    void draw(const QTextDocument& document, double top, double bottom, double y);
 
 private:
     void draw_footer(const QString& title);

@@ -10,6 +10,7 @@
 #include "output/report/charted_report.h"
 #include "output/report/page_painter.h"
 #include "output/report/report_fields.h"
+#include "output/report/report_pages.h"
 #include "output/report/template_tags.h"
 #include "widgets/text.h"
 
@@ -183,16 +184,17 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
 }
 
 void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device) {
+    std::vector<std::unique_ptr<ReportPages>> parts;
     int page_count = 0;
     for (const Report& report : reports) {
-        lay_out(*report, device);
-        page_count += report->pageCount();
+        parts.push_back(std::make_unique<ReportPages>(*report, device));
+        page_count += parts.back()->count();
     }
     PagePainter pages(device, printed, page_count);
-    for (const Report& report : reports) {
-        for (int page = 0; page < report->pageCount(); ++page) {
-            pages.next_page(report->metaInformation(QTextDocument::DocumentTitle));
-            pages.draw(*report, page);
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        for (int page = 0; page < parts[part]->count(); ++page) {
+            pages.next_page(reports[part]->metaInformation(QTextDocument::DocumentTitle));
+            parts[part]->draw(pages, page);
         }
     }
     pages.finish();

@@ -14,20 +14,20 @@
 #pragma once
 
 #include <QPagedPaintDevice>
-#include <QTextDocument>
 #include <filesystem>
 #include <memory>
 #include <vector>
 
 #include "core/dates.h"
 #include "core/records.h"
+#include "output/report/report_document.h"
 #include "output/report/report_values.h"
 
 namespace kelvar {
 
 // One finished report, with all that it shows; reading files is over. What its <title> says is the
 // document's title.
-using Report = std::shared_ptr<QTextDocument>;
+using Report = std::shared_ptr<ReportDocument>;
 
 // Throws PrintError when the template is missing, empty or faulty, or goes beyond what it may use. The
 // images that it names lie in the template's folder. Its image "result:chart" is the result's chart.

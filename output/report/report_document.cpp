@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "output/report/page_painter.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
@@ -55,6 +56,7 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
     if (table_depth(html) > most_tables) {
         return "has more than 8 tables inside each other.";
     }
+    html_ = html;
     setHtml(html);  // reads style sheets and backgrounds
     for (const QTextFormat& format : allFormats()) {
         const QString image = format.toImageFormat().name();
@@ -67,8 +69,24 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
     return refused_;
 }
 
+std::unique_ptr<ReportDocument> ReportDocument::with(const QString& html) const {
+    std::unique_ptr<ReportDocument> document = blank();
+    document->files_ = files_;
+    document->setHtml(html);
+    return document;
+}
+
+std::unique_ptr<ReportDocument> ReportDocument::blank() const {
+    auto document = std::make_unique<ReportDocument>(folder_);
+    set_style(*document);
+    return document;
+}
+
 // Always gives something: for an image without contents the toolkit would look for a file by itself.
 QVariant ReportDocument::loadResource(int type, const QUrl& name) {
+    if (const auto known = files_.constFind(name); known != files_.constEnd()) {
+        return *known;
+    }
     QByteArray bytes = read_file(name);
     QVariant contents = bytes;
     if (type == ImageResource) {
@@ -80,6 +98,7 @@ QVariant ReportDocument::loadResource(int type, const QUrl& name) {
         contents = image;
     }
     addResource(type, name, contents);
+    files_.insert(name, contents);
     return contents;
 }
 

@@ -1,8 +1,12 @@
 // A finished report with the files that it names: images, and style sheets if its template links any.
 #pragma once
 
+#include <QHash>
 #include <QTextDocument>
+#include <QUrl>
+#include <QVariant>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -21,14 +25,24 @@ public:
     // that begins with the template's name, or nothing.
     std::optional<std::string> read(const QString& html);
 
+    // What was taken over.
+    const QString& html() const { return html_; }
+    // Other text with the same files, which are not read again.
+    std::unique_ptr<ReportDocument> with(const QString& html) const;
+
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
+    // A new one of the same kind, without text.
+    virtual std::unique_ptr<ReportDocument> blank() const;
+    const std::filesystem::path& folder() const { return folder_; }
 
 private:
     QByteArray read_file(const QUrl& name);
     void refuse(const QString& name, const std::string& why);
 
     std::filesystem::path folder_;
+    QString html_;
+    QHash<QUrl, QVariant> files_;
     std::optional<std::string> refused_;
 };
 
