@@ -5,9 +5,11 @@
 // `schedule`, in their order, each field under its own name. Dollar amounts that are stored as numbers
 // can also be had written out: `curvalue` is 250000, `curvalue_money` $250,000.00. Beside the fields
 // there are `schedule_total_money`, the sum of all rows, and one of `by_number_of_payments`,
-// `by_dollar_amount` and `by_life_expectancy` is true. What is known of the result besides is in
-// `result` (see report_values.h): as the condition of a section, a value that says nothing is false.
-// A tag that names anything else is an error, so that a slip of the pen leaves no gap in a printout.
+// `by_dollar_amount` and `by_life_expectancy` is true. The last payment of a calendar year has
+// `last_of_year`, `year_payments` ("12 payments") and `year_total_money` of that year. What is known of
+// the result besides is in `result` (see report_values.h): as the condition of a section, a value that
+// says nothing is false. A tag that names anything else is an error, so that a slip of the pen leaves
+// no gap in a printout.
 //
 // What a template can cost is bounded: 20 MB of text once it is filled in, sections at most 2 deep and
 // tables at most 8 deep, and the files that ReportDocument lets it use.

@@ -1,5 +1,7 @@
 #include "output/report/report_fields.h"
 
+#include <utility>
+
 #include "core/numbers.h"
 #include "core/scenario.h"
 #include "output/report/template_tags.h"
@@ -89,17 +91,35 @@ bool names_schedule(const std::string& text) {
     return tag.has_value();
 }
 
+// The payments in their order. The last one of every year knows what the year comes to.
 void add_payments(mustache::data& fields, const Recordset& schedule) {
+    const std::size_t year = schedule.column("Year");
+    const std::size_t paid = schedule.column("payment");
+    const std::size_t count = schedule.RecordCount();
     mustache::data payments(mustache::data::type::list);
     double total = 0.0;
-    for (std::size_t row = 0; row < schedule.RecordCount(); ++row) {
+    double year_total = 0.0;
+    int year_payments = 0;
+    for (std::size_t row = 0; row < count; ++row) {
         mustache::data payment;
         set_fields(payment, schedule, row, {"number", "remaining", "Month", "Year"},
                    {"startbalance", "payment", "remainbalance"});
-        payments.push_back(payment);
-        total += as_number(schedule.cell(row, schedule.column("payment")));
+        total += as_number(schedule.cell(row, paid));
+        year_total += as_number(schedule.cell(row, paid));
+        ++year_payments;
+        const bool last = row + 1 == count ||
+                          as_text(schedule.cell(row + 1, year)) != as_text(schedule.cell(row, year));
+        payment.set("last_of_year", last);
+        if (last) {
+            payment.set("year_payments", std::to_string(year_payments) +
+                                             (year_payments == 1 ? " payment" : " payments"));
+            year_payments = 0;
+            payment.set("year_total_money",
+                        format_number(std::exchange(year_total, 0.0), pattern::dollars));
+        }
+        payments.push_back(std::move(payment));
     }
-    fields.set("schedule", payments);
+    fields.set("schedule", std::move(payments));
     fields.set("schedule_total_money", format_number(total, pattern::dollars));
 }
 

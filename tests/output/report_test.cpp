@@ -14,6 +14,7 @@
 #include "core/scenario.h"
 #include "engine/store.h"
 #include "output/report/page_painter.h"
+#include "output/report/report_pages.h"
 #include "tests/support/temporary_program_folder.h"
 #include "widgets/text.h"
 
@@ -146,8 +147,53 @@ TEST_F(Reports, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
         const auto* table = qobject_cast<QTextTable*>(report->rootFrame()->childFrames().value(0));
         ASSERT_NE(table, nullptr) << name;
         EXPECT_EQ(table->format().headerRowCount(), 1) << name;
-        EXPECT_EQ(table->rows(), 1 + 30 + 1) << name;  // heading, payments, total
-        EXPECT_EQ(table->cellAt(30, 0).firstCursorPosition().block().text(), u"30"_s) << name;
+        EXPECT_EQ(table->rows(), 1 + 30 + 4 + 1) << name;  // heading, payments, years, total
+        const auto text = [table](int row, int column) {
+            return table->cellAt(row, column).firstCursorPosition().block().text();
+        };
+        EXPECT_EQ(text(3, 0), u"2026: 2 payments"_s) << name;
+        EXPECT_EQ(text(33, 0), u"30"_s) << name;
+        EXPECT_EQ(text(34, 0), u"2029: 4 payments"_s) << name;
+        const auto cents = [&text](int row) {
+            return text(row, 5).remove(u'$').remove(u',').remove(u'.').toInt();
+        };
+        EXPECT_EQ(cents(34), cents(30) + cents(31) + cents(32) + cents(33)) << name;
+    }
+}
+
+// However the rows fall: no page of the list begins with a sum or holds a single payment.
+TEST_F(Reports, NoRowOfAListStandsAlone) {
+    std::ofstream(folder.path() / "own.rpt")
+        << "<p>before</p><table width='100%' cellspacing='0'><thead><tr><th>#</th></tr></thead>"
+           "{{#schedule}}<tr><td>{{number}}</td></tr>"
+           "{{#last_of_year}}<tr><td><b>{{year_total_money}}</b></td></tr>{{/last_of_year}}"
+           "{{/schedule}}<tr><td><b>{{schedule_total_money}}</b></td></tr></table><p>after</p>";
+    QByteArray pdf;
+    QBuffer buffer(&pdf);
+    ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
+    QPdfWriter writer(&buffer);
+    for (int payments = 5; payments < 130; ++payments) {
+        for (const auto size : {QPageSize::Letter, QPageSize::A4}) {
+            writer.setPageSize(QPageSize(size));
+            store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, payments),
+                  {});
+            const Report report = fill_template(folder.path() / "own.rpt", database);
+            const auto* table = qobject_cast<QTextTable*>(report->rootFrame()->childFrames().value(0));
+            const ReportPages pages(*report, writer);
+            int row = 1;  // after the heading
+            for (const ReportPages::ListPage& page : pages.list_pages()) {
+                EXPECT_EQ(page.first, row) << payments;
+                for (const int payment : {page.first, page.first == 1 ? 2 : page.first}) {
+                    EXPECT_FALSE(
+                        table->cellAt(payment, 0).firstCursorPosition().block().text().startsWith(u'$'))
+                        << payments;
+                }
+                EXPECT_GE(page.end - page.first, 3) << payments;
+                row = page.end;
+            }
+            EXPECT_EQ(row, table->rows()) << payments;
+            EXPECT_EQ(pages.count(), pages.list_pages().back().page + 1) << payments;
+        }
     }
 }
 

@@ -91,7 +91,7 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("Cmdnext");
     const auto rows = work_table_rows();
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 10);  // the summary, 30 years and 349 rows
+    EXPECT_EQ(printed_pages(), 11);  // the summary, 30 years, 349 rows and their 30 sums
     EXPECT_EQ(offered, u"Periodic Payments 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
     expect_saved_line();
@@ -111,12 +111,12 @@ TEST_F(Printing, PeriodicChartAndReports) {
         folder.database(),
         "DELETE FROM schedule WHERE number > 9; UPDATE distrib SET totalvalue = '$1.00', rate = ''");
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 10);
+    EXPECT_EQ(printed_pages(), 11);
     EXPECT_EQ(work_table_rows(), rows);
     EXPECT_EQ(heading(), std::vector<std::string>{"Periodic Payments - Monthly  5% $578,796.05"});
     find<QWidget>("cmbrate")->setFocus();
     press(Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(printed_pages(), 10);
+    EXPECT_EQ(printed_pages(), 11);
     click("pichart");
     EXPECT_EQ(screen_name(), u"frmcperi"_s);
     EXPECT_EQ(text_of("lbltitle"), u"Periodic Payments - Monthly (Over Life Expectancy)"_s);
