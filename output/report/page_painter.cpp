@@ -69,9 +69,22 @@ void lay_out_endless(QTextDocument& document, QPagedPaintDevice& device) {
 }
 
 PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)
-    : device_(device), body_(body_of(device)), printed_(printed), page_count_(page_count) {
+    : device_(device),
+      counter_(dynamic_cast<PageCounter*>(&device)),
+      body_(body_of(device)),
+      printed_(printed),
+      page_count_(page_count) {
     if (!painter_.begin(&device)) {
         throw PrintError(refused);
+    }
+    if (counter_ != nullptr) {
+        counter_->begin(page_count);
+    }
+}
+
+PagePainter::~PagePainter() {
+    if (counter_ != nullptr) {
+        counter_->end();
     }
 }
 

@@ -29,10 +29,23 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// A device that also is one is told how many pages there will be, and when they end.
+class PageCounter {
+public:
+    virtual void begin(int pages) = 0;
+    virtual void end() = 0;
+
+protected:
+    ~PageCounter() = default;
+};
+
 class PagePainter {
 public:
     // Throws PrintError when the device cannot be drawn on, as does every step below.
     PagePainter(QPagedPaintDevice& device, Date printed, int page_count);
+    ~PagePainter();
+    PagePainter(const PagePainter&) = delete;
+    PagePainter& operator=(const PagePainter&) = delete;
 
     // Starts the next page and draws its footer.
     void next_page(const QString& title);
@@ -53,6 +66,7 @@ private:
     void draw_footer(const QString& title);
 
     QPagedPaintDevice& device_;
+    PageCounter* counter_;  // the same, or null
     QPainter painter_;
     QRectF body_;
     Date printed_;

@@ -3,10 +3,14 @@
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <exception>
 
 #include "output/report/page_painter.h"
+#include "output/report/print_progress.h"
 #include "output/report/saved_file.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
@@ -27,24 +31,89 @@ void require_font() {
     }
 }
 
-void print_on(const QPrinterInfo& where, const PrintJob& job) {
-    const Hourglass hourglass;
-    QPrinter printer(where, QPrinter::HighResolution);
+// Null when there is none, or when none is wanted.
+QPrinterInfo printer_for(Destination destination) {
+    if (destination == Destination::pdf_file) {
+        return {};
+    }
+    const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
+    const bool may_be_chosen = destination != Destination::printer;
+    return usual.isNull() && may_be_chosen ? QPrinterInfo::availablePrinters().value(0) : usual;
+}
+
+void set_up(QPrinter& printer, const PrintJob& job) {
     printer.setDocName(job.title);
+    printer.setCreator(u"Kelvar"_s);
     printer.setPageOrientation(job.orientation);
     printer.setPageMargins(page_margins, QPageLayout::Point);
+}
+
+void print_on(QPrinter& printer, const PrintJob& job) {
+    const Hourglass hourglass;
     job.draw(printer);
     if (printer.printerState() == QPrinter::Error) {
-        throw PrintError("The printer " + to_utf8(where.printerName()) + " reports an error.");
+        throw PrintError("The printer " + to_utf8(printer.printerName()) + " reports an error.");
     }
 }
 
-void write_pdf(const Module1& module, const QString& path, const PrintJob& job) {
+// With the pages and copies that the user chooses. False when the user does not print.
+bool print_as_chosen(QPrinter& printer, QWidget* window, const PrintJob& job) {
+    QPrintDialog dialog(&printer, window->window());
+    dialog.setObjectName(u"printdialog"_s);
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);  // Save as PDF keeps its rules
+    if (dialog.exec() != QDialog::Accepted) {
+        return false;
+    }
+    print_on(printer, job);
+    return true;
+}
+
+// The user looks at the pages and prints them from there, or not.
+bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
+    QPrintPreviewDialog dialog(&printer, window->window());
+    dialog.setObjectName(u"printpreview"_s);
+    std::exception_ptr error;  // none may pass through the event loop
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* pages) {
+        try {
+            print_on(*pages, job);
+        } catch (const std::exception&) {
+            error = std::current_exception();
+            QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
+        }
+    });
+    const bool printed = dialog.exec() == QDialog::Accepted;
+    if (error) {
+        std::rethrow_exception(error);
+    }
+    return printed;
+}
+
+// What readers of PDF files show of one, and read aloud in its language.
+QByteArray description(const PrintJob& job) {
+    return uR"(<?xpacket begin="" id="W5M0MpCehiHzreSzNTczkc9d"?>
+<x:xmpmeta xmlns:x="adobe:ns:meta/">
+<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#">
+<rdf:Description rdf:about="" xmlns:dc="http://purl.org/dc/elements/1.1/"
+ xmlns:xmp="http://ns.adobe.com/xap/1.0/">
+<dc:title><rdf:Alt><rdf:li xml:lang="x-default">%1</rdf:li></rdf:Alt></dc:title>
+<dc:description><rdf:Alt><rdf:li xml:lang="x-default">%2</rdf:li></rdf:Alt></dc:description>
+<dc:language><rdf:Bag><rdf:li>en-US</rdf:li></rdf:Bag></dc:language>
+<xmp:CreatorTool>Kelvar</xmp:CreatorTool>
+</rdf:Description>
+</rdf:RDF>
+</x:xmpmeta>
+<?xpacket end="r"?>)"_s.arg(job.title.toHtmlEscaped(), job.file_name.toHtmlEscaped())
+        .toUtf8();
+}
+
+void write_pdf(const Module1& module, const QString& path, const PrintJob& job,
+               PrintProgress& progress) {
     const Hourglass hourglass;
     write_whole(module, path, [&](QIODevice& file) {
-        QPdfWriter writer(&file);
+        CountedPages<QPdfWriter> writer(progress, &file);
         writer.setTitle(job.title);
         writer.setCreator(u"Kelvar"_s);
+        writer.setDocumentXmpMetadata(description(job));
         writer.setPageSize(QPageSize(QPageSize::Letter));
         writer.setPageOrientation(job.orientation);
         writer.setPageMargins(page_margins, QPageLayout::Point);
@@ -52,11 +121,41 @@ void write_pdf(const Module1& module, const QString& path, const PrintJob& job) 
     });
 }
 
+// Empty when the user names no file.
+QString save_pdf(const Module1& module, QWidget* window, const QString& title, const PrintJob& job,
+                 PrintProgress& progress) {
+    QString file =
+        ask_where_to_save(window, title, job.file_name,
+                          {.dialog = "savepdf", .names = u"PDF files (*.pdf)"_s, .suffix = u"pdf"_s});
+    if (!file.isEmpty()) {
+        write_pdf(module, file, job, progress);
+        remember_folder(window, file);
+    }
+    return file;
+}
+
+// False when the user does not print after all.
+bool print_on_paper(const QPrinterInfo& where, QWidget* window, Destination destination,
+                    const PrintJob& job, PrintProgress& progress) {
+    CountedPages<QPrinter> printer(progress, where, QPrinter::HighResolution);
+    set_up(printer, job);
+    switch (destination) {
+        case Destination::print_dialog:
+            return print_as_chosen(printer, window, job);
+        case Destination::preview:
+            return preview(printer, window, job);
+        default:
+            print_on(printer, job);
+            return true;
+    }
+}
+
 }  // namespace
 
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare) {
     QString file;
+    PrintProgress progress(window);
     try {
         PrintJob job;
         QPrinterInfo printer;
@@ -64,29 +163,26 @@ QString print(Module1& module, QWidget* window, Destination destination,
             const Hourglass hourglass;
             require_font();
             job = prepare();
-            if (destination == Destination::printer) {
-                printer = QPrinterInfo::defaultPrinter();
-            }
+            printer = printer_for(destination);
         }
-        if (!printer.isNull()) {
-            print_on(printer, job);
+        if (!printer.isNull() || destination == Destination::preview) {
+            if (!print_on_paper(printer, window, destination, job, progress)) {
+                return {};
+            }
         } else {
             const bool asked_for = destination == Destination::pdf_file;
-            const QString title = asked_for ? save_as_pdf : no_printer;
-            file = ask_where_to_save(
-                window, title, job.file_name,
-                {.dialog = "savepdf", .names = u"PDF files (*.pdf)"_s, .suffix = u"pdf"_s});
+            file = save_pdf(module, window, asked_for ? save_as_pdf : no_printer, job, progress);
             if (file.isEmpty()) {
                 return {};
             }
-            write_pdf(module, file, job);
-            remember_folder(window, file);
         }
         if (!job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);
         }
     } catch (const std::exception& error) {
-        module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
+        if (!progress.cancelled()) {
+            module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
+        }
         return {};
     }
     return file;

@@ -1,4 +1,4 @@
-// What is printed, and where it goes: the default printer or a PDF file.
+// What is printed, and where it goes: a printer or a PDF file.
 #pragma once
 
 #include <QPageLayout>
@@ -13,7 +13,7 @@ class QWidget;
 
 namespace kelvar {
 
-enum class Destination { printer, pdf_file };
+enum class Destination { printer, print_dialog, preview, pdf_file };
 
 struct PrintJob {
     QString title;
@@ -23,8 +23,10 @@ struct PrintJob {
     std::function<void(QPagedPaintDevice&)> draw;
 };
 
-// Prints at once on the default printer; where there is none, or when a file is asked for, into a PDF
-// file that the user names over `window`. Whatever goes wrong, also in preparing the job, is one
+// Prints at once on the default printer, or as the user says in the system's dialog or after a preview;
+// where there is no printer, or when a file is asked for, into a PDF file that the user names over
+// `window`. What takes half a second shows how far it is and can be cancelled, which leaves no file and
+// gives up the printer's job. Whatever goes wrong, also in preparing the job, is one
 // message and leaves everything as it was: an existing file is only replaced by a complete one. A
 // missing part is one message after the rest was printed. Returns the PDF file that was written, or
 // nothing.

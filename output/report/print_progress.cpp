@@ -1,0 +1,36 @@
+#include "output/report/print_progress.h"
+
+#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvar {
+
+namespace {
+
+constexpr int patience = 500;  // milliseconds
+
+}  // namespace
+
+void PrintProgress::begin(int pages) {
+    dialog_.emplace(u"Page 1 of %1"_s.arg(pages), u"Cancel"_s, 0, pages, window_->window());
+    dialog_->setObjectName(u"printprogress"_s);
+    dialog_->setWindowTitle(u"Print"_s);
+    dialog_->setWindowModality(Qt::ApplicationModal);
+    dialog_->setMinimumDuration(patience);
+    dialog_->setAutoClose(false);
+    dialog_->setAutoReset(false);
+    dialog_->findChild<QProgressBar*>()->setAccessibleName(u"Pages printed"_s);
+    QObject::connect(&*dialog_, &QDialog::rejected, &*dialog_, &QProgressDialog::cancel);  // Escape
+    dialog_->setValue(0);  // time counts from here
+}
+
+bool PrintProgress::go_on() {
+    const int done = dialog_->value() + 1;
+    dialog_->setLabelText(u"Page %1 of %2"_s.arg(done + 1).arg(dialog_->maximum()));
+    dialog_->setValue(done);  // takes the user's Cancel as well
+    cancelled_ = dialog_->wasCanceled();
+    return !cancelled_;
+}
+
+}  // namespace kelvar
