@@ -1,6 +1,7 @@
 #include "output/report/print_buttons.h"
 
 #include <QAccessible>
+#include <QActionGroup>
 #include <QDir>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -23,7 +24,8 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
 
     menu_ = new QMenu(cmdprint);
     menu_->addAction(u"&Print"_s, this, [this] { start(Destination::printer); });
-    menu_->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
+    save_as_pdf_ =
+        menu_->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
     cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
@@ -49,13 +51,48 @@ void PrintButtons::offer_csv() {
     cmdprintmenu->setAccessibleName(u"Print or save as PDF or CSV"_s);
 }
 
+void PrintButtons::offer_choices(bool has_parts) {
+    const auto offer = [this](const QString& text, Destination destination) {
+        auto* entry = new QAction(text, menu_);
+        connect(entry, &QAction::triggered, this, [this, destination] { start(destination); });
+        menu_->insertAction(save_as_pdf_, entry);
+    };
+    offer(u"Print with &Options..."_s, Destination::print_dialog);
+    offer(u"Pre&view..."_s, Destination::preview);
+    if (has_parts) {
+        menu_->addSeparator();
+        choice_ = new QActionGroup(menu_);
+        add_parts(u"&Everything"_s, u"Prints everything"_s, Parts::everything);
+        add_parts(u"Summary and &Years"_s, u"Prints the summary and the years"_s,
+                  Parts::summary_and_years);
+        add_parts(u"S&ummary Only"_s, u"Prints the summary only"_s, Parts::summary);
+    }
+}
+
+// Each is kept until another one is chosen, and the button says what it prints.
+void PrintButtons::add_parts(const QString& text, const QString& printed, Parts parts) {
+    QAction* entry = menu_->addAction(text);
+    entry->setCheckable(true);
+    entry->setChecked(parts == parts_);
+    choice_->addAction(entry);
+    connect(entry, &QAction::triggered, this, [this, printed, parts] {
+        parts_ = parts;
+        cmdprint->setToolTip(printed);
+        cmdprint->setAccessibleDescription(printed);
+        say(printed);
+    });
+}
+
 void PrintButtons::start(Destination destination) {
     show_saved({});
     emit chosen(destination);
 }
 
 void PrintButtons::show_saved(const QString& file) {
-    const QString text = file.isEmpty() ? QString() : u"Saved to "_s + QDir::toNativeSeparators(file);
+    say(file.isEmpty() ? QString() : u"Saved to "_s + QDir::toNativeSeparators(file));
+}
+
+void PrintButtons::say(const QString& text) {
     lblsaved->setAccessibleName(text);
     lblsaved->setToolTip(text);
     lblsaved->setVisible(!text.isEmpty());

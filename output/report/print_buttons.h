@@ -5,7 +5,10 @@
 #include <QObject>
 
 #include "output/report/print_job.h"
+#include "output/report/report_templates.h"
 
+class QAction;
+class QActionGroup;
 class QHBoxLayout;
 class QLabel;
 class QMenu;
@@ -26,6 +29,11 @@ public:
     void setEnabled(bool enabled);
     // The menu offers to save what is shown as a CSV file.
     void offer_csv();
+    // The menu offers the system's print dialog and a preview, and to leave out parts of what is
+    // printed if there are any.
+    void offer_choices(bool has_parts);
+    // What of it is to be printed, as last chosen.
+    Parts parts() const { return parts_; }
     // Empty while there is nothing to say; starting to print empties it as well.
     void show_saved(const QString& file);
 
@@ -37,12 +45,17 @@ signals:
 
 private:
     void start(Destination destination);
+    void add_parts(const QString& text, const QString& printed, Parts parts);
+    void say(const QString& text);  // in the line above the row
     void fit_saved();
 
     QLabel* lblsaved = nullptr;
     QPushButton* cmdprint = nullptr;
     QToolButton* cmdprintmenu = nullptr;
     QMenu* menu_ = nullptr;
+    QAction* save_as_pdf_ = nullptr;
+    QActionGroup* choice_ = nullptr;
+    Parts parts_ = Parts::everything;
 };
 
 }  // namespace kelvar

@@ -71,6 +71,7 @@ void ResultScreen::build_values() {
 void ResultScreen::build_buttons() {
     print_buttons = new PrintButtons(navigation());
     print_buttons->offer_csv();
+    print_buttons->offer_choices(scenario.method != lump_sum);
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
         print_buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
     });
@@ -102,7 +103,8 @@ PrintJob ResultScreen::print_job() const {
     const ReportValues result = printed_values(scenario, shown_);
     std::vector<Report> reports;
     std::string missing;
-    for (const std::string& name : report_templates(scenario.method, scenario.length_option)) {
+    for (const std::string& name :
+         report_templates(scenario.method, scenario.length_option, print_buttons->parts())) {
         try {
             reports.push_back(fill_template(module.program_file(name), module.database(), result));
         } catch (const PrintError& error) {

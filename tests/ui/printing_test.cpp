@@ -11,9 +11,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QThread>
 #include <filesystem>
 #include <fstream>
 
+#include "output/report/page_painter.h"
+#include "output/report/print_job.h"
 #include "output/report/saved_file.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
@@ -236,6 +239,92 @@ TEST_F(Printing, LumpSumPrintsOnePage) {
     click("cmdprint");
     EXPECT_TRUE(take_messages().empty());
     EXPECT_EQ(printed_pages(), 1);
+}
+
+// What is printed stays chosen until the screen is left.
+TEST_F(Printing, PartsAreChosenInTheMenu) {
+    go_to_partial_result();
+    const auto choose_part = [this](const QString& entry, const QString& said) {
+        menu_entry = entry;
+        click("cmdprintmenu");
+        EXPECT_EQ(text_of("lblsaved"), said);
+        EXPECT_EQ(find<QWidget>("cmdprint")->accessibleDescription(), said);
+        click("cmdprint");
+        EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
+    };
+    choose_part(u"S&ummary Only"_s, u"Prints the summary only"_s);
+    EXPECT_EQ(printed_pages(), 1);
+    menu_entry = u"&Save as PDF..."_s;
+    click("cmdprintmenu");
+    EXPECT_EQ(printed_pages(), 1);
+    choose_part(u"Summary and &Years"_s, u"Prints the summary and the years"_s);
+    EXPECT_EQ(printed_pages(), 2);
+    menu_entry = u"Print with &Options..."_s;  // no printer to have options
+    click("cmdprintmenu");
+    EXPECT_EQ(printed_pages(), 2);
+    choose_part(u"&Everything"_s, u"Prints everything"_s);
+    EXPECT_EQ(printed_pages(), 3);
+    menu_entry = u"Pre&view..."_s;
+    click("cmdprintmenu");
+    EXPECT_TRUE(notes_shown.contains(u"printpreview"_s));
+    EXPECT_EQ(printed_pages(), 0);
+    choose_part(u"S&ummary Only"_s, u"Prints the summary only"_s);
+    printed_pages();
+    click("cmdprev");
+    click("Cmdnext");
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 3);
+    EXPECT_TRUE(take_messages().empty());
+}
+
+// Pages that take long are shown to do so; Escape, which every dialog here is closed with, cancels.
+TEST_F(Printing, CancelLeavesNothingBehind) {
+    go_to_participant();
+    int pages = 0;
+    const PrintJob slow{.title = u"Slow & steady"_s,
+                        .file_name = u"slow"_s,
+                        .draw = [&pages](QPagedPaintDevice& device) {
+                            PagePainter painter(device, {}, 5);
+                            for (int page = 0; page < 5; ++page) {
+                                painter.next_page(u"Slow"_s);
+                                ++pages;
+                                QThread::msleep(300);
+                            }
+                            painter.finish();
+                        }};
+    std::ofstream(save_as.toStdString()) << "older";
+    look_at_dialog = [](QDialog& dialog) {
+        if (dialog.objectName() == u"printprogress"_s) {
+            EXPECT_TRUE(dialog.isModal());
+            EXPECT_EQ(dialog.findChild<QLabel*>()->text(), u"Page 3 of 5"_s);
+        }
+    };
+    const auto print_it = [&](const PrintJob& job) {
+        return print(*module, window->visible_screen(), Destination::pdf_file, [&] { return job; });
+    };
+    EXPECT_EQ(print_it(slow), QString());
+    EXPECT_TRUE(notes_shown.contains(u"printprogress"_s));
+    EXPECT_LT(pages, 5);
+    EXPECT_TRUE(take_messages().empty());
+    EXPECT_EQ(std::filesystem::file_size(save_as.toStdString()), 5u);
+    int files = 0;
+    for (const auto& file : std::filesystem::directory_iterator(folder.path())) {
+        files += file.path().filename().string().starts_with("out") ? 1 : 0;
+    }
+    EXPECT_EQ(files, 1);
+
+    PrintJob quick = slow;
+    quick.draw = [](QPagedPaintDevice& device) {
+        PagePainter painter(device, {}, 1);
+        painter.next_page({});
+        painter.finish();
+    };
+    EXPECT_EQ(print_it(quick), save_as);
+    QFile pdf(save_as);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    const QByteArray text = pdf.readAll();
+    EXPECT_TRUE(text.contains(">Slow &amp; steady</rdf:li>"));
+    EXPECT_TRUE(text.contains(">en-US</rdf:li></rdf:Bag></dc:language>"));
 }
 
 // Fonts are looked for once, when a program starts: the same test again, in a program that finds none.
