@@ -62,10 +62,11 @@ public:
 
 private:
     bool read_row(ReportList& list) {
+        const auto headings = static_cast<std::size_t>(list.heading_rows_);
         const std::size_t first = list.texts_.size();
         std::vector<int> looks;
         for (int column = 0; column < table_.columns();) {
-            const std::optional<int> look = look_of_cell();
+            const std::optional<int> look = look_of_cell(list.rows_.size() < headings);
             if (!look) {
                 return false;
             }
@@ -87,12 +88,13 @@ private:
     }
 
     // Which of `cells_` the cell of the block looks like.
-    std::optional<int> look_of_cell() {
+    std::optional<int> look_of_cell(bool in_heading) {
         const QTextBlock::iterator text = block_.begin();
         const bool has_text = !text.atEnd();
         const int text_format = has_text ? text.fragment().charFormatIndex() : block_.charFormatIndex();
         const std::array formats{block_.charFormatIndex(), block_.blockFormatIndex(), text_format};
-        if (!one_line(block_.text()) || (has_text && text.fragment().length() + 1 != block_.length())) {
+        const bool one_look = !has_text || text.fragment().length() + 1 == block_.length();
+        if (!in_heading && (!one_look || !one_line(block_.text()))) {
             return {};
         }
         if (const auto known = looks_.find(formats); known != looks_.end()) {

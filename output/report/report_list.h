@@ -38,8 +38,8 @@ public:
         std::size_t first_text;
     };
 
-    // Nothing when a cell holds more than one line or one look of text, or its table is drawn with more
-    // than backgrounds and lines between its rows: these are left to the toolkit.
+    // Nothing when a cell below the heading holds more than one line or one look of text, or its table
+    // is drawn with more than backgrounds and lines between its rows: these are left to the toolkit.
     static std::optional<ReportList> read(const QTextTable& table, QPaintDevice* device);
 
     int heading_rows() const { return heading_rows_; }

@@ -171,7 +171,9 @@ void ReportPages::draw_row(QPainter& painter, int number, double y) const {
         const ReportList::Cell& cell = list_->cells(row)[i];
         const ReportSheet::Place& place = shown.places[i];
         draw_ground(painter, cell, {place.x, y, place.width, shown.height});
-        painter.setPen(QPen(cell.text, 0.0));
+        if (painter.pen().brush() != cell.text) {
+            painter.setPen(QPen(cell.text, 0.0));
+        }
         if (place.text != nullptr) {
             place.text->draw(&painter, {place.x, y + place.y});
             continue;
