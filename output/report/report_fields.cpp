@@ -117,9 +117,9 @@ void add_payments(mustache::data& fields, const Recordset& schedule) {
             payment.set("year_total_money",
                         format_number(std::exchange(year_total, 0.0), pattern::dollars));
         }
-        payments.push_back(std::move(payment));
+        payments.push_back(payment);
     }
-    fields.set("schedule", std::move(payments));
+    fields.set("schedule", payments);
     fields.set("schedule_total_money", format_number(total, pattern::dollars));
 }
 
