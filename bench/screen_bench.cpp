@@ -135,6 +135,7 @@ void reports_to_pdf(benchmark::State& state, const std::vector<std::string>& tem
         writer.setPageMargins(page_margins, QPageLayout::Point);
         const ReportValues result = printed_values(scenario, projection);
         std::vector<Report> reports;
+        reports.reserve(templates.size());
         for (const std::string& name : templates) {
             reports.push_back(fill_template(std::filesystem::path(KELVAR_REPORTS) / name,
                                             open.module.database(), result));
