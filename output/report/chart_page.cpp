@@ -15,9 +15,11 @@ void draw_chart_page(QPagedPaintDevice& device, Date printed, const QString& tit
     set_style(document);
     document.setHtml(above);
     lay_out(document, device);
-    page.next_page(title);
-    page.draw(document, 0);
-    chart.paint_on_paper(page.painter(), page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
+    if (page.next_page(title)) {
+        page.draw(document, 0);
+        chart.paint_on_paper(page.painter(),
+                             page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
+    }
     page.finish();
 }
 

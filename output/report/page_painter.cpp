@@ -3,6 +3,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QTextDocument>
 
 #include "widgets/text.h"
@@ -88,14 +89,23 @@ PagePainter::~PagePainter() {
     }
 }
 
-void PagePainter::next_page(const QString& title) {
-    if (page_++ > 0 && !device_.newPage()) {
+bool PagePainter::next_page(const QString& title) {
+    ++page_;
+    const QPageRanges wanted = device_.pageRanges();
+    if (!wanted.isEmpty() && !wanted.contains(page_)) {
+        return false;
+    }
+    if (drawn_++ > 0 && !device_.newPage()) {
         throw PrintError(refused);
     }
     draw_footer(title);
+    return true;
 }
 
 void PagePainter::finish() {
+    if (drawn_ == 0) {
+        throw PrintError("There are no such pages: it has " + std::to_string(page_count_) + ".");
+    }
     if (!painter_.end()) {
         throw PrintError(refused);
     }

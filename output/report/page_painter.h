@@ -47,8 +47,9 @@ public:
     PagePainter(const PagePainter&) = delete;
     PagePainter& operator=(const PagePainter&) = delete;
 
-    // Starts the next page and draws its footer.
-    void next_page(const QString& title);
+    // Starts the next page and draws its footer. False for a page that the device is not to print:
+    // nothing is drawn then.
+    bool next_page(const QString& title);
     // Sends the last page off.
     void finish();
 
@@ -72,6 +73,7 @@ private:
     Date printed_;
     int page_count_;
     int page_ = 0;
+    int drawn_ = 0;
 };
 
 }  // namespace kelvar

@@ -1,5 +1,6 @@
 #include "output/report/print_job.h"
 
+#include <QBuffer>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPdfWriter>
@@ -48,7 +49,7 @@ void set_up(QPrinter& printer, const PrintJob& job) {
     printer.setPageMargins(page_margins, QPageLayout::Point);
 }
 
-void print_on(QPrinter& printer, const PrintJob& job) {
+void draw_on(QPrinter& printer, const PrintJob& job) {
     const Hourglass hourglass;
     job.draw(printer);
     if (printer.printerState() == QPrinter::Error) {
@@ -56,15 +57,32 @@ void print_on(QPrinter& printer, const PrintJob& job) {
     }
 }
 
+// A printing system takes what was drawn so far also of a job that is given up. So all of it is drawn
+// where it can be thrown away first, and only a job that the user did not cancel goes to the printer.
+void print_on(QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
+    {
+        const Hourglass hourglass;
+        QByteArray thrown_away;
+        QBuffer buffer(&thrown_away);
+        buffer.open(QIODevice::WriteOnly);
+        CountedPages rehearsal(progress, &buffer);
+        rehearsal.setPageLayout(printer.pageLayout());
+        rehearsal.setResolution(printer.resolution());
+        rehearsal.setPageRanges(printer.pageRanges());
+        job.draw(rehearsal);
+    }
+    draw_on(printer, job);
+}
+
 // With the pages and copies that the user chooses. False when the user does not print.
-bool print_as_chosen(QPrinter& printer, QWidget* window, const PrintJob& job) {
+bool print_as_chosen(QPrinter& printer, QWidget* window, const PrintJob& job, PrintProgress& progress) {
     QPrintDialog dialog(&printer, window->window());
     dialog.setObjectName(u"printdialog"_s);
     dialog.setOption(QAbstractPrintDialog::PrintToFile, false);  // Save as PDF keeps its rules
     if (dialog.exec() != QDialog::Accepted) {
         return false;
     }
-    print_on(printer, job);
+    print_on(printer, job, progress);
     return true;
 }
 
@@ -75,7 +93,7 @@ bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
     std::exception_ptr error;  // none may pass through the event loop
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* pages) {
         try {
-            print_on(*pages, job);
+            draw_on(*pages, job);
         } catch (const std::exception&) {
             error = std::current_exception();
             QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
@@ -110,7 +128,7 @@ void write_pdf(const Module1& module, const QString& path, const PrintJob& job,
                PrintProgress& progress) {
     const Hourglass hourglass;
     write_whole(module, path, [&](QIODevice& file) {
-        CountedPages<QPdfWriter> writer(progress, &file);
+        CountedPages writer(progress, &file);
         writer.setTitle(job.title);
         writer.setCreator(u"Kelvar"_s);
         writer.setDocumentXmpMetadata(description(job));
@@ -137,15 +155,15 @@ QString save_pdf(const Module1& module, QWidget* window, const QString& title, c
 // False when the user does not print after all.
 bool print_on_paper(const QPrinterInfo& where, QWidget* window, Destination destination,
                     const PrintJob& job, PrintProgress& progress) {
-    CountedPages<QPrinter> printer(progress, where, QPrinter::HighResolution);
+    QPrinter printer(where, QPrinter::HighResolution);
     set_up(printer, job);
     switch (destination) {
         case Destination::print_dialog:
-            return print_as_chosen(printer, window, job);
+            return print_as_chosen(printer, window, job, progress);
         case Destination::preview:
             return preview(printer, window, job);
         default:
-            print_on(printer, job);
+            print_on(printer, job, progress);
             return true;
     }
 }

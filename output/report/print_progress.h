@@ -1,12 +1,9 @@
 // How far a print is, in a dialog that appears once it takes half a second, with Cancel.
 #pragma once
 
-#include <QPagedPaintDevice>
-#include <QPrinter>
+#include <QPdfWriter>
 #include <QProgressDialog>
 #include <optional>
-#include <type_traits>
-#include <utility>
 
 #include "output/report/page_painter.h"
 
@@ -30,26 +27,14 @@ private:
     bool cancelled_ = false;
 };
 
-// A printer or a PDF file whose pages are counted. Cancelled, it takes no more of them, and a printer
-// gives up its job.
-template <class Device>
-class CountedPages : public Device, public PageCounter {
+// A PDF whose pages are counted. Cancelled, it takes no more of them.
+class CountedPages : public QPdfWriter, public PageCounter {
 public:
-    template <class... Arguments>
-    explicit CountedPages(PrintProgress& progress, Arguments&&... arguments)
-        : Device(std::forward<Arguments>(arguments)...), progress_(progress) {}
+    CountedPages(PrintProgress& progress, QIODevice* file) : QPdfWriter(file), progress_(progress) {}
 
     void begin(int pages) override { progress_.begin(pages); }
     void end() override { progress_.end(); }
-    bool newPage() override {
-        if (progress_.go_on()) {
-            return Device::newPage();
-        }
-        if constexpr (std::is_base_of_v<QPrinter, Device>) {
-            Device::abort();
-        }
-        return false;
-    }
+    bool newPage() override { return progress_.go_on() && QPdfWriter::newPage(); }
 
 private:
     PrintProgress& progress_;

@@ -193,8 +193,9 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
     PagePainter pages(device, printed, page_count);
     for (std::size_t part = 0; part < parts.size(); ++part) {
         for (int page = 0; page < parts[part]->count(); ++page) {
-            pages.next_page(reports[part]->metaInformation(QTextDocument::DocumentTitle));
-            parts[part]->draw(pages, page);
+            if (pages.next_page(reports[part]->metaInformation(QTextDocument::DocumentTitle))) {
+                parts[part]->draw(pages, page);
+            }
         }
     }
     pages.finish();

@@ -33,6 +33,8 @@ public:
     bool answer_yes = false;
     // Where a PDF is saved when the program asks; empty cancels.
     QString save_as;
+    // Whether prints that take so long that they show how far they are get cancelled.
+    bool cancel_prints = false;
     // Entry of the next menus that is chosen; empty closes them.
     QString menu_entry;
     // Looks at every dialog, messages among them, while it is shown.
