@@ -57,7 +57,12 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
         return "has more than 8 tables inside each other.";
     }
     html_ = html;
-    setHtml(html);  // reads style sheets and backgrounds
+    rows_ = ReportRows::find(html);
+    setHtml(rows_ ? rows_->shortened(html) : html);  // reads style sheets and backgrounds
+    if (rows_ && !rows_->belong_to(*this)) {
+        rows_.reset();
+        setHtml(html);
+    }
     for (const QTextFormat& format : allFormats()) {
         const QString image = format.toImageFormat().name();
         if (format.isImageFormat() && !QUrl(image).isValid()) {

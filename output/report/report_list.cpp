@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 
+#include "output/report/report_rows.h"
+
 namespace kelvar {
 
 namespace {
@@ -60,6 +62,22 @@ public:
         return block_.position() == table_.lastPosition() + 1;
     }
 
+    // Puts all rows in the place of one of each kind.
+    void repeat(ReportList& list, const ReportRows& rows) const {
+        const auto heading = list.rows_.begin() + list.heading_rows_;
+        const std::vector<Row> kinds(heading, list.rows_.end());
+        list.rows_.erase(heading, list.rows_.end());
+        list.texts_.resize(kinds.front().first_text);
+        for (const ReportRows::Row& row : rows.rows()) {
+            const int kind = kinds[static_cast<std::size_t>(row.kind)].kind;
+            list.rows_.push_back({kind, list.texts_.size()});
+            const std::vector<Cell>& cells = list.cells(list.rows_.back());
+            for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+                list.texts_.push_back(text_of(cells[cell], rows.text(row, cell)));
+            }
+        }
+    }
+
 private:
     bool read_row(ReportList& list) {
         const auto headings = static_cast<std::size_t>(list.heading_rows_);
@@ -73,7 +91,7 @@ private:
             looks.push_back(*look);
             const Cell& cell = cells_[static_cast<std::size_t>(*look)];
             column += cell.columns;
-            list.texts_.push_back(text_of(cell));
+            list.texts_.push_back(text_of(cell, block_.text()));
             block_ = block_.next();
         }
         const auto [kind, is_new] = kinds_.emplace(looks, static_cast<int>(list.kinds_.size()));
@@ -130,8 +148,8 @@ private:
                 .columns = cell.tableCellColumnSpan()};
     }
 
-    std::unique_ptr<QTextLayout> text_of(const Cell& cell) const {
-        auto text = std::make_unique<QTextLayout>(block_.text(), cell.font, device_);
+    std::unique_ptr<QTextLayout> text_of(const Cell& cell, const QString& of) const {
+        auto text = std::make_unique<QTextLayout>(of, cell.font, device_);
         text->setCacheEnabled(true);  // shaped once, measured and drawn
         text->beginLayout();
         text->createLine().setLineWidth(endless);
@@ -147,9 +165,17 @@ private:
     std::map<std::vector<int>, int> kinds_;
 };
 
-std::optional<ReportList> ReportList::read(const QTextTable& table, QPaintDevice* device) {
+std::optional<ReportList> ReportList::read(const QTextTable& table, const ReportRows* rows,
+                                           QPaintDevice* device) {
     ReportList list;
-    return Reader(table, device).read(list) ? std::optional(std::move(list)) : std::nullopt;
+    Reader reader(table, device);
+    if (!reader.read(list)) {
+        return {};
+    }
+    if (rows != nullptr) {
+        reader.repeat(list, *rows);
+    }
+    return list;
 }
 
 std::vector<int> ReportList::typical_rows() const {

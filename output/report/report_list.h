@@ -17,6 +17,8 @@ class QTextTable;
 
 namespace kelvar {
 
+class ReportRows;
+
 class ReportList {
 public:
     // How one cell looks. Distances in pixels of HTML, borders 0 for none.
@@ -40,7 +42,9 @@ public:
 
     // Nothing when a cell below the heading holds more than one line or one look of text, or its table
     // is drawn with more than backgrounds and lines between its rows: these are left to the toolkit.
-    static std::optional<ReportList> read(const QTextTable& table, QPaintDevice* device);
+    // With `rows`, the table has below its heading only one of each of their kinds.
+    static std::optional<ReportList> read(const QTextTable& table, const ReportRows* rows,
+                                          QPaintDevice* device);
 
     int heading_rows() const { return heading_rows_; }
     const std::vector<Row>& rows() const { return rows_; }  // all, the heading's too

@@ -11,12 +11,14 @@ namespace kelvar {
 
 namespace {
 
-constexpr int fewest_rows = 3;     // of a list, under its heading
 constexpr int fewest_on_page = 2;  // under the heading, so that none stands alone
 constexpr double touching = 1.0;   // pixel: the toolkit also draws a table that only touches a strip
 
 // Which of the tables is the list; less than 0 when there is none.
 int longest_table(const ReportDocument& report) {
+    if (report.rows() != nullptr) {
+        return report.rows()->table();
+    }
     const QList<QTextFrame*> frames = report.rootFrame()->childFrames();
     int longest = -1;
     int most_rows = 0;
@@ -26,7 +28,8 @@ int longest_table(const ReportDocument& report) {
             return -1;
         }
         const int rows = table->rows() - table->format().headerRowCount();
-        if (table->format().headerRowCount() > 0 && rows >= std::max(fewest_rows, most_rows + 1)) {
+        if (table->format().headerRowCount() > 0 &&
+            rows >= std::max(ReportRows::fewest, most_rows + 1)) {
             longest = i;
             most_rows = rows;
         }
@@ -42,23 +45,28 @@ double offset(Qt::Alignment alignment, double room) {
 
 }  // namespace
 
-ReportPages::ReportPages(ReportDocument& report, QPagedPaintDevice& device) : report_(report) {
-    if (!take_list(device)) {
-        lay_out(report, device);
+ReportPages::ReportPages(ReportDocument& report, QPagedPaintDevice& device) : all_(&report) {
+    if (take_list(report, device)) {
+        return;
     }
+    if (report.rows() != nullptr) {
+        whole_ = report.with(report.html());
+        all_ = whole_.get();
+    }
+    lay_out(whole_ ? *whole_ : report, device);
 }
 
 ReportPages::~ReportPages() = default;
 
-bool ReportPages::take_list(QPagedPaintDevice& device) {
-    const int table = longest_table(report_);
+bool ReportPages::take_list(const ReportDocument& report, QPagedPaintDevice& device) {
+    const int table = longest_table(report);
     if (table < 0) {
         return false;
     }
-    list_ = ReportList::read(*qobject_cast<QTextTable*>(report_.rootFrame()->childFrames()[table]),
-                             &device);
+    list_ = ReportList::read(*qobject_cast<QTextTable*>(report.rootFrame()->childFrames()[table]),
+                             report.rows(), &device);
     if (list_) {
-        sheet_ = ReportSheet::make(report_, table, *list_, device);
+        sheet_ = ReportSheet::make(report, table, *list_, device);
     }
     if (sheet_ == nullptr) {
         return false;
@@ -117,7 +125,7 @@ bool ReportPages::may_begin_a_page(int row) const {
 
 int ReportPages::count() const {
     if (sheet_ == nullptr) {
-        return report_.pageCount();
+        return all_->pageCount();
     }
     const int list_end = pages_.back().page + 1;
     if (continued_ < 0.0) {
@@ -129,7 +137,7 @@ int ReportPages::count() const {
 
 void ReportPages::draw(PagePainter& painter, int page) const {
     if (sheet_ == nullptr) {
-        painter.draw(report_, page);
+        painter.draw(*all_, page);
         return;
     }
     const ReportDocument& document = sheet_->document();

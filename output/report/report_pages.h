@@ -38,11 +38,13 @@ public:
     // Draws one page, counted from 0.
     void draw(PagePainter& painter, int page) const;
 
+    // All rows of the table; null when the toolkit lays it out.
+    const ReportList* list() const { return sheet_ == nullptr ? nullptr : &*list_; }
     // How the table was divided; empty when the toolkit does it. Rows count from the heading's first.
     const std::vector<ListPage>& list_pages() const { return pages_; }
 
 private:
-    bool take_list(QPagedPaintDevice& device);
+    bool take_list(const ReportDocument& report, QPagedPaintDevice& device);
     void divide();
     int end_of_page(int first, double room) const;
     bool may_begin_a_page(int row) const;
@@ -50,9 +52,10 @@ private:
     void draw_row(QPainter& painter, int row, double y) const;
     void draw_ground(QPainter& painter, const ReportList::Cell& cell, QRectF area) const;
 
-    ReportDocument& report_;
     std::optional<ReportList> list_;
-    std::unique_ptr<ReportSheet> sheet_;  // null when the toolkit lays out all
+    std::unique_ptr<ReportSheet> sheet_;     // null when the toolkit lays out all
+    std::unique_ptr<ReportDocument> whole_;  // what it lays out then; null when the report is whole
+    const ReportDocument* all_;              // the one or the other
     std::vector<ListPage> pages_;
     double continued_ = -1.0;  // where the sheet goes on after the list; less than 0 if nowhere
 };
