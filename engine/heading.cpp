@@ -10,12 +10,12 @@ namespace kelvar {
 namespace {
 
 void add_titles(Heading& heading, const Scenario& scenario) {
-    const std::string frequency{plan::frequency_name(scenario.frequency)};
     if (scenario.method == partial_lump_sum) {
         heading.emplace_back("dtitle", std::string{method_title(scenario.method)});
-        heading.emplace_back("dsubtitle", "Lump Sum  + Remaining Paid " + frequency);
+        heading.emplace_back("dsubtitle", "Lump Sum  + Remaining Paid " +
+                                              std::string{plan::frequency_name(scenario.frequency)});
     } else if (scenario.method == periodic_payments) {
-        heading.emplace_back("dtitle", std::string{method_title(scenario.method)} + " - " + frequency);
+        heading.emplace_back("dtitle", title_with_frequency(scenario));
     }
 }
 
@@ -68,6 +68,11 @@ std::string_view method_title(std::int16_t method) {
         default:
             return "Periodic Payments";
     }
+}
+
+std::string title_with_frequency(const Scenario& scenario) {
+    return fmt::format("{} - {}", method_title(scenario.method),
+                       plan::frequency_name(scenario.frequency));
 }
 
 std::string_view no_result_text(Outcome outcome) {

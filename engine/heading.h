@@ -19,7 +19,8 @@ std::string rate_text(double rate, std::int16_t method);
 std::string count_text(int count, std::string_view thing);  // "1 payment", "349 payments"
 std::string time_text(int months);                          // "15 years and 4 months"
 
-std::string_view method_title(std::int16_t method);  // "Periodic Payments"
+std::string_view method_title(std::int16_t method);          // "Periodic Payments"
+std::string title_with_frequency(const Scenario& scenario);  // "Periodic Payments - Monthly"
 // Why there are no payments to show; empty for a complete projection.
 std::string_view no_result_text(Outcome outcome);
 

@@ -26,10 +26,9 @@ struct PrintJob {
 // Prints at once on the default printer, or as the user says in the system's dialog or after a preview;
 // where there is no printer, or when a file is asked for, into a PDF file that the user names over
 // `window`. What takes half a second shows how far it is and can be cancelled, which leaves no file and
-// gives up the printer's job. Whatever goes wrong, also in preparing the job, is one
-// message and leaves everything as it was: an existing file is only replaced by a complete one. A
-// missing part is one message after the rest was printed. Returns the PDF file that was written, or
-// nothing.
+// sends nothing to the printer. Whatever goes wrong, also in preparing the job, is one message and
+// leaves everything as it was: an existing file is only replaced by a complete one. A missing part is
+// one message after the rest was printed. Returns the PDF file that was written, or nothing.
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare);
 

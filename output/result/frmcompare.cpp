@@ -104,7 +104,8 @@ void frmcompare::build_buttons() {
 void frmcompare::load() {
     const Hourglass hourglass;
     comparison_ = compare(scenario, scenario.projected_on);
-    lblsub->setText(title() + u", "_s + to_qt(money_text(scenario.present_value)) + u" today"_s);
+    lblsub->setText(to_qt(title_with_frequency(scenario)) + u", "_s +
+                    to_qt(money_text(scenario.present_value)) + u" today"_s);
     lblspread->setText(to_qt(spread_text(scenario, comparison_)));
     show_lines();
     show_rates();
@@ -172,11 +173,6 @@ void frmcompare::go_previous() {
     module.screens.close(ScreenId::frmcompare);
 }
 
-QString frmcompare::title() const {
-    return to_qt(std::string(method_title(scenario.method)) + " - " +
-                 std::string(module.frequency_name()));
-}
-
 QString frmcompare::file_name() const {
     return proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, module.today());
 }
@@ -190,7 +186,7 @@ PrintJob frmcompare::print_job() const {
     }
     const Report report = fill_template(module.program_file("compare.rpt"), module.database(), result);
     const Date printed = module.today();
-    return {.title = title() + u" - "_s + lbltitle->text(),
+    return {.title = to_qt(title_with_frequency(scenario)) + u" - "_s + lbltitle->text(),
             .file_name = file_name(),
             .orientation = QPageLayout::Landscape,
             .draw = [report, printed](QPagedPaintDevice& device) {

@@ -29,7 +29,6 @@ private:
     void show_lines();
     void follow_row();
     void show_schedule();
-    QString title() const;
     QString file_name() const;
     PrintJob print_job() const;
 

@@ -31,10 +31,8 @@ std::string age_text(const Scenario& scenario, Date date) {
 
 ReportValues heading_values(const Scenario& scenario) {
     ReportValues values;
-    values.title = method_title(scenario.method);
-    if (scenario.method != lump_sum) {
-        values.title += " - " + std::string(plan::frequency_name(scenario.frequency));
-    }
+    values.title = scenario.method == lump_sum ? std::string(method_title(scenario.method))
+                                               : title_with_frequency(scenario);
     values.date = date_text(scenario.projected_on);
     values.balance = money_text(scenario.present_value);
     return values;
