@@ -93,12 +93,17 @@ std::string ledger_text(const Scenario& scenario, const Ledger& ledger) {
         text += fmt::format(" No fee was charged {}, where the growth did not cover it.",
                             count_text(ledger.periods_without_fee, "time"));
     }
-    if (ledger.earnings_before != 0.0 || ledger.fees_before != 0.0) {
-        text += fmt::format(
-            " Before the first payment: {} {}, {} fees.", money_text(std::abs(ledger.earnings_before)),
-            ledger.earnings_before < 0.0 ? "losses" : "earnings", money_text(ledger.fees_before));
+    const std::string before = before_payments_text(ledger);
+    return before.empty() ? text : text + " " + before;
+}
+
+std::string before_payments_text(const Ledger& ledger) {
+    if (ledger.earnings_before == 0.0 && ledger.fees_before == 0.0) {
+        return {};
     }
-    return text;
+    return fmt::format(
+        "Before the first payment: {} {}, {} fees.", money_text(std::abs(ledger.earnings_before)),
+        ledger.earnings_before < 0.0 ? "losses" : "earnings", money_text(ledger.fees_before));
 }
 
 }  // namespace kelvar

@@ -22,4 +22,7 @@ std::string explanation(const Scenario& scenario, const Projection& projection, 
 // payments.
 std::string ledger_text(const Scenario& scenario, const Ledger& ledger);
 
+// The last of it alone; empty where nothing lies before.
+std::string before_payments_text(const Ledger& ledger);
+
 }  // namespace kelvar

@@ -69,7 +69,7 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
 
     auto* buttons = new PrintButtons(navigation());
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
-        buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+        buttons->say(print(module, this, destination, [this] { return print_job(); }));
     });
 }
 
@@ -124,6 +124,7 @@ void ChartScreen::add_value(const QString& caption, const QString& value, const 
 void ChartScreen::get_gdata() {
     const YearlyTotals totals = yearly_totals(module.database().schedule());
     payments_.sets = {{.name = u"Total paid"_s, .values = {}}};
+    payments_.value_title = u"Paid in each year"_s;
     payments_.whole = u"All payments: Total paid "_s + total_paid_;
     add_points(payments_);
     add_years(payments_, totals, totals.amounts);

@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QActionGroup>
-#include <QDir>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,9 +22,10 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     connect(cmdprint, &QPushButton::clicked, this, [this] { start(Destination::printer); });
 
     menu_ = new QMenu(cmdprint);
-    menu_->addAction(u"&Print"_s, this, [this] { start(Destination::printer); });
-    save_as_pdf_ =
-        menu_->addAction(u"&Save as PDF..."_s, this, [this] { start(Destination::pdf_file); });
+    offer(u"&Print"_s, Destination::printer);
+    offer(u"Print with &Options..."_s, Destination::print_dialog);
+    offer(u"Pre&view..."_s, Destination::preview);
+    offer(u"&Save as PDF..."_s, Destination::pdf_file);
     cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
@@ -45,28 +45,22 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
 
 void PrintButtons::offer_csv() {
     menu_->addAction(u"Save as &CSV..."_s, this, [this] {
-        show_saved({});
+        say({});
         emit csv_chosen();
     });
     cmdprintmenu->setAccessibleName(u"Print or save as PDF or CSV"_s);
 }
 
-void PrintButtons::offer_choices(bool has_parts) {
-    const auto offer = [this](const QString& text, Destination destination) {
-        auto* entry = new QAction(text, menu_);
-        connect(entry, &QAction::triggered, this, [this, destination] { start(destination); });
-        menu_->insertAction(save_as_pdf_, entry);
-    };
-    offer(u"Print with &Options..."_s, Destination::print_dialog);
-    offer(u"Pre&view..."_s, Destination::preview);
-    if (has_parts) {
-        menu_->addSeparator();
-        choice_ = new QActionGroup(menu_);
-        add_parts(u"&Everything"_s, u"Prints everything"_s, Parts::everything);
-        add_parts(u"Summary and &Years"_s, u"Prints the summary and the years"_s,
-                  Parts::summary_and_years);
-        add_parts(u"S&ummary Only"_s, u"Prints the summary only"_s, Parts::summary);
-    }
+void PrintButtons::offer(const QString& text, Destination destination) {
+    menu_->addAction(text, this, [this, destination] { start(destination); });
+}
+
+void PrintButtons::offer_parts() {
+    menu_->addSeparator();
+    choice_ = new QActionGroup(menu_);
+    add_parts(u"&Everything"_s, u"Prints everything"_s, Parts::everything);
+    add_parts(u"Summary and &Years"_s, u"Prints the summary and the years"_s, Parts::summary_and_years);
+    add_parts(u"S&ummary Only"_s, u"Prints the summary only"_s, Parts::summary);
 }
 
 // Each is kept until another one is chosen, and the button says what it prints.
@@ -84,12 +78,8 @@ void PrintButtons::add_parts(const QString& text, const QString& printed, Parts 
 }
 
 void PrintButtons::start(Destination destination) {
-    show_saved({});
+    say({});
     emit chosen(destination);
-}
-
-void PrintButtons::show_saved(const QString& file) {
-    say(file.isEmpty() ? QString() : u"Saved to "_s + QDir::toNativeSeparators(file));
 }
 
 void PrintButtons::say(const QString& text) {

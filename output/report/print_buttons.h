@@ -1,5 +1,4 @@
-// The Print button of a result, the menu beside it, and the line that says where the last file was
-// saved.
+// The Print button of a result, the menu beside it, and the line that says where the last print went.
 #pragma once
 
 #include <QObject>
@@ -7,7 +6,6 @@
 #include "output/report/print_job.h"
 #include "output/report/report_templates.h"
 
-class QAction;
 class QActionGroup;
 class QHBoxLayout;
 class QLabel;
@@ -17,8 +15,7 @@ class QToolButton;
 
 namespace kelvar {
 
-// Print, and beside it a small menu that also offers files. A line above the row says where the last
-// one was saved.
+// Print, and beside it a small menu that also offers the system's print dialog, a preview and files.
 class PrintButtons : public QObject {
     Q_OBJECT
 
@@ -29,13 +26,13 @@ public:
     void setEnabled(bool enabled);
     // The menu offers to save what is shown as a CSV file.
     void offer_csv();
-    // The menu offers the system's print dialog and a preview, and to leave out parts of what is
-    // printed if there are any.
-    void offer_choices(bool has_parts);
+    // The menu offers to leave out parts of what is printed.
+    void offer_parts();
     // What of it is to be printed, as last chosen.
     Parts parts() const { return parts_; }
-    // Empty while there is nothing to say; starting to print empties it as well.
-    void show_saved(const QString& file);
+    // In a line above the row, such as where a file was saved. Empty while there is nothing to say;
+    // starting to print empties it as well.
+    void say(const QString& text);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -44,16 +41,15 @@ signals:
     void csv_chosen();
 
 private:
+    void offer(const QString& text, Destination destination);
     void start(Destination destination);
     void add_parts(const QString& text, const QString& printed, Parts parts);
-    void say(const QString& text);  // in the line above the row
     void fit_saved();
 
     QLabel* lblsaved = nullptr;
     QPushButton* cmdprint = nullptr;
     QToolButton* cmdprintmenu = nullptr;
     QMenu* menu_ = nullptr;
-    QAction* save_as_pdf_ = nullptr;
     QActionGroup* choice_ = nullptr;
     Parts parts_ = Parts::everything;
 };

@@ -1,5 +1,6 @@
 #include "output/report/print_job.h"
 
+#include <QAction>
 #include <QBuffer>
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -8,6 +9,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QRadioButton>
 #include <exception>
 
 #include "output/report/page_painter.h"
@@ -32,11 +34,8 @@ void require_font() {
     }
 }
 
-// Null when there is none, or when none is wanted.
+// Null when there is none.
 QPrinterInfo printer_for(Destination destination) {
-    if (destination == Destination::pdf_file) {
-        return {};
-    }
     const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
     const bool may_be_chosen = destination != Destination::printer;
     return usual.isNull() && may_be_chosen ? QPrinterInfo::availablePrinters().value(0) : usual;
@@ -57,36 +56,45 @@ void draw_on(QPrinter& printer, const PrintJob& job) {
     }
 }
 
-// A printing system takes what was drawn so far also of a job that is given up. So all of it is drawn
-// where it can be thrown away first, and only a job that the user did not cancel goes to the printer.
+// Draws all of it where it can be thrown away.
+void rehearse(const QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
+    const Hourglass hourglass;
+    QByteArray thrown_away;
+    QBuffer buffer(&thrown_away);
+    buffer.open(QIODevice::WriteOnly);
+    CountedPages rehearsal(progress, &buffer);
+    rehearsal.setPageLayout(printer.pageLayout());
+    rehearsal.setResolution(printer.resolution());
+    rehearsal.setPageRanges(printer.pageRanges());
+    job.draw(rehearsal);
+}
+
+// A printing system takes what was drawn so far also of a job that is given up: only a job that the
+// user did not cancel goes to the printer.
 void print_on(QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
-    {
-        const Hourglass hourglass;
-        QByteArray thrown_away;
-        QBuffer buffer(&thrown_away);
-        buffer.open(QIODevice::WriteOnly);
-        CountedPages rehearsal(progress, &buffer);
-        rehearsal.setPageLayout(printer.pageLayout());
-        rehearsal.setResolution(printer.resolution());
-        rehearsal.setPageRanges(printer.pageRanges());
-        job.draw(rehearsal);
-    }
+    rehearse(printer, job, progress);
     draw_on(printer, job);
 }
 
-// With the pages and copies that the user chooses. False when the user does not print.
-bool print_as_chosen(QPrinter& printer, QWidget* window, const PrintJob& job, PrintProgress& progress) {
+// Which pages and how many copies. False when the user does not print.
+bool ask_how(QPrinter& printer, QWidget* window, int pages) {
     QPrintDialog dialog(&printer, window->window());
     dialog.setObjectName(u"printdialog"_s);
     dialog.setOption(QAbstractPrintDialog::PrintToFile, false);  // Save as PDF keeps its rules
+    dialog.setMinMax(1, pages);
+    dialog.setFromTo(1, pages);
     if (dialog.exec() != QDialog::Accepted) {
         return false;
     }
-    print_on(printer, job, progress);
+    // A list of pages goes to the printing system, which picks them out of all that it is given.
+    const auto* list = dialog.findChild<QRadioButton*>(u"pagesRadioButton"_s);
+    if (list != nullptr && list->isChecked()) {
+        printer.setPageRanges({});
+    }
     return true;
 }
 
-// The user looks at the pages and prints them from there, or not.
+// The user looks at the pages. True to print them, in the same way as without a look.
 bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
     QPrintPreviewDialog dialog(&printer, window->window());
     dialog.setObjectName(u"printpreview"_s);
@@ -99,11 +107,17 @@ bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
             QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
         }
     });
-    const bool printed = dialog.exec() == QDialog::Accepted;
+    for (QAction* action : dialog.findChildren<QAction*>()) {
+        if (action->text() == u"Print") {
+            QObject::disconnect(action, &QAction::triggered, &dialog, nullptr);
+            QObject::connect(action, &QAction::triggered, &dialog, &QDialog::accept);
+        }
+    }
+    const bool wants_print = dialog.exec() == QDialog::Accepted;
     if (error) {
         std::rethrow_exception(error);
     }
-    return printed;
+    return wants_print;
 }
 
 // What readers of PDF files show of one, and read aloud in its language.
@@ -145,65 +159,62 @@ QString save_pdf(const Module1& module, QWidget* window, const QString& title, c
     QString file =
         ask_where_to_save(window, title, job.file_name,
                           {.dialog = "savepdf", .names = u"PDF files (*.pdf)"_s, .suffix = u"pdf"_s});
-    if (!file.isEmpty()) {
-        write_pdf(module, file, job, progress);
-        remember_folder(window, file);
+    if (file.isEmpty()) {
+        return {};
     }
-    return file;
+    write_pdf(module, file, job, progress);
+    remember_folder(window, file);
+    return saved_to(file);
 }
 
-// False when the user does not print after all.
-bool print_on_paper(const QPrinterInfo& where, QWidget* window, Destination destination,
-                    const PrintJob& job, PrintProgress& progress) {
+// Where it went; empty when the user does not print after all.
+QString print_prepared(const Module1& module, QWidget* window, Destination destination,
+                       const PrintJob& job, PrintProgress& progress) {
+    if (destination == Destination::pdf_file) {
+        return save_pdf(module, window, save_as_pdf, job, progress);
+    }
+    const QPrinterInfo where = printer_for(destination);
     QPrinter printer(where, QPrinter::HighResolution);
     set_up(printer, job);
-    switch (destination) {
-        case Destination::print_dialog:
-            return print_as_chosen(printer, window, job, progress);
-        case Destination::preview:
-            return preview(printer, window, job);
-        default:
-            print_on(printer, job, progress);
-            return true;
+    if (destination == Destination::preview && !preview(printer, window, job)) {
+        return {};
     }
+    if (where.isNull()) {
+        return save_pdf(module, window, no_printer, job, progress);
+    }
+    if (destination != Destination::printer) {
+        rehearse(printer, job, progress);
+        if (!ask_how(printer, window, progress.pages())) {
+            return {};
+        }
+    }
+    print_on(printer, job, progress);
+    return u"Sent to the printer "_s + printer.printerName();
 }
 
 }  // namespace
 
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare) {
-    QString file;
     PrintProgress progress(window);
     try {
         PrintJob job;
-        QPrinterInfo printer;
         {
             const Hourglass hourglass;
             require_font();
             job = prepare();
-            printer = printer_for(destination);
         }
-        if (!printer.isNull() || destination == Destination::preview) {
-            if (!print_on_paper(printer, window, destination, job, progress)) {
-                return {};
-            }
-        } else {
-            const bool asked_for = destination == Destination::pdf_file;
-            file = save_pdf(module, window, asked_for ? save_as_pdf : no_printer, job, progress);
-            if (file.isEmpty()) {
-                return {};
-            }
-        }
-        if (!job.missing.empty()) {
+        const QString printed = print_prepared(module, window, destination, job, progress);
+        if (!printed.isEmpty() && !job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);
         }
+        return printed;
     } catch (const std::exception& error) {
         if (!progress.cancelled()) {
             module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
         }
         return {};
     }
-    return file;
 }
 
 }  // namespace kelvar

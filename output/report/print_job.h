@@ -13,6 +13,7 @@ class QWidget;
 
 namespace kelvar {
 
+// print_dialog asks for the printer, the pages and the copies; preview shows the pages before it does.
 enum class Destination { printer, print_dialog, preview, pdf_file };
 
 struct PrintJob {
@@ -28,7 +29,7 @@ struct PrintJob {
 // `window`. What takes half a second shows how far it is and can be cancelled, which leaves no file and
 // sends nothing to the printer. Whatever goes wrong, also in preparing the job, is one message and
 // leaves everything as it was: an existing file is only replaced by a complete one. A missing part is
-// one message after the rest was printed. Returns the PDF file that was written, or nothing.
+// one message after the rest was printed. Returns what to say of where it went, or nothing.
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare);
 

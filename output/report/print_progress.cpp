@@ -13,6 +13,7 @@ constexpr int patience = 500;  // milliseconds
 }  // namespace
 
 void PrintProgress::begin(int pages) {
+    pages_ = pages;
     dialog_.emplace(u"Page 1 of %1"_s.arg(pages), u"Cancel"_s, 0, pages, window_->window());
     dialog_->setObjectName(u"printprogress"_s);
     dialog_->setWindowTitle(u"Print"_s);

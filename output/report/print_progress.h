@@ -20,11 +20,13 @@ public:
     bool go_on();
     void end() { dialog_.reset(); }
     bool cancelled() const { return cancelled_; }
+    int pages() const { return pages_; }  // of what was begun last
 
 private:
     QWidget* window_;
     std::optional<QProgressDialog> dialog_;
     bool cancelled_ = false;
+    int pages_ = 0;
 };
 
 // A PDF whose pages are counted. Cancelled, it takes no more of them.

@@ -158,6 +158,9 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     if (bytes > longest_report) {
         refuse_length(template_file);
     }
+    if (const auto fault = section_fault(text)) {
+        refuse(template_file, "is faulty: " + *fault + ".");
+    }
     mustache::mustache report(text);
     if (!report.is_valid()) {
         refuse(template_file, "is faulty: " + fault_in_line(text, report.error_message()) + ".");

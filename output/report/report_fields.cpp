@@ -42,6 +42,8 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"spouse_age", &ReportValues::spouse_age},
     {"divisor", &ReportValues::divisor},
     {"table", &ReportValues::table},
+    {"lump_sum", &ReportValues::lump_sum},
+    {"before", &ReportValues::before},
     {"total_years", &ReportValues::total_years},
     {"total_payments", &ReportValues::total_payments},
     {"total_earnings", &ReportValues::total_earnings},

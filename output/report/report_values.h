@@ -35,6 +35,8 @@ struct ReportValues {
     std::string spouse_age;   // likewise, for joint life
     std::string divisor;      // years
     std::string table;        // "Single Life", "Uniform Lifetime" or "Joint and Last Survivor"
+    std::string lump_sum;     // paid ahead of the payments
+    std::string before;       // earnings and fees before the first payment, in one sentence
     std::string total_years;  // sums over the years
     std::string total_payments;
     std::string total_earnings;

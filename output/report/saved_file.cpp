@@ -91,6 +91,10 @@ void remember_folder(QWidget* window, const QString& path) {
     window->window()->setProperty(last_folder, QFileInfo(path).absolutePath());
 }
 
+QString saved_to(const QString& path) {
+    return u"Saved to "_s + QDir::toNativeSeparators(path);
+}
+
 void write_whole(const Module1& module, const QString& path,
                  const std::function<void(QIODevice&)>& write) {
     const std::string shown = "The file " + to_utf8(QDir::toNativeSeparators(path));
@@ -131,7 +135,7 @@ QString save_csv(Module1& module, QWidget* window, const QString& name, const QB
         module.screens.show_message(std::string("Nothing was saved.\n\n") + error.what());
         return {};
     }
-    return path;
+    return saved_to(path);
 }
 
 }  // namespace kelvar

@@ -31,6 +31,9 @@ QString ask_where_to_save(QWidget* window, const QString& title, const QString& 
 // The folder of a file that was saved is offered first from then on, until the program ends.
 void remember_folder(QWidget* window, const QString& path);
 
+// What to say of a file that was saved.
+QString saved_to(const QString& path);
+
 // Writes what `write` gives into the file with this path. An existing file is only replaced by a
 // complete one; where the name is a link to another file, that file is replaced and the link stays.
 // Throws PrintError for a file that belongs to the program, and when the file cannot be written.
@@ -38,7 +41,7 @@ void write_whole(const Module1& module, const QString& path,
                  const std::function<void(QIODevice&)>& write);
 
 // Saves a table as a CSV file that the user names. What goes wrong is one message and leaves nothing
-// behind. Returns the file that was written, or nothing.
+// behind. Returns what to say of the file that was written, or nothing.
 QString save_csv(Module1& module, QWidget* window, const QString& name, const QByteArray& table);
 
 }  // namespace kelvar

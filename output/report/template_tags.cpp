@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace kelvar {
 
@@ -28,6 +29,27 @@ std::optional<Tag> next_tag(const std::string& text, std::size_t from) {
 std::string in_line(const std::string& text, std::size_t place) {
     const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(place, text.size()));
     return " in line " + std::to_string(1 + std::count(text.begin(), end, '\n'));
+}
+
+std::optional<std::string> section_fault(const std::string& text) {
+    const auto fault = [&](const char* what, const Tag& tag) {
+        return std::string(what) + " section \"" + tag.name + '"' + in_line(text, tag.place);
+    };
+    std::vector<Tag> open;
+    for (std::optional<Tag> tag = next_tag(text, 0); tag; tag = next_tag(text, tag->end)) {
+        if (tag->kind == '#' || tag->kind == '^') {
+            open.push_back(*tag);
+        } else if (tag->kind == '/') {
+            if (std::ranges::find(open, tag->name, &Tag::name) == open.end()) {
+                return fault("Unopened", *tag);
+            }
+            if (open.back().name != tag->name) {
+                return fault("Unclosed", open.back());
+            }
+            open.pop_back();
+        }
+    }
+    return open.empty() ? std::nullopt : std::optional(fault("Unclosed", open.back()));
 }
 
 std::string fault_in_line(const std::string& text, const std::string& message) {

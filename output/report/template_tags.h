@@ -19,6 +19,9 @@ std::optional<Tag> next_tag(const std::string& text, std::size_t from);
 
 // " in line 12", counted from 1.
 std::string in_line(const std::string& text, std::size_t place);
+// The first section that is closed and was not open, or is still open at the end of the one around it
+// or of the text, with its line.
+std::optional<std::string> section_fault(const std::string& text);
 // A message that ends in " at " and a place in bytes, with its line instead.
 std::string fault_in_line(const std::string& text, const std::string& message);
 // A message that quotes what a template names, with the line of that where it is found.

@@ -92,11 +92,11 @@ void frmcompare::build_buttons() {
     auto* buttons = new PrintButtons(navigation());
     buttons->offer_csv();
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
-        buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+        buttons->say(print(module, this, destination, [this] { return print_job(); }));
         grdcompare->setFocus();
     });
     connect(buttons, &PrintButtons::csv_chosen, this, [this, buttons] {
-        buttons->show_saved(save_csv(module, this, file_name(), csv(*rows_)));
+        buttons->say(save_csv(module, this, file_name(), csv(*rows_)));
         grdcompare->setFocus();
     });
 }

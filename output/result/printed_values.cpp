@@ -35,6 +35,9 @@ ReportValues heading_values(const Scenario& scenario) {
                                                : title_with_frequency(scenario);
     values.date = date_text(scenario.projected_on);
     values.balance = money_text(scenario.present_value);
+    if (scenario.method == partial_lump_sum) {
+        values.lump_sum = money_text(scenario.partial_amount);
+    }
     return values;
 }
 
@@ -94,7 +97,9 @@ void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& le
         ledger.periods_without_fee == 0
             ? ""
             : fmt::format(" (not charged {})", count_text(ledger.periods_without_fee, "time"));
-    add("- Fees" + not_charged, ledger.fees);
+    const std::string of_its_own =
+        scenario.method == lump_sum ? fmt::format(" (at ${:.0f} a year)", plan::lump_sum_fee) : "";
+    add("- Fees" + of_its_own + not_charged, ledger.fees);
     add(scenario.method == partial_lump_sum ? "- Lump sum and payments" : "- Payments",
         ledger.payments);
     if (ledger.rounding != 0.0) {
@@ -170,6 +175,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
     add_payments(values, scenario, projection.schedule);
     add_life(values, scenario);
     add_years(values, years);
+    values.before = before_payments_text(projection.ledger);
     values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
     if (years.size() > 1) {
         values.chart = [bars = yearly_bars(projection, years, scenario.method == partial_lump_sum)](

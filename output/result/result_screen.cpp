@@ -71,13 +71,15 @@ void ResultScreen::build_values() {
 void ResultScreen::build_buttons() {
     print_buttons = new PrintButtons(navigation());
     print_buttons->offer_csv();
-    print_buttons->offer_choices(scenario.method != lump_sum);
+    if (scenario.method != lump_sum) {
+        print_buttons->offer_parts();
+    }
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
-        print_buttons->show_saved(print(module, this, destination, [this] { return print_job(); }));
+        print_buttons->say(print(module, this, destination, [this] { return print_job(); }));
     });
     connect(print_buttons, &PrintButtons::csv_chosen, this, [this] {
         const Table table = shown_table();
-        print_buttons->show_saved(save_csv(module, this, file_name(table.title), csv(*table.rows)));
+        print_buttons->say(save_csv(module, this, file_name(table.title), csv(*table.rows)));
     });
 }
 
@@ -216,14 +218,14 @@ void ResultScreen::set_result(QWidget* result) {
 }
 
 void ResultScreen::get_cover(const QString& reason) {
-    print_buttons->show_saved({});
+    print_buttons->say({});
     lblheadline->clear();
     lblcover->setText(reason);
     result_->setCurrentWidget(lblcover);
 }
 
 void ResultScreen::uncover() {
-    print_buttons->show_saved({});
+    print_buttons->say({});
     result_->setCurrentIndex(result_->count() - 1);
 }
 

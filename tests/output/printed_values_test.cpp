@@ -66,6 +66,9 @@ TEST(PrintedValues, SayWhatTheScreenShows) {
     EXPECT_EQ(joined(values.ledger[3]), "- Payments $578,796.05 ");
     EXPECT_EQ(joined(values.ledger.back()), "= Closing balance $0.00 ");
     EXPECT_TRUE(joined(values.years.front()).starts_with("2020 70 6 ")) << joined(values.years[0]);
+    // From January 15 to July 15, before the first payment, and then to the last one.
+    EXPECT_EQ(values.before, "Before the first payment: $6,310.79 earnings, $39.89 fees.");
+    EXPECT_EQ(values.lump_sum, "");
     EXPECT_TRUE(values.chart);
     EXPECT_FALSE(values.wide);
 }
@@ -105,6 +108,8 @@ TEST(PrintedValues, ALumpSumHasNoYears) {
     EXPECT_EQ(values.first_month + ' ' + values.first_age, "July, 2020 70");
     EXPECT_TRUE(values.last_month.empty() && values.life.empty() && values.years.empty());
     EXPECT_FALSE(values.chart);
+    EXPECT_TRUE(joined(values.ledger[2]).starts_with("- Fees (at $50 a year) $"))
+        << joined(values.ledger[2]);
 }
 
 // 70 years of payments, also of amounts as long as they can be typed.

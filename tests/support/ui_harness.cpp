@@ -64,7 +64,8 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
                 overwrite->button(QMessageBox::Yes)->click();
             } else if (qobject_cast<QFileDialog*>(note) != nullptr && !save_as.isEmpty()) {
                 save(note);
-            } else if (note->objectName() != QLatin1String("printprogress") || cancel_prints) {
+            } else if (note->isVisible() &&
+                       (note->objectName() != QLatin1String("printprogress") || cancel_prints)) {
                 QTest::keyClick(note, Qt::Key_Escape);
             }
         });

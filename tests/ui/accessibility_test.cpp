@@ -257,7 +257,7 @@ class LargeText : private LargeDesktop, public EveryScreen {};
 
 TEST_P(LargeText, IsNotClipped) {
     for (auto* buttons : window->visible_screen()->findChildren<PrintButtons*>()) {
-        buttons->show_saved(u"/home/"_s + QString(300, u'x') + u".pdf"_s);
+        buttons->say(u"/home/"_s + QString(300, u'x') + u".pdf"_s);
         settle();
         EXPECT_TRUE(find<QLabel>("lblsaved")->isVisible());
     }
