@@ -34,6 +34,8 @@ constexpr Row rows[] = {
     {"compute and store 828 payments / bare commit", "compute_and_store/real_time", commit},
     {"another rate: compute, store, paint 828 payments / bare commit",
      "another_rate_until_painted/real_time", commit, 1.0, frame},
+    {"next payment explained and painted", "next_row_until_painted/real_time", no_raw, 0.0, frame},
+    {"years of 828 payments shown and painted", "years_until_painted/real_time", no_raw, 0.0, frame},
     {"partial lump sum opened, 828 payments painted / bare commit",
      "result_until_painted/partial/real_time", commit},
     {"lump sum at four rates opened and painted / bare commit",
@@ -42,11 +44,12 @@ constexpr Row rows[] = {
     {"four rates of 828 payments compared and painted", "opened_until_painted/comparison/real_time",
      no_raw, 0.0, 50.0},
     {"joint life table of 2,343 rows painted", "joint_table_until_painted/real_time", no_raw},
+    {"828 payments to CSV", "payments_to_csv/real_time", no_raw, 0.0, frame},
     {"summary and 828 payments to PDF", "reports_to_pdf/payments/real_time", no_raw, 0.0, 150.0},
     {"summary, years and 828 payments to PDF", "reports_to_pdf/everything/real_time", no_raw, 0.0,
      300.0},
-    {"start to the title screen / empty Qt window", "start/title_screen/real_time",
-     "start/empty_window/real_time", 2.0},
+    {"start to the title screen / Qt window with a line of text", "start/title_screen/real_time",
+     "start/text_window/real_time", 1.3},
 };
 
 std::string time_text(double milliseconds) {

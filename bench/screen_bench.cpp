@@ -1,7 +1,9 @@
-// What a user waits for: start to the title screen beside an empty window; the longest real schedule
-// computed, stored and shown; the joint life table. On the offscreen platform unless another is set.
+// What a user waits for: start to the title screen beside a window with a line of text; the longest
+// real schedule computed, stored and shown; the joint life table. On the offscreen platform unless
+// another is set.
 #include <benchmark/benchmark.h>
 
+#include <QAbstractButton>
 #include <QBuffer>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -23,6 +25,7 @@
 #include "shell/main_window.h"
 #include "shell/screen.h"
 #include "tests/support/temporary_program_folder.h"
+#include "widgets/table_text.h"
 
 namespace kelvar {
 
@@ -87,6 +90,44 @@ void another_rate_until_painted(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
     state.counters["payments"] = static_cast<double>(open.module.database().schedule().RecordCount());
+}
+
+// Going down the list: each payment is explained below it.
+void next_row_until_painted(benchmark::State& state) {
+    OpenResult open;
+    auto* payments = open.window.visible_screen()->findChild<QTableView*>(u"grddist"_s);
+    int row = 0;
+    for (auto _ : state) {
+        row = (row + 1) % payments->model()->rowCount();
+        payments->selectRow(row);
+        open.window.repaint();
+    }
+}
+
+// From the payments to the years of them, and the ledger below.
+void years_until_painted(benchmark::State& state) {
+    OpenResult open;
+    auto* screen = open.window.visible_screen();
+    auto* payments = screen->findChild<QAbstractButton*>(u"optview_0"_s);
+    auto* years = screen->findChild<QAbstractButton*>(u"optview_1"_s);
+    for (auto _ : state) {
+        years->click();
+        open.window.repaint();
+        state.PauseTiming();
+        payments->click();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void payments_to_csv(benchmark::State& state) {
+    OpenResult open;
+    auto* payments = open.window.visible_screen()->findChild<QTableView*>(u"grddist"_s);
+    double bytes = 0.0;
+    for (auto _ : state) {
+        bytes = static_cast<double>(csv(*payments->model()).size());
+    }
+    state.counters["bytes"] = bytes;
 }
 
 // From Next on the rate screen to the painted result, the note aside.
@@ -160,13 +201,14 @@ void opened_until_painted(benchmark::State& state, ScreenId id) {
     }
 }
 
-BENCHMARK_CAPTURE(start, empty_window, KELVAR_EMPTY_WINDOW)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+BENCHMARK_CAPTURE(start, text_window, KELVAR_TEXT_WINDOW)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(start, title_screen, KELVAR_TITLE_WINDOW)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK(another_rate_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(next_row_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(years_until_painted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(payments_to_csv)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(result_until_painted, lump_sum, lump_sum, ScreenId::frmlump)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();

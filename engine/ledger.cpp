@@ -14,6 +14,9 @@ void LedgerEntries::pass(double balance, const Accrual::Period& period) {
 }
 
 void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
+    if (!schedule.rows.empty()) {
+        gained_before_ = schedule.rows.front().startbalance + ledger_.payments - ledger_.opening;
+    }
     for (std::size_t i = 0; i < schedule.rows.size(); ++i) {
         pay(schedule.rows[i].payment);
         const auto interval = interval_after(schedule, i, accrual);
@@ -32,10 +35,11 @@ void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
 Ledger LedgerEntries::close(double closing) const {
     Ledger ledger = ledger_;
     ledger.earnings = round_to_cents(ledger.earnings_before + ledger.earnings);
-    ledger.earnings_before = round_to_cents(ledger.earnings_before);
     const double since = round_to_cents(ledger.fees);
     ledger.fees = round_to_cents(ledger.fees_before + ledger.fees);
     ledger.fees_before = round_to_cents(ledger.fees - since);
+    ledger.earnings_before =
+        round_to_cents(gained_before_ ? *gained_before_ + ledger.fees_before : ledger.earnings_before);
     ledger.payments = round_to_cents(ledger.payments);
     ledger.closing = closing;
     ledger.rounding =

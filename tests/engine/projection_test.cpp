@@ -223,9 +223,11 @@ void expect_explained(const Scenario& scenario, const Projection& p, std::size_t
     }
 }
 
-// Each year begins with what the one before left, and all of them make the ledger.
+// Each year begins with what the one before left, and with what lies before they make the ledger.
 void expect_years(const Scenario& scenario, const Projection& p) {
-    long long fees = cents(p.ledger.fees_before);
+    const Ledger& l = p.ledger;
+    long long fees = cents(l.fees_before);
+    long long earnings = cents(l.earnings_before);
     double begins = p.schedule.rows.empty() ? 0.0 : round_to_cents(p.schedule.rows[0].startbalance);
     std::size_t payments = 0;
     for (const YearRow& y : years_of(p, scenario.birth_date, scenario.fee_amount)) {
@@ -234,11 +236,20 @@ void expect_years(const Scenario& scenario, const Projection& p) {
                   cents(y.ending));
         EXPECT_EQ(year_of(p.schedule.rows[payments].date), y.year);
         fees += cents(y.fees);
+        earnings += cents(y.earnings);
         payments += static_cast<std::size_t>(y.payments);
         begins = y.ending;
     }
     EXPECT_EQ(payments, p.schedule.rows.size());
-    EXPECT_TRUE(payments == 0 || fees == cents(p.ledger.fees)) << fees << ' ' << p.ledger.fees;
+    if (payments > 0) {
+        EXPECT_EQ(fees, cents(l.fees));
+        EXPECT_EQ(cents(l.opening) + cents(l.earnings_before) - cents(l.fees_before) -
+                      (scenario.method == partial_lump_sum ? cents(p.lump_sum) : 0),
+                  cents(p.schedule.rows[0].startbalance));
+        if (p.outcome == Outcome::complete) {
+            EXPECT_EQ(earnings, cents(l.earnings) + cents(l.rounding));
+        }
+    }
 }
 
 TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
