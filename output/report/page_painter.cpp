@@ -83,12 +83,6 @@ PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count
     }
 }
 
-PagePainter::~PagePainter() {
-    if (counter_ != nullptr) {
-        counter_->end();
-    }
-}
-
 bool PagePainter::next_page(const QString& title) {
     ++page_;
     const QPageRanges wanted = device_.pageRanges();

@@ -29,11 +29,10 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// A device that also is one is told how many pages there will be, and when they end.
+// A device that also is one is told how many pages there will be.
 class PageCounter {
 public:
     virtual void begin(int pages) = 0;
-    virtual void end() = 0;
 
 protected:
     ~PageCounter() = default;
@@ -43,7 +42,6 @@ class PagePainter {
 public:
     // Throws PrintError when the device cannot be drawn on, as does every step below.
     PagePainter(QPagedPaintDevice& device, Date printed, int page_count);
-    ~PagePainter();
     PagePainter(const PagePainter&) = delete;
     PagePainter& operator=(const PagePainter&) = delete;
 

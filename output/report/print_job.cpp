@@ -73,6 +73,7 @@ void rehearse(const QPrinter& printer, const PrintJob& job, PrintProgress& progr
 // user did not cancel goes to the printer.
 void print_on(QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
     rehearse(printer, job, progress);
+    progress.send();
     draw_on(printer, job);
 }
 
@@ -184,6 +185,7 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
     }
     if (destination != Destination::printer) {
         rehearse(printer, job, progress);
+        progress.end();
         if (!ask_how(printer, window, progress.pages())) {
             return {};
         }
@@ -205,11 +207,13 @@ QString print(Module1& module, QWidget* window, Destination destination,
             job = prepare();
         }
         const QString printed = print_prepared(module, window, destination, job, progress);
+        progress.end();
         if (!printed.isEmpty() && !job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);
         }
         return printed;
     } catch (const std::exception& error) {
+        progress.end();
         if (!progress.cancelled()) {
             module.screens.show_message(std::string("Nothing was printed.\n\n") + error.what());
         }

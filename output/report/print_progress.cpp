@@ -1,6 +1,8 @@
 #include "output/report/print_progress.h"
 
+#include <QCoreApplication>
 #include <QProgressBar>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +10,7 @@ namespace kelvar {
 
 namespace {
 
-constexpr int patience = 500;  // milliseconds
+constexpr qint64 patience = 500;  // milliseconds
 
 }  // namespace
 
@@ -18,7 +20,7 @@ void PrintProgress::begin(int pages) {
     dialog_->setObjectName(u"printprogress"_s);
     dialog_->setWindowTitle(u"Print"_s);
     dialog_->setWindowModality(Qt::ApplicationModal);
-    dialog_->setMinimumDuration(patience);
+    dialog_->setMinimumDuration(static_cast<int>(std::max(patience - started_.elapsed(), qint64{0})));
     dialog_->setAutoClose(false);
     dialog_->setAutoReset(false);
     dialog_->findChild<QProgressBar*>()->setAccessibleName(u"Pages printed"_s);
@@ -32,6 +34,20 @@ bool PrintProgress::go_on() {
     dialog_->setValue(done);  // takes the user's Cancel as well
     cancelled_ = dialog_->wasCanceled();
     return !cancelled_;
+}
+
+void PrintProgress::send() {
+    dialog_->setLabelText(u"Sending to the printer"_s);
+    dialog_->setCancelButton(nullptr);
+    dialog_->setValue(dialog_->maximum());
+}
+
+// Keys that were meant for it must not reach the screen behind it.
+void PrintProgress::end() {
+    if (dialog_ && dialog_->isVisible()) {
+        QCoreApplication::processEvents();
+    }
+    dialog_.reset();
 }
 
 }  // namespace kelvar

@@ -1,6 +1,7 @@
 // How far a print is, in a dialog that appears once it takes half a second, with Cancel.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QPdfWriter>
 #include <QProgressDialog>
 #include <optional>
@@ -12,18 +13,24 @@ namespace kelvar {
 class PrintProgress {
 public:
     // Over the main window that `window` is in.
-    explicit PrintProgress(QWidget* window) : window_(window) {}
+    explicit PrintProgress(QWidget* window) : window_(window) { started_.start(); }
+    ~PrintProgress() { end(); }
+    PrintProgress(const PrintProgress&) = delete;
+    PrintProgress& operator=(const PrintProgress&) = delete;
 
     void begin(int pages);
     // Another page is to follow. False once the user has cancelled; what was printed is then to be
     // thrown away.
     bool go_on();
-    void end() { dialog_.reset(); }
+    // All pages are drawn and now sent, which can no longer be cancelled.
+    void send();
+    void end();
     bool cancelled() const { return cancelled_; }
     int pages() const { return pages_; }  // of what was begun last
 
 private:
     QWidget* window_;
+    QElapsedTimer started_;
     std::optional<QProgressDialog> dialog_;
     bool cancelled_ = false;
     int pages_ = 0;
@@ -35,7 +42,6 @@ public:
     CountedPages(PrintProgress& progress, QIODevice* file) : QPdfWriter(file), progress_(progress) {}
 
     void begin(int pages) override { progress_.begin(pages); }
-    void end() override { progress_.end(); }
     bool newPage() override { return progress_.go_on() && QPdfWriter::newPage(); }
 
 private:
