@@ -36,6 +36,15 @@ const QStringList texts{u"06151950"_s,
                         u"  7  "_s,
                         QString()};
 constexpr int typed_texts = 14;  // from the front; the others can only be pasted
+const QStringList menu_entries{u"&Save as PDF..."_s,
+                               u"Save as &CSV..."_s,
+                               u"Pre&view..."_s,
+                               u"Print with &Options..."_s,
+                               u"&Everything"_s,
+                               u"S&ummary Only"_s,
+                               u"&Copy"_s,
+                               u"Select &All"_s,
+                               QString()};
 constexpr Qt::Key keys[] = {Qt::Key_Tab,      Qt::Key_Backtab, Qt::Key_Return,    Qt::Key_Escape,
                             Qt::Key_Space,    Qt::Key_Up,      Qt::Key_Down,      Qt::Key_Left,
                             Qt::Key_Right,    Qt::Key_Home,    Qt::Key_End,       Qt::Key_PageUp,
@@ -55,7 +64,7 @@ public:
     void one_event() {
         answer_yes = below(2) == 0;
         save_as = below(3) == 0 ? to_qt((folder.path() / "walk.pdf").string()) : QString();
-        menu_entry = below(2) == 0 ? u"&Save as PDF..."_s : QString();
+        menu_entry = menu_entries.at(below(static_cast<int>(menu_entries.size())));
         QWidget* popup = QApplication::activePopupWidget();
         QWidget* top = popup != nullptr ? popup : window;
         QWidget* focus = top->focusWidget() != nullptr ? top->focusWidget() : top;
