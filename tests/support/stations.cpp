@@ -26,7 +26,7 @@ void go_to_result(UiTest& program, const char* method) {
 
 Station note(const char* name, ScreenId id) {
     return {name, [id](UiTest& program) {
-                program.click("Cmdnext");
+                program.go_to_menu();
                 program.window->show(id);
             }};
 }
@@ -36,7 +36,7 @@ Station note(const char* name, ScreenId id) {
 const std::vector<Station>& stations() {
     static const std::vector<Station> all{
         {"frmkelvd", [](UiTest&) {}},
-        {"frmdist", [](UiTest& program) { program.click("Cmdnext"); }},
+        {"frmdist", [](UiTest& program) { program.go_to_menu(); }},
         {"frmdist1", [](UiTest& program) { program.go_to_participant(); }},
         {"frmdist2",
          [](UiTest& program) {

@@ -175,8 +175,14 @@ void UiTest::choose(const char* list, const QString& entry) {
     settle();
 }
 
+void UiTest::go_to_menu() {
+    module->screens.close(ScreenId::frmkelvd);
+    module->screens.show(ScreenId::frmdist);
+    settle();
+}
+
 void UiTest::go_to_participant() {
-    click("Cmdnext");
+    go_to_menu();
     click("Cmdnext");
     ASSERT_EQ(screen_name(), QLatin1String("frmdist1"));
 }
