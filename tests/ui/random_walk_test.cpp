@@ -8,6 +8,7 @@
 #include <QTest>
 #include <random>
 
+#include "tests/support/sql.h"
 #include "tests/support/stations.h"
 #include "widgets/text.h"
 
@@ -102,8 +103,9 @@ public:
         ASSERT_NE(focus, nullptr);
         ASSERT_TRUE(focus->isVisible() && focus->isEnabled())
             << focus->objectName().toStdString() << " on " << screen_name().toStdString();
-        Recordset& schedule = module->database().schedule();
-        EXPECT_EQ(work_table_rows().size(), schedule.RecordCount());
+        const std::size_t rows = module->database().schedule().RecordCount();
+        EXPECT_EQ(sql_rows(folder.database(), "SELECT count(*) FROM schedule"),
+                  std::vector{std::to_string(rows)});
     }
 
 private:
