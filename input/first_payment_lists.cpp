@@ -38,7 +38,6 @@ void FirstPaymentLists::build() {
     Cmbfrstmonth = control::list("Cmbfrstmonth", u"First payment month"_s);
     Cmbfrstyear = control::list("Cmbfrstyear", u"First payment year"_s);
     lblage = theme::label({}, theme::Role::value, "lblage");
-    lblage->setAccessibleName(u"Age at the first payment"_s);
     auto* lblmonth = theme::label(u"&Month"_s, theme::Role::body, "lbltime_0");
     auto* lblyear = theme::label(u"&Year"_s, theme::Role::body, "lbltime_1");
     lblmonth->setBuddy(Cmbfrstmonth);

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "input/rules/first_payment.h"
@@ -113,11 +114,14 @@ void frmdrate::load() {
     module.set_screen_size();
     chkrate[0]->setText(u"&ALL (Select all rates)"_s);
     const std::vector<std::string> captions = rate_captions(module.database().rate());
+    const QRegularExpression rule(u"_+"_s);  // would be read out stroke by stroke
     for (std::size_t index = 1; index < chkrate.size(); ++index) {
         const bool there = index <= captions.size();
         chkrate[index]->setVisible(there);
         if (there) {
-            chkrate[index]->setText(u"&"_s + to_qt(captions[index - 1]).replace(u"&"_s, u"&&"_s));
+            const QString caption = to_qt(captions[index - 1]);
+            chkrate[index]->setText(u"&"_s + QString(caption).replace(u"&"_s, u"&&"_s));
+            chkrate[index]->setAccessibleName(QString(caption).replace(rule, u", "_s));
         }
     }
     set_first_field(chkrate[0]);

@@ -73,6 +73,16 @@ std::string PartialAmountBox::dollars_text() const {
     return to_utf8(txtpartial->text());
 }
 
+// What a screen reader or dictation puts into the box does not count as modified.
+bool PartialAmountBox::dollars_edited() const {
+    return txtpartial->isModified() || txtpartial->text() != shown_dollars_;
+}
+
+void PartialAmountBox::show_dollars(double amount) {
+    shown_dollars_ = to_qt(format_number(amount, pattern::amount));
+    txtpartial->setText(shown_dollars_);
+}
+
 void PartialAmountBox::follow_balance() {
     if (scenario.present_value != shown_present_value_ && scenario.partial_amount != 0.0) {
         show_percentage();
@@ -96,7 +106,7 @@ void PartialAmountBox::take_all() {
 }
 
 bool PartialAmountBox::take_edited() {
-    if (txtpartial->isModified()) {
+    if (dollars_edited()) {
         take_dollars();
         return true;
     }
@@ -104,7 +114,7 @@ bool PartialAmountBox::take_edited() {
 }
 
 void PartialAmountBox::dollars_left(bool to_navigation, bool by_tab) {
-    if (!txtpartial->isModified()) {
+    if (!dollars_edited()) {
         return;
     }
     take_dollars();
@@ -154,7 +164,7 @@ void PartialAmountBox::take_dollars() {
         cmbPercent->clearEditText();
         return;
     }
-    txtpartial->setText(to_qt(format_number(*amount, pattern::amount)));
+    show_dollars(*amount);
     show_percentage();
 }
 
@@ -163,7 +173,7 @@ void PartialAmountBox::apply_percentage(double percentage) {
     shown_present_value_ = scenario.present_value;
     scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
     scenario.partial_percent = to_utf8(cmbPercent->currentText());
-    txtpartial->setText(to_qt(format_number(scenario.partial_amount, pattern::amount)));
+    show_dollars(scenario.partial_amount);
 }
 
 void PartialAmountBox::show_percentage() {

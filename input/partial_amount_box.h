@@ -51,6 +51,8 @@ signals:
 
 private:
     void build();
+    bool dollars_edited() const;
+    void show_dollars(double amount);
     void take_dollars();
     void apply_percentage(double percentage);
     void show_percentage();
@@ -60,6 +62,7 @@ private:
     QLineEdit* txtpartial = nullptr;
     EntryList* cmbPercent = nullptr;
     QLabel* lblleastpartial = nullptr;
+    QString shown_dollars_;
     double shown_present_value_ = 0.0;  // for which the percentage was last worked out
     bool percentage_edited_ = false;    // typed but not yet taken over
 };

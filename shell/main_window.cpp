@@ -11,6 +11,7 @@
 
 #include "shell/help_window.h"
 #include "shell/screen.h"
+#include "widgets/accessible_button.h"
 #include "widgets/message_dialog.h"
 #include "widgets/text.h"
 
@@ -33,6 +34,7 @@ MainWindow::MainWindow() : stack_(new QStackedWidget) {
     setObjectName(u"mdifrmd"_s);
     setWindowTitle(u"Kelvar"_s);
     setCentralWidget(stack_);
+    make_buttons_accessible();
 }
 
 MainWindow::~MainWindow() = default;
