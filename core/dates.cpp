@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <stdexcept>
 
 #include "core/names.h"
+#include "core/operating_system.h"
 
 namespace kelvar {
 
@@ -22,9 +22,7 @@ constexpr std::array<std::string_view, 12> month_names{"January",   "February", 
 }  // namespace
 
 Date system_date() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    const std::tm local = local_time();
     return Date{chr::year{local.tm_year + 1900}, chr::month{static_cast<unsigned>(local.tm_mon + 1)},
                 chr::day{static_cast<unsigned>(local.tm_mday)}};
 }

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +11,7 @@
 #include "core/criterion.h"
 #include "core/names.h"
 #include "core/numbers.h"
+#include "core/operating_system.h"
 
 namespace kelvar {
 
@@ -339,7 +339,7 @@ void Database::require_writable() {
         throw DatabaseError(file_, "the file is read-only");
     }
     // The journal of every change stands beside the file.
-    if (access(std::filesystem::absolute(file_).parent_path().c_str(), W_OK) != 0) {
+    if (!may_write_into(std::filesystem::absolute(file_).parent_path())) {
         throw DatabaseError(file_, "the folder is read-only");
     }
     const Transaction not_locked_by_others(*this);
