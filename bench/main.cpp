@@ -57,14 +57,24 @@ std::string time_text(double milliseconds) {
                               : fmt::format("{:.1f} ms", milliseconds);
 }
 
+// The library names this differently from version 1.8 on.
+template <class Run>
+std::string failure_of(const Run& run) {
+    if constexpr (requires { run.error_occurred; }) {
+        return run.error_occurred ? run.error_message : std::string();
+    } else {
+        return run.skipped != decltype(run.skipped){} ? run.skip_message : std::string();
+    }
+}
+
 class Table : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
 
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
-            if (run.error_occurred) {
-                fmt::print(stderr, "{}: {}\n", run.benchmark_name(), run.error_message);
+            if (const std::string failure = failure_of(run); !failure.empty()) {
+                fmt::print(stderr, "{}: {}\n", run.benchmark_name(), failure);
                 continue;
             }
             const double per_second = benchmark::GetTimeUnitMultiplier(run.time_unit);
