@@ -5,6 +5,18 @@
 #include "shell/application.h"
 #include "widgets/theme.h"
 
+namespace {
+
+// The folder that the first argument names, where each user has one; otherwise the program's own.
+std::filesystem::path folder_of_program() {
+    const QStringList arguments = QCoreApplication::arguments();
+    return arguments.size() > 1
+               ? std::filesystem::weakly_canonical(arguments[1].toStdString())
+               : std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace kelvar;
     Application application(argc, argv);
@@ -12,8 +24,7 @@ int main(int argc, char** argv) {
     Application::setDesktopFileName(QStringLiteral("io.github.kelvar.Kelvar"));
     theme::apply(application);
     try {
-        const std::filesystem::path program_folder =
-            std::filesystem::path(Application::applicationDirPath().toStdString());
+        const std::filesystem::path program_folder = folder_of_program();
         const OnlyProgram only_one(program_folder);
         if (only_one.is_second()) {
             return Application::report_already_open();

@@ -27,8 +27,8 @@ folder=$place/$(basename "${archives[0]}" .tar.gz)
 for file in kelvar add-to-menu.sh; do
     [ -x "$folder/$file" ] || fail "$file is missing or cannot be run"
 done
-for file in vestoraq.mdb vestoraq.hlp {periodic,partial,lumpsum,yearly,schedule,schefix,schelife,compare}.rpt \
-    LICENSE README.txt $id.{svg,desktop,metainfo.xml}; do
+reports=({periodic,partial,lumpsum,yearly,schedule,schefix,schelife,compare}.rpt)
+for file in vestoraq.mdb vestoraq.hlp "${reports[@]}" LICENSE README.txt $id.{svg,desktop,metainfo.xml}; do
     [ -s "$folder/$file" ] || fail "$file is missing or empty"
 done
 for report in "$source"/data/reports/*.rpt; do
@@ -66,16 +66,21 @@ if command -v dpkg-query >/dev/null; then
     ! grep 'not found' <<<"$libraries" || fail "libraries are missing"
     # Loaded while it runs: the screen, the database of the help, the printers.
     plugins=$(dirname "$(ldconfig -p | sed -n 's/.*libQt6Core\.so\.6 .*=> //p' | head -n 1)")/qt6/plugins
-    for library in $(awk '$3 ~ "^/" { print $3 }' <<<"$libraries") \
-        "$plugins"/{platforms/libqxcb,sqldrivers/libqsqlite,printsupport/libcupsprintersupport}.so; do
-        library=$(readlink -f "$library")
-        # Packages may still name a library by the folder that is now a link.
-        owner=$( (dpkg-query -S "$library" || dpkg-query -S "${library#/usr}") 2>/dev/null | sed 's/:.*//')
+    needed=$(readlink -f $(awk '$3 ~ "^/" { print $3 }' <<<"$libraries") \
+        "$plugins"/{platforms/libqxcb,sqldrivers/libqsqlite,printsupport/libcupsprintersupport}.so)
+    # Packages may still name a library by the folder that is now a link.
+    owners=$(dpkg-query -S $needed ${needed//\/usr\//\/} 2>/dev/null | sed 's/:[^ ]* / /' || true)
+    for library in $needed; do
+        owner=$(awk -v library="${library#/usr}" '$2 == library || $2 == "/usr" library { print $1; exit }' <<<"$owners")
         grep -qxF "${owner:-none}" <<<"$brought" ||
             fail "$library belongs to ${owner:-no package}, which the packages in README.txt do not bring"
     done
     # Without it any font will do for the dependencies, but not for the look.
     grep -qwF fonts-dejavu-core <<<"$named" || fail "README.txt does not name the font"
+    depends=$(dpkg-deb -f "$work"/kelvar_*.deb Depends)
+    for package in $named; do
+        grep -qwF "$package" <<<"$depends" || fail "the .deb does not depend on $package"
+    done
 fi
 
 # --- Whether it starts from there, whatever the current folder
@@ -102,3 +107,60 @@ eval "set -- $(value Exec)"
 mv "$folder" "$place/100%"
 ! XDG_DATA_HOME=$work/none "$place/100%/add-to-menu.sh" 2>/dev/null || fail "it writes an entry that no menu starts"
 [ ! -e "$work/none" ] || fail "a refused entry leaves something behind"
+
+# --- The .deb: who starts it gets a folder, which later versions leave as it is where it was edited
+command -v dpkg-deb >/dev/null || exit 0
+root=$work/root
+dpkg-deb -x "$work"/kelvar_*.deb "$root"
+for file in applications/$id.desktop icons/hicolor/scalable/apps/$id.svg metainfo/$id.metainfo.xml doc/kelvar/copyright; do
+    [ -s "$root/usr/share/$file" ] || fail "$file is missing or empty in the .deb"
+done
+writable=$(find "$root" ! -type l -perm /022)
+[ -z "$writable" ] || fail "everybody may write to $writable"
+
+installed=$root/usr/lib/kelvar
+launcher=$root/usr/bin/kelvar
+export XDG_DATA_HOME="$work/Alice's data"
+own=$XDG_DATA_HOME/kelvar
+# Until the program has opened the database of the user.
+open_program() {
+    "$launcher" 2>"$work/errors" &
+    program=$!
+    for _ in $(seq 100); do
+        [ -z "$(find "/proc/$program/fd" -lname "$own/vestoraq.mdb" 2>/dev/null)" ] || return 0
+        sleep 0.1
+    done
+    fail "the program has not opened the database of its user: $(cat "$work/errors")"
+}
+end_program() {
+    kill "$program"
+    wait "$program" 2>/dev/null || true
+    program=
+}
+
+open_program
+for file in vestoraq.hlp "${reports[@]}"; do
+    cmp "$installed/$file" "$own/$file" || fail "$file of the user is not the one installed"
+done
+! "$launcher" 2>"$work/errors" || fail "a second program opens"
+grep -q 'already open' "$work/errors" || fail "the second program only says $(cat "$work/errors")"
+end_program
+
+sqlite3 "$own/vestoraq.mdb" "UPDATE distrib SET dtitle = 'of the user'"
+echo '<!-- of the office -->' >>"$own/periodic.rpt"
+rm "$own/lumpsum.rpt"
+for file in periodic.rpt yearly.rpt new.rpt vestoraq.hlp; do
+    echo '<!-- of the next version -->' >>"$installed/$file"
+done
+open_program
+end_program
+[ "$(tail -n 1 "$own/periodic.rpt")" = '<!-- of the office -->' ] || fail "an edited template is not kept"
+for file in yearly.rpt lumpsum.rpt new.rpt vestoraq.hlp; do
+    cmp "$installed/$file" "$own/$file" || fail "$file is not that of the next version"
+done
+[ "$(sqlite3 "$own/vestoraq.mdb" 'SELECT dtitle FROM distrib')" = 'of the user' ] || fail "the database is not kept"
+
+rm -r "$XDG_DATA_HOME"
+: >"$XDG_DATA_HOME"  # where no folder can be made
+! "$launcher" 2>"$work/errors" || fail "it starts without a folder"
+grep -qF "$own/vestoraq.mdb" "$work/errors" || fail "without a folder it only says $(cat "$work/errors")"
