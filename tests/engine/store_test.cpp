@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <random>
 #include <thread>
 
@@ -204,6 +205,7 @@ TEST(StoreOnABadDisk, KeepsTheOldSchedule) {
     _exit(1);
 }
 
+// KELVAR_STORE_KILLS says how often; the sanitizers take more than a quick test run.
 TEST(StoreKilled, LeavesAWholeSchedule) {
     const TemporaryProgramFolder folder;
     Rows whole_long;
@@ -217,7 +219,9 @@ TEST(StoreKilled, LeavesAWholeSchedule) {
     }
     std::mt19937 random(20260715);
     std::uniform_int_distribution<int> microseconds(0, 30'000);
-    for (int run = 0; run < 200; ++run) {
+    const char* const wanted = std::getenv("KELVAR_STORE_KILLS");
+    const int kills = wanted == nullptr ? 60 : std::atoi(wanted);
+    for (int run = 0; run < kills; ++run) {
         int started[2];
         ASSERT_EQ(pipe(started), 0);
         const pid_t child = fork();

@@ -176,8 +176,8 @@ void UiTest::choose(const char* list, const QString& entry) {
 }
 
 void UiTest::go_to_menu() {
-    module->screens.close(ScreenId::frmkelvd);
-    module->screens.show(ScreenId::frmdist);
+    window->close(ScreenId::frmkelvd);
+    window->show(ScreenId::frmdist);
     settle();
 }
 

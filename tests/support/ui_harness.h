@@ -44,8 +44,8 @@ public:
     // Texts of the messages and questions shown since the last call.
     std::vector<std::string> take_messages();
 
-    // From the title screen to the menu, as its Next does, without its pause; to the participant
-    // screen, the method screen, and so on.
+    // From the title screen to the menu, the participant screen, the method screen, and so on; without
+    // the moment that the title's Next takes.
     void go_to_menu();
     void go_to_participant();
     void go_to_method(const QString& birth = QStringLiteral("06151950"),
