@@ -1,7 +1,9 @@
 #include "core/dates.h"
 
 #include <gtest/gtest.h>
+#include <stdio.h>
 
+#include <array>
 #include <stdexcept>
 #include <string>
 
@@ -91,6 +93,20 @@ TEST(Dates, MonthsHaveFullEnglishNames) {
     for (const char* other : {"", "Feb", "Februaryy", " May", "13"}) {
         EXPECT_EQ(month_number(other), 0) << other;
     }
+}
+
+std::string date_of_the_machine() {
+    std::array<char, 11> text{};
+    FILE* pipe = popen("date +%m/%d/%Y", "r");
+    EXPECT_NE(fgets(text.data(), text.size(), pipe), nullptr);
+    pclose(pipe);
+    return text.data();
+}
+
+TEST(Dates, TheClockHasTheDayOfTheMachine) {
+    const std::string before = date_of_the_machine();
+    const std::string told = date_text(system_date());
+    EXPECT_TRUE(told == before || told == date_of_the_machine()) << told << ", not " << before;
 }
 
 TEST(Dates, TextNeverGroupsTheYear) {

@@ -61,8 +61,22 @@ TEST_F(LumpSum, AllFourRates) {
 
 TEST_F(LumpSum, ThisMonthHasNeitherGrowthNorFee) {
     go_to_method(u"06151950"_s, u"250000"_s, u"January"_s, u"2020"_s);
+    click("optmethod_1");
+    click("chkperiod_0");
+    click("Cmdnext");
+    click("optlength_0");
+    enter("txtnumber", u"60"_s);
+    click("Cmdnext");
+    click("cmdprev");
+    click("optlength_1");
+    enter("txtfixamount", u"5000"_s);
+    click("Cmdnext");
+    click("cmdprev");
+    click("cmdprev");
     go_to_result("chkrate_4");
     EXPECT_EQ(text_of("lblstartvalue"), u"$250,000.00"_s);
+    EXPECT_EQ(module->scenario.fixed_amount, 0.0);
+    EXPECT_EQ(module->database().distrib().text("payments"), "0") << "not those of another method";
 }
 
 // 10 dollars do not last 20 years of fees: nothing is shown beside the rate, nothing is written.
@@ -87,6 +101,7 @@ public:
         click("Cmdnext");
         ASSERT_EQ(screen_name(), u"frmdist3"_s);
     }
+    QString percentage() { return find<QComboBox>("cmbPercent")->currentText(); }
     void go_to_result() {
         click("Cmdnext");
         find<QCheckBox>("chkrate_1")->setChecked(true);
@@ -119,7 +134,10 @@ TEST_F(Partial, LifeExpectancyAfterAnAmount) {
     EXPECT_EQ(text_of("lblscnddate"), u"October, 2020"_s);
     EXPECT_EQ(text_of("lblscndvalue"), u"$218,993.40"_s);
     expect_sound_result(40000.0);
-    EXPECT_EQ(module->database().distrib().text("dsubtitle"), "Lump Sum  + Remaining Paid Monthly");
+    Recordset& distrib = module->database().distrib();
+    EXPECT_EQ(distrib.text("dsubtitle"), "Lump Sum  + Remaining Paid Monthly");
+    EXPECT_EQ(distrib.text("scnddate"), "October, 2020");
+    EXPECT_EQ(distrib.number("scndvalue"), 218993.40);
     const auto rows = grid_rows();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the visit began the day before
     choose("cmbrate", u" 8%"_s);
@@ -145,7 +163,11 @@ TEST_F(Partial, NumberAfterAPercentageThenChangedInputs) {
     }
     ASSERT_EQ(screen_name(), u"frmdist2"_s);
     enter("txtpartial", u"100000"_s);
-    EXPECT_EQ(find<QComboBox>("cmbPercent")->currentText(), u"40.00"_s);
+    EXPECT_EQ(percentage(), u"40.00"_s);
+    click("cmdprev");
+    enter("txtcurvalue", u"200000"_s);
+    click("Cmdnext");
+    EXPECT_EQ(percentage(), u"50.00"_s) << "of the new balance";
     for (int on = 0; on < 3; ++on) {
         click("Cmdnext");
     }
@@ -153,6 +175,27 @@ TEST_F(Partial, NumberAfterAPercentageThenChangedInputs) {
     EXPECT_EQ(text_of("lblpartial"), u"$100,000.00"_s);
     expect_sound_result(100000.0);
     EXPECT_TRUE(take_messages().empty());
+}
+
+TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
+    go_to_method();
+    click("optmethod_2");
+    type("40000\t");
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
+    EXPECT_EQ(percentage(), u"16.00"_s);
+    find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
+    type("12.5\r");
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
+    EXPECT_EQ(find<QLineEdit>("txtpartial")->text(), u"31,250.00"_s);
+    EXPECT_EQ(module->scenario.partial_percent, "12.5");
+    enter("txtpartial", u"x"_s);
+    EXPECT_EQ(take_messages(), std::vector<std::string>{"Invalid partial lump sum amount."});
+    EXPECT_EQ(percentage(), QString()) << "of no amount";
+    EXPECT_EQ(module->scenario.partial_percent, "");
+    find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
+    type("100\r");
+    EXPECT_EQ(take_messages().size(), 1U);
+    EXPECT_EQ(focus_name(), u"cmbPercent"_s);
 }
 
 TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {

@@ -1,7 +1,9 @@
 // Journeys through the real widgets for periodic payments, checked against the rules and the tables.
+// Figures worked out with decimal arithmetic from the rules.
 
 #include <sys/resource.h>
 
+#include <QChartView>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -12,6 +14,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <QTest>
 #include <cmath>
 #include <csignal>
 
@@ -68,12 +71,10 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     EXPECT_EQ(text_of("lblfee"), u"$80"_s);
     EXPECT_EQ(find<QComboBox>("cmbrate")->itemText(1), u" 8%"_s);
 
-    const double at_5 =
-        std::round((250000 * std::pow(1 + 0.05 / 365, 182) - 182 * 80 / 365.0) * 100) / 100;
-    EXPECT_EQ(money(text_of("lblstartvalue")), at_5);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$256,270.90"_s);
     EXPECT_EQ(text_of("lblnumber"), u"349"_s);
     const std::vector<QStringList> rows = grid_rows();
-    EXPECT_EQ(money(rows[0][3]), std::round(at_5 / 349 * 100) / 100);
+    EXPECT_EQ(rows[0][3], u"$734.30"_s);
     EXPECT_EQ(rows[6][5] + rows[6][6], u"January2021"_s);
     for (std::size_t i = 1; i + 1 < rows.size(); ++i) {
         const bool january = rows[i][5] == u"January"_s;
@@ -113,9 +114,7 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     }
 
     choose("cmbrate", u" 8%"_s);
-    const double at_8 =
-        std::round((250000 * std::pow(1 + 0.08 / 365, 182) - 182 * 80 / 365.0) * 100) / 100;
-    EXPECT_EQ(money(text_of("lblstartvalue")), at_8);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$260,133.15"_s);
     expect_sound_schedule();
     EXPECT_EQ(module->database().distrib().text("rate"), " 8%");
     EXPECT_EQ(module->database().distrib().text("totalvalue"), text_of("lbltotalvalue").toStdString());
@@ -124,7 +123,7 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     today = Date{std::chrono::year{2020} / 2 / 1};
     choose("cmbrate", u" 5%"_s);
     EXPECT_EQ(grid_rows(), rows);
-    EXPECT_EQ(money(text_of("lblstartvalue")), at_5);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$256,270.90"_s);
     expect_sound_schedule();
     EXPECT_TRUE(take_messages().empty());
 }
@@ -222,6 +221,11 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     click("optlength_1");
     enter("txtfixamount", u"2,500"_s);
     EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"2500.00"_s);
+    enter("txtfixamount", u"250000.01"_s);
+    click("Cmdnext");
+    click("cmdprev");
+    EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"250000.00"_s) << "no more than there is";
+    enter("txtfixamount", u"2,500"_s);
     click("Cmdnext");
     tick_rates_and_go({"chkrate_1"});
     const std::vector<QStringList> rows = grid_rows();
@@ -294,6 +298,62 @@ TEST_F(Periodic, NumberOfPaymentsThenPreviousAndAnotherNumber) {
     EXPECT_EQ(grid_rows().size(), 1u);
     EXPECT_EQ(grid_rows()[0][3], text_of("lblstartvalue"));
     expect_sound_schedule();
+}
+
+// Ten payments, four, two and one a year.
+TEST_F(Periodic, ChartSaysTheYearUnderThePointer) {
+    go_to_length();
+    click("optlength_0");
+    enter("txtnumber", u"10"_s);
+    struct Case {
+        const char* box;
+        QString payments, period;
+        std::vector<QString> years;
+    };
+    const Case cases[] = {{"chkperiod_1",
+                           u"Quarterly Payments"_s,
+                           u"(July, 2020 - October, 2022)"_s,
+                           {u"2020: Total paid $51,254.18"_s, u"2021: Total paid $105,269.04"_s,
+                            u"2022: Total paid $114,702.34"_s}},
+                          {"chkperiod_2",
+                           u"Semi-Annual Payments"_s,
+                           u"(July, 2020 - January, 2025)"_s,
+                           {u"2020: Total paid $25,627.09"_s, u"2021: Total paid $52,553.44"_s,
+                            u"2022: Total paid $55,417.84"_s, u"2023: Total paid $58,511.90"_s,
+                            u"2024: Total paid $61,959.74"_s, u"2025: Total paid $33,293.36"_s}},
+                          {"chkperiod_3",
+                           u"Annual Payments"_s,
+                           u"(July, 2020 - July, 2029)"_s,
+                           {u"2020: Total paid $25,627.09"_s, u"2021: Total paid $26,932.04"_s,
+                            u"2022: Total paid $28,302.78"_s, u"2023: Total paid $29,742.36"_s,
+                            u"2024: Total paid $31,258.09"_s, u"2025: Total paid $32,844.61"_s,
+                            u"2026: Total paid $34,508.48"_s, u"2027: Total paid $36,250.97"_s,
+                            u"2028: Total paid $38,074.58"_s, u"2029: Total paid $39,946.56"_s}}};
+    for (const Case& c : cases) {
+        while (screen_name() != u"frmdist2"_s) {
+            click("cmdprev");
+        }
+        click(c.box);
+        click("Cmdnext");
+        click("Cmdnext");
+        find<QCheckBox>("chkrate_1")->setChecked(true);
+        tick_rates_and_go({});
+        click("cmdchart");
+        EXPECT_EQ(text_of("lblfrequency"), c.payments);
+        EXPECT_EQ(text_of("lblperiod"), c.period);
+        auto* view = window->visible_screen()->findChild<QChartView*>();
+        const QRectF plot = view->chart()->plotArea();
+        const double slot = plot.width() / static_cast<double>(c.years.size());
+        for (std::size_t year = 0; year < c.years.size(); ++year) {
+            for (const double part : {0.1, 0.5, 0.9}) {
+                const QPointF spot(plot.left() + slot * (static_cast<double>(year) + part),
+                                   plot.center().y());
+                QTest::mouseMove(view->viewport(), view->mapFromScene(view->chart()->mapToScene(spot)));
+                settle();
+                EXPECT_EQ(text_of("lblreadout"), c.years[year]);
+            }
+        }
+    }
 }
 
 // Spouse 15 years younger: joint divisor of ages 70 and 54 (the spouse's birthday is in August), 33.8.
@@ -418,6 +478,8 @@ TEST_F(Periodic, ReturnToTheMenuStartsAfresh) {
     click("Cmdnext");
     EXPECT_EQ(find<QLineEdit>("txtcurvalue")->text(), QString());
     EXPECT_EQ(find<QLineEdit>("mskbirth")->displayText(), u"__/__/____"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->count(), 0) << "of the date of birth before";
+    EXPECT_EQ(text_of("lbllatest") + text_of("lblage"), QString());
 }
 
 // The fee eats a tiny account before payments begin.
@@ -490,6 +552,17 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
         EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
     }
     EXPECT_EQ(take_messages().size(), 1u);
+    // Corrected just before Next, which stays where the year has become another one.
+    choose("Cmbfrstyear", u"2025"_s);
+    type_into("mskbirth", u"06151950"_s);
+    click("Cmdnext");
+    EXPECT_EQ(screen_name(), u"frmdist1"_s);
+    EXPECT_EQ(focus_name(), u"Cmbfrstyear"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2020"_s);
+    click("Cmdnext");
+    EXPECT_EQ(screen_name(), u"frmdist2"_s);
+    click("cmdprev");
+    enter("mskbirth", u"06151960"_s);
     // A month that has passed becomes the present one, and is that still when one comes back.
     choose("Cmbfrstyear", u"2020"_s);
     choose("Cmbfrstmonth", u"March"_s);
@@ -501,12 +574,31 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
 }
 
 // The birthday in the payment month counts as reached for the look-up, but not for the kind of table.
-TEST_F(Periodic, AgeBesideTheTableIsTheOneLookedUp) {
+TEST_F(Periodic, TableIsThatOfTheAgeWithTheOwnRowMarked) {
+    const auto expect_table = [&](const QString& kind, const QString& formula, const QString& years,
+                                  const QString& oldest, const QString& youngest, int rows) {
+        const QAbstractItemModel* table = find<QTableView>("grdlife")->model();
+        EXPECT_EQ(text_of("lblgridtext2"), kind);
+        EXPECT_EQ(text_of("lblgridtext5"), formula);
+        EXPECT_EQ(table->headerData(2, Qt::Horizontal).toString(), years);
+        ASSERT_EQ(table->rowCount(), rows);
+        EXPECT_EQ(table->index(0, 0).data().toString(), oldest);
+        EXPECT_EQ(table->index(rows - 1, 0).data().toString(), youngest);
+    };
+    const auto marked = [&] {
+        QStringList ages;
+        for (const QModelIndex& row : find<QTableView>("grdlife")->selectionModel()->selectedRows()) {
+            ages << row.data().toString();
+        }
+        return ages.join(u' ');
+    };
     go_to_method(u"06151950"_s, u"250000"_s, u"June"_s, u"2020"_s);
     click("optmethod_1");
     click("chkperiod_0");
     click("Cmdnext");
-    EXPECT_EQ(text_of("lblgridtext2"), u"SINGLE LIFE EXPECTANCY"_s);
+    expect_table(u"SINGLE LIFE EXPECTANCY"_s, u"*Life Expectancy=age+divisor"_s, u"LIFE EXPECTANCY"_s,
+                 u"69"_s, u"16"_s, 54);
+    EXPECT_EQ(marked(), QString()) << "it stands in the other table";
     EXPECT_EQ(text_of("lblgridtext4"), u"Age when payments start: 70"_s);
     EXPECT_EQ(text_of("lblothertable"), u"This age is looked up in the minimum distribution table."_s);
     click("cmdprev");
@@ -514,10 +606,17 @@ TEST_F(Periodic, AgeBesideTheTableIsTheOneLookedUp) {
     choose("Cmbfrstmonth", u"July"_s);
     click("Cmdnext");
     click("Cmdnext");
-    EXPECT_EQ(text_of("lblgridtext2"), u"MINIMUM DISTRIBUTION"_s);
+    expect_table(u"MINIMUM DISTRIBUTION"_s, u"*Minimum Distribution Years=age+divisor"_s,
+                 u"MIN. DIST. YRS."_s, u"120"_s, u"70"_s, 51);
+    EXPECT_EQ(marked(), u"70"_s);
     EXPECT_FALSE(find<QWidget>("lblothertable")->isVisible());
-    const auto* table = find<QTableView>("grdlife");
-    EXPECT_EQ(table->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
+    click("cmdprev");
+    click("cmdprev");
+    enter("mskbirth", u"06151960"_s);
+    click("Cmdnext");
+    click("Cmdnext");
+    EXPECT_EQ(marked(), u"60"_s);
+    EXPECT_FALSE(find<QWidget>("lblothertable")->isVisible());
 }
 
 }  // namespace
