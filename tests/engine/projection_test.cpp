@@ -56,6 +56,15 @@ Scenario not_worth_the_fee() {
     return scenario;
 }
 
+// Paid after 366 days without growth, at 80 dollars a year or 50 for a lump sum.
+Scenario just_the_fee(std::int16_t method, double dollars) {
+    Scenario scenario = monthly_over_life(method);
+    scenario.present_value = dollars;
+    scenario.first_pay_month = 1;
+    scenario.first_pay_year = 2021;
+    return scenario;
+}
+
 Scenario without_length() {
     Scenario scenario = monthly_over_life(periodic_payments);
     scenario.length_option = no_length;
@@ -109,6 +118,8 @@ TEST(Projection, FillsTheWorkTables) {
          {{350, "350 0 373248.54 1400.0 371848.54 August 2049"}},
          ""},
         {"nothing left", not_worth_the_fee(), 5.0, Outcome::nothing_left, {}, ""},
+        {"no cent left", just_the_fee(periodic_payments, 80.22), 0.0, Outcome::nothing_left, {}, ""},
+        {"no cent of a lump sum", just_the_fee(lump_sum, 50.14), 0.0, Outcome::nothing_left, {}, ""},
         {"no length chosen", without_length(), 5.0, Outcome::no_payments, {}, ""}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -211,7 +222,19 @@ void expect_explained(const Scenario& scenario, const Projection& p, std::size_t
     const PaymentRow& row = p.schedule.rows[index];
     const std::string text = explanation(scenario, p, index);
     SCOPED_TRACE(text);
-    EXPECT_NE(text.find(money_text(row.payment)), std::string::npos) << "says the amount";
+    const auto says = [&](const std::string& words) { return text.find(words) != std::string::npos; };
+    EXPECT_TRUE(says(money_text(row.payment)) || row.payment == 0.0);
+    const bool last = row.remaining == 0;
+    const bool fixed = scenario.length_option == by_dollar_amount;
+    EXPECT_EQ(says(": nothing is left to be paid."), row.payment == 0.0);
+    EXPECT_EQ(says(": the last payment takes the rest, "), last && row.payment != 0.0);
+    EXPECT_EQ(says(", the amount you chose."), fixed && !last);
+    if (const std::size_t as_in = text.find(" as in "); as_in != std::string::npos) {
+        EXPECT_TRUE(says(" as in January, ") || year_of(row.date) == year_of(p.schedule.rows[0].date) ||
+                    scenario.frequency < 12);
+        EXPECT_TRUE(says(", " + std::to_string(year_of(row.date)) + ", the same within a year."));
+        EXPECT_FALSE(says(" as in " + month_year_text(row.date)));
+    }
     if (const std::size_t division = text.find(" / "); division != std::string::npos) {
         const double left = read_number(text.substr(division + 3));
         EXPECT_EQ(left, row.remaining + 1);
@@ -278,8 +301,13 @@ TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
         EXPECT_LE(std::abs(cents(l.rounding)), complete ? payments : payments + 1);
         EXPECT_LE(l.periods_without_fee, payments);
         EXPECT_TRUE(scenario.fee_amount > 0 || scenario.method == lump_sum || l.fees == 0.0);
-        const Sum sum = read_sum(ledger_text(scenario, l));
-        EXPECT_EQ(sum.left, sum.right);
+        const std::string text = ledger_text(scenario, l);
+        const Sum sum = read_sum(text);
+        EXPECT_EQ(sum.left, sum.right) << text;
+        EXPECT_EQ(text.find(" lump sum and payments") != std::string::npos,
+                  scenario.method == partial_lump_sum)
+            << text;
+        EXPECT_EQ(text.find(" losses, ") != std::string::npos, l.earnings_before < 0.0) << text;
         for (std::size_t index = 0; index < p.schedule.rows.size(); ++index) {
             expect_explained(scenario, p, index);
         }
@@ -315,6 +343,8 @@ TEST(Headline, SaysTheResultInOneSentence) {
          "$85,423.63 a half-year from July, 2020, $87,583.83 from January, 2021; last payment July, "
          "2021, "
          "age 71."},
+        {with(periodic, 2, by_number_of_payments, 2),
+         "$128,135.45 a half-year from July, 2020; last payment January, 2021, age 70."},
         {with(periodic, 4, by_number_of_payments, 2),
          "$128,135.45 a quarter from July, 2020; last payment October, 2020, age 70."},
         {with(periodic, 12, by_number_of_payments, 1), "$256,270.90 once in July, 2020, age 70."},
@@ -378,6 +408,17 @@ TEST(Comparison, ShowsWhatComesOfEachRate) {
     comparison.rates.resize(1);
     EXPECT_EQ(spread_text(scenario, comparison), "");
 
+    scenario = with(monthly_over_life(partial_lump_sum), 12, by_life_expectancy, 349);
+    scenario.scenario_year = 2021;
+    scenario.selected_rates = {5.0};
+    EXPECT_EQ(compare(scenario, today).first_year, 2021);
+    scenario.method = periodic_payments;
+    EXPECT_EQ(compare(scenario, today).rates[0].full_year_amount, 3090.02) << "of 2048";
+    const std::vector<YearRow> years =
+        years_of(project(scenario, 5.0, today), scenario.birth_date, scenario.fee_amount);
+    EXPECT_EQ(years.front().age * 100 + years.back().age, 7099);
+
+    scenario.selected_rates = {4.0, 5.0, 7.0};
     scenario.method = lump_sum;
     const std::vector<LumpSumValue> values = lump_sum_values(scenario, today);
     EXPECT_EQ(values[1].value, 256285.85);

@@ -116,6 +116,7 @@ TEST(Growth, PaysTheFeeOnlyOutOfGrowth) {
         {"rate too small (decimal arithmetic)", 100.0, 5.0, 30, 80.0, 100.415342465753},
         {"almost covered (decimal arithmetic)", 1000.0, 5.0, 31, 80.0, 1004.254520547945},
         {"just covered (decimal arithmetic)", 1600.0, 5.0, 30, 80.0, 1600.01},
+        {"as much growth as fee (decimal arithmetic)", 1597.0, 5.0, 30, 80.0, 1597.0},
         {"covered, leap year (decimal arithmetic)", 100000.0, 6.0, 366, 80.0, 106120.37},
         {"a cent (decimal arithmetic)", 0.01, 6.0, 31, 80.0, 0.014520547945},
         {"no fee, no rate (by hand)", 100.0, 0.0, 30, 0.0, 100.0},

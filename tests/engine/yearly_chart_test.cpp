@@ -42,6 +42,9 @@ TEST_F(YearlyTotalsTest, OneAmountForEachYearFromFirstToLastRow) {
     EXPECT_EQ(totals.balances, (Amounts{800.0, 700.0, 700.0, 700.0, 600.0}));
     EXPECT_EQ(totals.last_months, (std::vector<int>{2, 3, 3, 3, 4}));
     EXPECT_EQ(get_amount(database.schedule(), 2025), 0.0);
+    EXPECT_EQ(refused_chart(database.schedule()), "");
+    fill({{2026, 100.0}, {2027, 100.0}});
+    EXPECT_EQ(refused_chart(database.schedule()), "");
 }
 
 // Twelve payments of 8,333.33 and 8,333.37 are 100,000.00 and not a hair less: the axis shows the step
@@ -53,6 +56,7 @@ TEST_F(YearlyTotalsTest, SumsAreWholeCents) {
     const YearlyTotals totals = yearly_totals(database.schedule());
     EXPECT_EQ(totals.amounts, Amounts{100000.0});
     EXPECT_EQ(y_max(totals.amounts[0]), 110000.0);
+    EXPECT_NE(refused_chart(database.schedule()), "") << "of one year";
 }
 
 TEST_F(YearlyTotalsTest, NoRowsGiveNoYears) {

@@ -62,6 +62,7 @@ TEST(PrintedValues, SayWhatTheScreenShows) {
     EXPECT_EQ(values.last_month + ' ' + values.last_age, "July, 2049 99");
     EXPECT_EQ(values.total_payments + ' ' + values.total_years + ' ' + values.total_paid,
               "349 30 years $578,796.05");
+    EXPECT_EQ(values.total_earnings + ' ' + values.total_fees, "$324,846.68 $2,321.53");
     EXPECT_EQ(joined(values.ledger.front()), "Opening balance $250,000.00 ");
     EXPECT_EQ(joined(values.ledger[3]), "- Payments $578,796.05 ");
     EXPECT_EQ(joined(values.ledger.back()), "= Closing balance $0.00 ");

@@ -197,6 +197,7 @@ TEST_F(Limits, InFigures) {
                           {"more than can be kept", 1959, 12, 250000.0, 0.0, 32767, 4.17, none},
                           {"not in the table", 1958, 12, 250000.0, 0.0, none, none, none},
                           {"rest", 1948, 12, 250000.0, 40000.0, 318, 660.38, 9124.09},
+                          {"rest, no frequency yet", 1948, 0, 250000.0, 40000.0, none, none, 9124.09},
                           {"rest of an amount of a cent", 1948, 12, 250000.0, 0.01, 318, 0.01, 9124.09},
                           {"as high as the amount", 1948, 12, 250000.0, 600.0, 318, 600.0, 9124.09},
                           {"all but a cent", 1948, 12, 250000.0, 249999.99, 318, 0.01, 9124.09},

@@ -110,6 +110,7 @@ TEST_F(PartialLumpSum, IsRefusedForTheFirstFaultOnly) {
         {"76, born in the month of payment", 1950y / 9 / 15, 1, 2027, 1, 10548.53, accepted},
         {"75, below", 1950y / 10 / 1, 1, 2027, 1, 10162.60, too_little},
         {"75", 1950y / 10 / 1, 1, 2027, 1, 10162.61, accepted},
+        {"85, just as much as 250,000 / 16", 1941y / 6 / 15, 1, 2027, 1, 15625.0, accepted},
         {"on the day of 70½, below", 1956y / 3 / 1, 1, 2027, 1, 8591.06, too_little},
         {"on the day of 70½", 1956y / 3 / 1, 1, 2027, 1, 8591.07, accepted},
         {"a day before it", 1956y / 3 / 2, 1, 2027, 1, 1.0, accepted},
