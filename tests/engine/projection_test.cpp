@@ -407,6 +407,12 @@ TEST(Comparison, ShowsWhatComesOfEachRate) {
         "all, and payments end 5 years and 3 months later.");
     comparison.rates.resize(1);
     EXPECT_EQ(spread_text(scenario, comparison), "");
+    scenario.frequency = 4;
+    scenario.fixed_amount = 4200.0;
+    EXPECT_EQ(
+        spread_text(scenario, compare(scenario, today)),
+        "Nobody knows what the account will earn: at 5% instead of 4%, $85,799.19 more is paid in "
+        "all, and payments end 5 years and 3 months later.");
 
     scenario = with(monthly_over_life(partial_lump_sum), 12, by_life_expectancy, 349);
     scenario.scenario_year = 2021;

@@ -111,6 +111,11 @@ TEST(PrintedValues, ALumpSumHasNoYears) {
     EXPECT_FALSE(values.chart);
     EXPECT_TRUE(joined(values.ledger[2]).starts_with("- Fees (at $50 a year) $"))
         << joined(values.ledger[2]);
+    scenario.first_pay_month = 1;
+    for (const double dollars : {9'999'999.99, 10'000'000.0}) {
+        scenario.present_value = dollars;
+        EXPECT_EQ(values_of(scenario).wide, dollars == 1e7) << dollars;
+    }
 }
 
 // 70 years of payments, also of amounts as long as they can be typed.

@@ -183,6 +183,7 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     type("40000\t");
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
     EXPECT_EQ(percentage(), u"16.00"_s);
+    EXPECT_EQ(find<QComboBox>("cmbPercent")->count(), 99);
     find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
     type("12.5\r");
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
@@ -215,6 +216,17 @@ TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
     choose("cmbscnmonth", u"October"_s);
     EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
     EXPECT_FALSE(find<QWidget>("lblnomonth")->isVisible());
+}
+
+TEST_F(Partial, RemainingPaymentsAreOfferedFromThePresentYearOn) {
+    go_to_method();
+    click("optmethod_2");
+    EXPECT_EQ(find<QComboBox>("cmbscnyear")->currentText(), u"2020"_s);
+    today = Date{std::chrono::year{2021} / 1 / 5};  // as on a machine that was left alone
+    click("optmethod_3");
+    press(Qt::Key_Return);
+    click("optmethod_2");
+    EXPECT_EQ(find<QComboBox>("cmbscnyear")->currentText(), u"2021"_s);
 }
 
 // Paid at 73, of divisor 26.5, which is also that of the rest from January 2021 on.

@@ -275,6 +275,9 @@ TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     EXPECT_FALSE(covered());
     EXPECT_EQ(grid_rows(), at_5);
     expect_sound_schedule();
+    choose("cmbrate", u" 7%"_s);
+    EXPECT_EQ(take_messages(), std::vector{limit});
+    EXPECT_EQ(work_table_rows(), at_5) << "nothing computed either";
 }
 
 TEST_F(Periodic, NumberOfPaymentsThenPreviousAndAnotherNumber) {

@@ -323,6 +323,7 @@ TEST_F(ScreenTest, AmountOfAMethodThatIsGivenUpIsNotComplainedAbout) {
         click("optmethod_0");
         EXPECT_TRUE(take_messages().empty()) << text.toStdString();
         EXPECT_EQ(module->scenario.partial_amount, 0.0);
+        EXPECT_EQ(module->scenario.partial_percent, "");
         click("optmethod_2");
     }
     EXPECT_EQ(find<QComboBox>("cmbPercent")->currentText(), QString()) << "of the amount before";
