@@ -314,6 +314,17 @@ TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
         expect_years(scenario, p);
     }
     EXPECT_GT(*std::min_element(std::begin(met), std::end(met)), 30) << "all four outcomes are met";
+
+    Scenario six_cents = monthly_over_life(periodic_payments);
+    six_cents.present_value = 0.06;
+    six_cents.number_of_payments = 12;
+    six_cents.first_pay_month = 1;
+    six_cents.fee_amount = 0;
+    const Projection p = project(six_cents, 0.0, 2020y / 1 / 15);
+    for (std::size_t index = 0; index < p.schedule.rows.size(); ++index) {
+        expect_explained(six_cents, p, index);
+    }
+    EXPECT_EQ(explanation(six_cents, p, 6), "Payment 7, July, 2020: nothing is left to be paid.");
 }
 
 Scenario with(Scenario scenario, std::int16_t frequency, std::int16_t length_option, int number) {
@@ -351,6 +362,9 @@ TEST(Headline, SaysTheResultInOneSentence) {
         {with(periodic, 12, by_dollar_amount, 0),
          "$1,833.33 a month from July, 2020, for 17 years and 4 months (208 payments); last payment of "
          "$1,461.09 in October, 2037, age 87."},
+        {with(periodic, 4, by_dollar_amount, 0),
+         "$5,500.00 a quarter from July, 2020, for 17 years and 3 months (69 payments); last payment "
+         "of $4,469.03 in July, 2037, age 87."},
         {joint,
          "$40,000.00 in July, 2020, then over your joint life expectancy: $627.49 a month from "
          "October, "

@@ -221,7 +221,7 @@ TEST(StoreKilled, LeavesAWholeSchedule) {
     std::uniform_int_distribution<int> microseconds(0, 30'000);
     const char* const wanted = std::getenv("KELVAR_STORE_KILLS");
     const int kills = wanted == nullptr ? 60 : std::atoi(wanted);
-    for (int run = 0; run < kills; ++run) {
+    for (int run = 0; run < kills && !HasFailure(); ++run) {
         int started[2];
         ASSERT_EQ(pipe(started), 0);
         const pid_t child = fork();

@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollArea>
@@ -190,6 +191,12 @@ TEST_F(Dialogs, AreReadableAndHoldTheFocus) {
         EXPECT_EQ(dialog.windowFlags() & (Qt::CustomizeWindowHint | Qt::WindowMinMaxButtonsHint),
                   Qt::CustomizeWindowHint)
             << "can be minimised or maximised";
+        if (dialog.objectName() == u"frmmsg"_s && seen.size() == 1) {
+            module->report("Nothing is told while a message is open.");
+        }
+        if (const auto* yes = dialog.findChild<QPushButton*>(u"cmdyes"_s)) {
+            EXPECT_TRUE(yes->isDefault());
+        }
         if (dialog.objectName() == u"frmclaim"_s) {
             expect_good_lines(dialog);
         }

@@ -84,6 +84,7 @@ TEST_F(LumpSum, NothingLeft) {
     go_to_method(u"06151970"_s, u"10"_s, u"July"_s, u"2040"_s);
     go_to_result("chkrate_1");
     EXPECT_FALSE(find<BarChart>("grphlump")->isVisible());
+    EXPECT_FALSE(find<QWidget>("cmdprint")->isEnabled());
     EXPECT_EQ(text_of("lblstartvalue"), QString());
     EXPECT_EQ(notes_shown, QStringList{});
     EXPECT_EQ(module->database().distrib().text("totalvalue"), "");

@@ -3,6 +3,8 @@
 
 #include <sys/resource.h>
 
+#include <QBarSeries>
+#include <QBarSet>
 #include <QChartView>
 #include <QCheckBox>
 #include <QClipboard>
@@ -145,6 +147,11 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
         text_of("lblexplain"),
         u"Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06. Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23."_s);
     EXPECT_GE(grid->viewport()->height() / grid->rowHeight(0), 8) << "rows to be seen";
+    const auto amount_read_out = [&](int row) {
+        return grid->model()->index(row, 3).data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(amount_read_out(5), u"Amount: $734.30"_s);
+    EXPECT_EQ(amount_read_out(6), u"Amount: $753.06, changed"_s);
 
     press(Qt::Key_E, Qt::AltModifier);
     const QAbstractItemModel* years = find<Grid>("grdyear")->model();
@@ -355,6 +362,14 @@ TEST_F(Periodic, ChartSaysTheYearUnderThePointer) {
                 settle();
                 EXPECT_EQ(text_of("lblreadout"), c.years[year]);
             }
+            const auto* series = qobject_cast<QBarSeries*>(view->chart()->series().front());
+            EXPECT_EQ(series->barSets().front()->at(static_cast<int>(year)),
+                      money(c.years[year].section(u' ', -1)));
+        }
+        find<QWidget>("grphsche")->setFocus();
+        for (const Qt::Key key : {Qt::Key_End, Qt::Key_Right}) {
+            press(key);
+            EXPECT_EQ(text_of("lblreadout"), c.years.back());
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -145,6 +146,15 @@ TEST_F(ScreenTest, TypingReplacesWhatABoxHeld) {
     click("txtcurvalue");
     EXPECT_FALSE(find<QLineEdit>("txtcurvalue")->hasSelectedText());
     EXPECT_TRUE(take_messages().empty());
+    type_into("txtcurvalue", u"0"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(take_messages().size(), 1U);
+    EXPECT_EQ(find<QLineEdit>("txtcurvalue")->selectedText(), u"0.00"_s);
+    press(Qt::Key_D, Qt::AltModifier);
+    QGuiApplication::clipboard()->setText(u"5/7/49"_s);
+    press(Qt::Key_V, Qt::ControlModifier);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(find<QLineEdit>("mskbirth")->text(), u"05/07/1949"_s);
 }
 
 TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
@@ -220,6 +230,8 @@ TEST_F(ScreenTest, AllStandsForTheFourRates) {
         click(box);
         EXPECT_EQ(ticks(), expected) << box;
     }
+    click("cmdprev");
+    EXPECT_EQ(screen_name(), u"frmdist2"_s) << "a lump sum has no length";
 }
 
 // Typing goes on while the message comes up.
@@ -299,6 +311,10 @@ TEST_F(ScreenTest, CloseEndsTheProgram) {
     go_to_participant();
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(window->isVisible());
+    start_program();
+    go_to_participant();
+    static_cast<QWidget*>(window)->close();  // as the button of the window does
+    EXPECT_EQ(window->visible_screen(), nullptr);
 }
 
 TEST_F(ScreenTest, FrequencyBoxesAllowOneTick) {
