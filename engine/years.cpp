@@ -39,15 +39,11 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
 YearRow total_of(const std::vector<YearRow>& years) {
     YearRow total;
     for (const YearRow& year : years) {
-        total.year = year.year;
-        total.age = year.age;
         total.payments += year.payments;
         total.earnings = round_to_cents(total.earnings + year.earnings);
         total.fees = round_to_cents(total.fees + year.fees);
         total.paid = round_to_cents(total.paid + year.paid);
-        total.ending = year.ending;
     }
-    total.beginning = years.empty() ? 0.0 : years.front().beginning;
     return total;
 }
 

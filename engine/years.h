@@ -24,7 +24,7 @@ struct YearRow {
 // One row a year; none without periodic payments. `birth` is the participant's.
 std::vector<YearRow> years_of(const Projection& projection, Date birth, double fee);
 
-// All years as one: the last year and age, from the first beginning to the last ending.
+// Payments, earnings, fees and what is paid of all years; the rest is 0.
 YearRow total_of(const std::vector<YearRow>& years);
 
 }  // namespace kelvar
