@@ -6,7 +6,6 @@
 
 #include "core/numbers.h"
 #include "input/first_payment_lists.h"
-#include "input/rules/birth_date.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/typed_numbers.h"
 #include "widgets/controls.h"
@@ -97,10 +96,14 @@ bool frmdist1::chk_birth() {
         err_box(check.wrong->text, mskbirth);
         return false;
     }
+    take_birth(check);
+    return true;
+}
+
+void frmdist1::take_birth(const BirthCheck& check) {
     scenario.birth_date = *check.date;
     scenario.current_age = check.age;
     first_payment_->follow_birth();
-    return true;
 }
 
 void frmdist1::chk_curvalue() {
@@ -136,6 +139,11 @@ void frmdist1::go_dnxt2() {
                                     .birth_text = to_utf8(mskbirth->mask_text())},
                                    module.today());
     if (check) {
+        // The years are offered all the same, or the next Next would go on with one that nobody saw.
+        const BirthCheck birth = check_birth(to_utf8(mskbirth->mask_text()), module.today());
+        if (!birth.wrong) {
+            take_birth(birth);
+        }
         refuse(check->text, check->field);
         return;
     }

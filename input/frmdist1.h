@@ -1,5 +1,6 @@
 #pragma once
 
+#include "input/rules/birth_date.h"
 #include "shell/screen.h"
 
 class QLineEdit;
@@ -28,6 +29,7 @@ private:
     void build_month();
 
     bool chk_birth();
+    void take_birth(const BirthCheck& check);
     void chk_curvalue();
     void value_left();
 

@@ -258,6 +258,16 @@ TEST_F(ScreenTest, TitleLabelLeavesTheTitleOpenUnderTheMenu) {
     EXPECT_EQ(screen_name(), u"frmdist"_s);
 }
 
+TEST_F(ScreenTest, BirthDateAndEnterOfferTheYears) {
+    go_to_participant();
+    click("mskbirth");
+    type("06151990");
+    press(Qt::Key_Return);
+    EXPECT_EQ(take_messages(), std::vector<std::string>{"Invalid present value of the account."});
+    EXPECT_EQ(focus_name(), u"txtcurvalue"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->count(), 42);  // 2020 to 2061
+}
+
 // The list that the mouse opened has the focus by then; the box is left all the same.
 TEST_F(ScreenTest, ClickIntoAListTakesOverTheBoxBefore) {
     go_to_participant();
