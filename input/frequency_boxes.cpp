@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-FrequencyBoxes::FrequencyBoxes(const QString& name) {
+FrequencyBoxes::FrequencyBoxes(const QString& name, const QString& of) {
     const QString captions[] = {u"Monthl&y"_s, u"&Quarterly"_s, u"Se&mi-Annually"_s, u"Ann&ually"_s};
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(theme::side_margin(), 0, 0, 0);
@@ -18,6 +18,7 @@ FrequencyBoxes::FrequencyBoxes(const QString& name) {
     for (std::size_t index = 0; index < boxes_.size(); ++index) {
         auto* box = new QCheckBox(captions[index]);
         box->setObjectName(u"%1_%2"_s.arg(name).arg(index));
+        box->setAccessibleDescription(of);
         row->addWidget(box);
         boxes_[index] = box;
         connect(box, &QCheckBox::clicked, this, [this, box] {

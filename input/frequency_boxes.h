@@ -13,8 +13,8 @@ class FrequencyBoxes : public QWidget {
     Q_OBJECT
 
 public:
-    // The boxes are named `name`_0 to `name`_3.
-    explicit FrequencyBoxes(const QString& name);
+    // The boxes are named `name`_0 to `name`_3. A screen reader says what they are `of`.
+    FrequencyBoxes(const QString& name, const QString& of);
 
     std::int16_t frequency() const;  // payments per year; 0 while none is ticked
 

@@ -44,7 +44,7 @@ void frmdist2::build_methods() {
     QBoxLayout* column = nullptr;
     content()->addWidget(method_card(0, u"Full &Lump Sum Payment"_s, column));
     content()->addWidget(method_card(1, u"Periodic Payment&s:"_s, column));
-    chkperiod = frequency_boxes("chkperiod", column);
+    chkperiod = frequency_boxes("chkperiod", u"Periodic payments"_s, column);
     content()->addWidget(method_card(2, u"&Amount Certain with Periodic Payments"_s, column));
     build_partial(column);
     content()->addWidget(method_card(3, u"&Rollover funds out of the 457 and 401(K) Plan"_s, column));
@@ -75,8 +75,8 @@ QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& colum
     return card;
 }
 
-FrequencyBoxes* frmdist2::frequency_boxes(const char* name, QBoxLayout* column) {
-    auto* boxes = new FrequencyBoxes(QString::fromLatin1(name));
+FrequencyBoxes* frmdist2::frequency_boxes(const char* name, const QString& of, QBoxLayout* column) {
+    auto* boxes = new FrequencyBoxes(QString::fromLatin1(name), of);
     connect(boxes, &FrequencyBoxes::changed, this,
             [this, boxes] { scenario.frequency = boxes->frequency(); });
     column->addWidget(boxes);
@@ -94,7 +94,7 @@ void frmdist2::build_partial(QBoxLayout* card) {
     column->addWidget(partial_amount_);
     column->addWidget(
         theme::label(u"With remaining balance to be paid:"_s, theme::Role::body, "lblmethod_0"));
-    chkpartial = frequency_boxes("chkpartial", column);
+    chkpartial = frequency_boxes("chkpartial", u"Remaining balance"_s, column);
     commencement_ = new CommencementLists(module);
     column->addWidget(commencement_);
     connect(commencement_, &CommencementLists::taken, partial_amount_, &PartialAmountBox::show_least);

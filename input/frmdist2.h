@@ -31,7 +31,7 @@ private:
     void build_methods();
     void build_partial(QBoxLayout* column);
     QFrame* method_card(int index, const QString& text, QBoxLayout*& column);
-    FrequencyBoxes* frequency_boxes(const char* name, QBoxLayout* column);
+    FrequencyBoxes* frequency_boxes(const char* name, const QString& of, QBoxLayout* column);
 
     void choose_method(int index);
 
