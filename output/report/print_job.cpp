@@ -206,7 +206,7 @@ QString print(Module1& module, QWidget* window, Destination destination,
             require_font();
             job = prepare();
         }
-        const QString printed = print_prepared(module, window, destination, job, progress);
+        QString printed = print_prepared(module, window, destination, job, progress);
         progress.end();
         if (!printed.isEmpty() && !job.missing.empty()) {
             module.screens.show_message("Not everything was printed.\n\n" + job.missing);
