@@ -2,8 +2,8 @@
 // after its first paint.
 #include <QApplication>
 #include <QPainter>
-#include <QTimer>
-#include <QWidget>
+
+#include "bench/first_paint.h"
 
 namespace {
 
@@ -18,8 +18,8 @@ class Window : public QWidget {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     Window window;
+    const kelvar::EndAfterFirstPaint end(window);
     window.resize(869, 680);
     window.show();
-    QTimer::singleShot(0, &application, &QCoreApplication::quit);
     return QApplication::exec();
 }

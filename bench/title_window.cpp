@@ -1,6 +1,5 @@
-// The program up to its shown title screen, ended after its first paint. Its folder is the argument.
-#include <QTimer>
-
+// The program up to its title screen, ended after its first paint. Its folder is the argument.
+#include "bench/first_paint.h"
 #include "main/program.h"
 #include "shell/application.h"
 #include "widgets/theme.h"
@@ -10,7 +9,7 @@ int main(int argc, char** argv) {
     Application application(argc, argv);
     theme::apply(application);
     Program program(argv[1]);
+    const EndAfterFirstPaint end(program.window());
     program.open();
-    QTimer::singleShot(0, &application, &QCoreApplication::quit);
     return Application::exec();
 }
