@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QScreen>
@@ -142,15 +143,39 @@ QByteArray drawing(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QPixmap render(QByteArray drawing, const QColor& color, int size) {
-    drawing.replace("currentColor", color.name().toUtf8());
-    QSvgRenderer renderer(drawing);
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    return pixmap;
+void draw(const QString& name, const QColor& color, QPainter& painter, const QRect& place) {
+    QSvgRenderer(drawing(name).replace("currentColor", color.name().toUtf8())).render(&painter, place);
 }
+
+// Drawn when it is shown, in the size and state it is shown in: most screens are seen in one state
+// only.
+class DrawnIcon : public QIconEngine {
+public:
+    explicit DrawnIcon(const QString& name) : name_(name) {}
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
+        const QColor disabled = QApplication::palette().color(QPalette::Disabled, QPalette::ButtonText);
+        draw(name_, mode == QIcon::Disabled ? disabled : colors_.accent, *painter, place);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    // For who lists windows.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        return {QSize(16, 16), QSize(32, 32), QSize(48, 48)};
+    }
+
+    QIconEngine* clone() const override { return new DrawnIcon(name_); }
+
+private:
+    QString name_;
+};
 
 }  // namespace
 
@@ -194,15 +219,15 @@ QLabel* label(const QString& text, Role role, const char* name) {
 }
 
 QIcon icon(const QString& name) {
-    constexpr int size = 48;  // sharp on a screen of double density
-    const QColor disabled = QApplication::palette().color(QPalette::Disabled, QPalette::ButtonText);
-    QIcon icon(picture(name, size));
-    icon.addPixmap(render(drawing(name), disabled, size), QIcon::Disabled);
-    return icon;
+    return QIcon(new DrawnIcon(name));
 }
 
 QPixmap picture(const QString& name, int size) {
-    return render(drawing(name), colors_.accent, size);
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    draw(name, colors_.accent, painter, pixmap.rect());
+    return pixmap;
 }
 
 QPixmap legend_key(Qt::BrushStyle pattern) {
