@@ -24,10 +24,10 @@ Check chk_fields(const ParticipantEntry& entry, Date today);
 // Periodic payments.
 Check check_periodic(const Scenario& scenario);
 
-// An amount certain with periodic payments. Stores `current_age` and `life_expectancy_age` on the way.
-// `scenario_month` and `scenario_year` hold the chosen commencement, 0 when nothing could be chosen.
-// Payments that begin beyond the life expectancy can be a question; `insists` after the user's No,
-// which leaves out the checks behind it.
+// An amount certain with periodic payments. Stores `current_age`, `lookup_age` and
+// `life_expectancy_age` on the way. `scenario_month` and `scenario_year` hold the chosen commencement,
+// 0 when nothing could be chosen. Payments that begin beyond the life expectancy can be a question;
+// `insists` after the user's No, which leaves out the checks behind it.
 Check check_partial(Scenario& scenario, Database& database, std::string_view partial_text, Date today,
                     bool insists = false);
 

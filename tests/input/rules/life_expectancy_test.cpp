@@ -180,6 +180,12 @@ TEST_F(Length, SingleLifeFindsItsOwnAgeAfterJointLifeAndTheOtherMethod) {
     scenario.method = partial_lump_sum;
     EXPECT_EQ(next(life), "");
     EXPECT_EQ(scenario.lookup_age, 77);
+    scenario.partial_amount = 100.0;
+    EXPECT_EQ(next(joint_life), "");
+    EXPECT_EQ(scenario.life_expectancy_age, 107.5) << "77, spouse 57";
+    EXPECT_EQ(next(amount("100")), "") << "exempt";
+    EXPECT_EQ(scenario.lookup_age, 75);
+    EXPECT_DOUBLE_EQ(scenario.life_expectancy_age, 99.6);
     scenario.method = periodic_payments;
     EXPECT_EQ(next(amount("5000")), "");
     EXPECT_EQ(scenario.lookup_age, 75);
