@@ -74,6 +74,7 @@ void FirstPaymentLists::follow_day() {
 }
 
 void FirstPaymentLists::follow_birth() {
+    birth_known_ = true;
     get_year();
     chk_year();
 }
@@ -94,7 +95,7 @@ void FirstPaymentLists::get_year() {
         const QSignalBlocker quiet(Cmbfrstyear);
         Cmbfrstyear->setCurrentIndex(wished);
     }
-    show_latest(latest_first_month(birth, module.today()));
+    show_latest(birth_known_ ? latest_first_month(birth, module.today()) : std::nullopt);
 }
 
 void FirstPaymentLists::show_latest(std::optional<Date> month) {
@@ -132,7 +133,7 @@ void FirstPaymentLists::less_month_now() {
 }
 
 void FirstPaymentLists::show_age() {
-    if (year() == 0 || scenario.current_age == 0) {
+    if (year() == 0 || scenario.current_age == 0 || !birth_known_) {
         lblage->clear();
         return;
     }
@@ -141,11 +142,8 @@ void FirstPaymentLists::show_age() {
 }
 
 void FirstPaymentLists::clear_age() {
-    lblage->clear();
-    clear_latest();
-}
-
-void FirstPaymentLists::clear_latest() {
+    birth_known_ = false;
+    show_age();
     show_latest(std::nullopt);
 }
 

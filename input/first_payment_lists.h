@@ -18,7 +18,7 @@ class FirstPaymentLists : public QWidget {
 public:
     explicit FirstPaymentLists(Module1& module);
 
-    // Chooses a month, as the user would, before anything is offered.
+    // Chooses a month, 1..12, as the user would, before anything is offered.
     void start_with(int month) { wished_month_ = month; }
     // Offers what may be chosen today, and shows the age.
     void offer();
@@ -27,10 +27,9 @@ public:
     void follow_day();
     // Lists and age follow a new date of birth.
     void follow_birth();
-    // The date of birth is refused: neither the age nor the latest month is known.
+    // The date of birth is refused or taken away: neither the age nor the latest month is known. What
+    // was offered for the last one stays.
     void clear_age();
-    // The date of birth was taken away.
-    void clear_latest();
 
     int month() const;      // 1..12
     int year() const;       // 0 while no year is offered
@@ -58,6 +57,7 @@ private:
     QLabel* lblchanged = nullptr;
     int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
     int wished_year_ = 0;   // 0 while none was chosen
+    bool birth_known_ = true;
 };
 
 }  // namespace kelvar

@@ -37,7 +37,7 @@ void frmdist1::build_birth() {
     content()->addWidget(fram1);
     on_leave(mskbirth, [this](Leaving leaving) {
         if (mskbirth->is_empty()) {
-            first_payment_->clear_latest();
+            first_payment_->clear_age();
         } else if (!leaving.to_navigation) {
             chk_birth();
         }

@@ -7,7 +7,6 @@
 #include <QRadioButton>
 
 #include "core/numbers.h"
-#include "core/plan.h"
 #include "input/length_limits.h"
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
@@ -104,7 +103,7 @@ void frmdist3::activate() {
 
 void frmdist3::show_ages() {
     life_table_->show_ages(scenario, module.today());
-    life_options_->name_single(payment_start_age(scenario) >= plan::minimum_distribution_from);
+    life_options_->name_single(minimum_distribution_counts(scenario));
 }
 
 void frmdist3::show_limits() {

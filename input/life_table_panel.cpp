@@ -13,14 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-namespace {
-
-bool minimum_distribution_counts(const Scenario& scenario) {
-    return payment_start_age(scenario) >= plan::minimum_distribution_from;
-}
-
-}  // namespace
-
 LifeTablePanel::LifeTablePanel() {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

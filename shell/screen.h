@@ -16,9 +16,6 @@
 #include "widgets/field_leaving.h"
 
 class QAbstractButton;
-class QComboBox;
-class QDialog;
-class QGroupBox;
 class QLabel;
 class QPushButton;
 class QScrollArea;
@@ -80,9 +77,7 @@ protected:
 
     void set_first_field(QWidget* field);
 
-    using Leaving = kelvar::Leaving;
-    // Runs the action after the focus has left the field for another one of this window. It runs from
-    // the event loop, so that the click that took the focus away is complete.
+    // See FieldLeaving::add.
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
     // A click on the widget, or on anything in it, chooses the option while the widget is disabled.

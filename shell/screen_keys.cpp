@@ -21,6 +21,11 @@ bool types_with_alt(const QKeyEvent& key) {
     return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text().front().isPrint();
 }
 
+// It would press Next on one screen after the other.
+bool is_held_enter(const QKeyEvent& key) {
+    return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+}
+
 }  // namespace
 
 ScreenKeys::ScreenKeys(const QWidget* screen, QScrollArea* page, FieldLeaving& leaving,
@@ -67,8 +72,10 @@ void ScreenKeys::press_enter() {
 bool ScreenKeys::takes(QWidget* widget, const QEvent& event) {
     switch (event.type()) {
         case QEvent::KeyPress:
-            return qobject_cast<QLineEdit*>(widget) != nullptr &&
-                   types_with_alt(static_cast<const QKeyEvent&>(event));
+            return (screen_->isAncestorOf(widget) &&
+                    is_held_enter(static_cast<const QKeyEvent&>(event))) ||
+                   (qobject_cast<QLineEdit*>(widget) != nullptr &&
+                    types_with_alt(static_cast<const QKeyEvent&>(event)));
         case QEvent::Shortcut:
             return screen_->isAncestorOf(widget) &&
                    (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), event) ||

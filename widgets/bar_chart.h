@@ -16,7 +16,8 @@ public:
 
     // May be called again. Each set has a value for every label.
     void show_bars(const BarData& bars) { show_data(bars); }
-    // The keys go on from the first bar of this label; with the focus it is said at once.
+    // After show_bars: the keys go on from the first bar of this label, from 0 on; with the focus it is
+    // said at once.
     void choose(int label);
 
     QString sentence(int place) const override;

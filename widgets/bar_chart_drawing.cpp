@@ -16,7 +16,6 @@ namespace {
 
 constexpr double bar_width = 0.8;    // share of a label's room that its bars take
 constexpr double small_font = 0.85;  // of the values above the bars
-constexpr double gap = theme::grid;  // between texts
 
 // The first set is drawn solid, the second hatched, so that they differ without colour too.
 Qt::BrushStyle fill(std::size_t set) {

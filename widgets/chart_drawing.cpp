@@ -18,12 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-namespace {
-
-constexpr double gap = theme::grid;  // between texts
-
-}  // namespace
-
 QString short_text(double value, ChartUnit unit) {
     return to_qt(
         format_number(value, unit == ChartUnit::dollars ? pattern::whole_dollars : pattern::whole));
@@ -131,12 +125,13 @@ void ChartDrawing::place_texts() {
     place_sets();
 }
 
-// Every label, or every second, fifth, tenth and so on, so that none touches the next.
+// Every label, or every second, fifth, tenth and so on, so that no number, all of one width, touches
+// the next.
 std::size_t ChartDrawing::label_step() const {
-    const double widest = label_texts_.back()->boundingRect().width() + gap;
+    const double width = label_texts_.back()->boundingRect().width() + gap;
     std::size_t step = 1;
     for (const std::size_t larger : {2U, 5U, 10U, 20U, 50U}) {
-        if (widest > slot() * static_cast<double>(step)) {
+        if (width > slot() * static_cast<double>(step)) {
             step = larger;
         }
     }

@@ -38,6 +38,8 @@ class ChartDrawing : public QChart {
     Q_OBJECT
 
 public:
+    static constexpr double gap = 8.0;  // between texts
+
     struct Look {
         QFont font;
         QColor paper;

@@ -26,7 +26,7 @@ namespace control {
 QPushButton* button(const QString& text, const char* name);
 // A picture that acts: a button for the mouse, the keyboard and screen readers.
 QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
-// The words beside a picture; a click on them presses it.
+// The words beside a picture; on a Screen a click on them presses it.
 QLabel* words_beside(QToolButton* picture, const QString& text, const char* name);
 QGroupBox* frame(const QString& caption, const char* name);
 // Side by side, or below each other when the text is large.

@@ -27,6 +27,7 @@ bool EntryList::take_popup_used() {
 }
 
 void EntryList::keyPressEvent(QKeyEvent* event) {
+    popup_used_ = false;  // by a list that was closed without a choice
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         emit entered();
     } else {

@@ -17,6 +17,9 @@ void FieldLeaving::finish() {
 }
 
 bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && std::exchange(dropped_, false)) {
+        return true;
+    }
     const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!key || to_come_ == 0 || !screen_->isAncestorOf(receiver)) {
         return false;
@@ -24,6 +27,8 @@ bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
     const bool told_before = told_();
     finish();
     if (told_() && !told_before) {
+        event->accept();  // no shortcut either
+        dropped_ = event->type() == QEvent::ShortcutOverride;
         return true;
     }
     QWidget* focus = QApplication::focusWidget();

@@ -44,7 +44,8 @@ private:
     const QWidget* navigation_;
     std::function<bool()> told_;
     std::vector<std::pair<QWidget*, Action>> actions_;
-    int to_come_ = 0;  // actions that still wait in the event loop
+    int to_come_ = 0;       // actions that still wait in the event loop
+    bool dropped_ = false;  // the key whose press follows has gone to nothing already
 };
 
 }  // namespace kelvar

@@ -4,8 +4,8 @@
 
 namespace kelvar {
 
-// A thick line around the control that has the focus, for eyes that do not see the style's thin one and
-// to tell the focus from the default button.
+// A thick line around the control that has the focus, which also tells it from the default button. The
+// style's own thin one is hard to see, and around buttons it draws none.
 class FocusRing : public QWidget {
     Q_OBJECT
 

@@ -18,7 +18,7 @@ LineChartDrawing& LineChart::lines() const {
 
 void LineChart::choose(int set) {
     lines().emphasise(set);
-    if (places() > 0) {
+    if (set != no_line && places() > 0) {
         go_on_from(lines().place(static_cast<std::size_t>(set), lines().point(selected()).label));
     }
 }

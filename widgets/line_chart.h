@@ -20,7 +20,9 @@ public:
 
     // May be called again; no line is chosen then. Up to four are told apart.
     void show_lines(const LineData& lines) { show_data(lines); }
-    // Draws this line stronger, and the keys go on from it; with the focus it is said at once.
+    static constexpr int no_line = -1;
+    // After show_lines: draws this line, from 0 on, stronger, and the keys go on from it; with the
+    // focus it is said at once. With no_line none is stronger, and the keys stay where they are.
     void choose(int set);
 
     // Such as "2031, 5%: $201,334.12".

@@ -1,9 +1,11 @@
 #include "widgets/masked_date_edit.h"
 
-#include <QClipboard>
+#include <QAction>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QRegularExpression>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +24,7 @@ MaskedDateEdit::MaskedDateEdit(const char* name) {
     setObjectName(QString::fromLatin1(name));
     setInputMask(u"99/99/9999;_"_s);
     setCursorPosition(0);
+    setAcceptDrops(false);
     setFixedWidth(fontMetrics().horizontalAdvance(u"00/00/0000"_s) +
                   4 * fontMetrics().averageCharWidth());
 }
@@ -32,7 +35,7 @@ bool MaskedDateEdit::is_empty() const {
 
 void MaskedDateEdit::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) {
-        paste_date(QGuiApplication::clipboard()->text());
+        paste_date(QClipboard::Clipboard);
         event->accept();
     } else if (event->text() == u"/"_s || event->text() == u"-"_s || event->text() == u"."_s) {
         end_part();
@@ -51,10 +54,25 @@ void MaskedDateEdit::select_content() {
 }
 
 void MaskedDateEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton) {
+        paste_date(QClipboard::Selection);
+        return;
+    }
     QLineEdit::mouseReleaseEvent(event);
     if (is_empty()) {
         setCursorPosition(0);
     }
+}
+
+void MaskedDateEdit::contextMenuEvent(QContextMenuEvent* event) {
+    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+    for (QAction* action : menu->actions()) {
+        if (action->text().startsWith(u"&Paste"_s)) {
+            action->disconnect();
+            connect(action, &QAction::triggered, this, [this] { paste_date(QClipboard::Clipboard); });
+        }
+    }
+    menu->exec(event->globalPos());
 }
 
 void MaskedDateEdit::end_part() {
@@ -77,10 +95,10 @@ void MaskedDateEdit::end_part() {
     setCursorPosition(start == 0 ? day_start : year_start);
 }
 
-void MaskedDateEdit::paste_date(const QString& text) {
+void MaskedDateEdit::paste_date(QClipboard::Mode from) {
     static const QRegularExpression date(
         u"^\\s*(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})\\s*$|^\\s*(\\d\\d)(\\d\\d)(\\d{4})\\s*$"_s);
-    const QRegularExpressionMatch match = date.match(text);
+    const QRegularExpressionMatch match = date.match(QGuiApplication::clipboard()->text(from));
     if (!match.hasMatch()) {
         return;
     }

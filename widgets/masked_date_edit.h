@@ -1,6 +1,8 @@
 // A date box with the mask __/__/____ (month, day, year).
 #pragma once
 
+#include <QClipboard>
+
 #include "widgets/entry_box.h"
 
 namespace kelvar {
@@ -22,10 +24,11 @@ protected:
     // date and nothing else.
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void end_part();
-    void paste_date(const QString& text);
+    void paste_date(QClipboard::Mode from);
 };
 
 }  // namespace kelvar

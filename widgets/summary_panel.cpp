@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QScrollArea>
 
+#include "widgets/entry_box.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
@@ -66,7 +68,7 @@ void SummaryPanel::keyPressEvent(QKeyEvent* event) {
 
 void SummaryPanel::focusInEvent(QFocusEvent* event) {
     QFrame::focusInEvent(event);
-    mark(0, 1);
+    mark(selects_text(event->reason()) ? 0 : marked_, 1);
 }
 
 void SummaryPanel::focusOutEvent(QFocusEvent* event) {

@@ -34,8 +34,7 @@ Colors make_colors(bool dark) {
                 .band_text = QColor(0xff, 0xff, 0xff),
                 .text = QColor(0xe8, 0xed, 0xf2),
                 .note = QColor(0xb8, 0xc4, 0xcf),
-                .accent = QColor(0x7c, 0xbd, 0xe8),
-                .warning = QColor(0xf0, 0xb4, 0x5b)};
+                .accent = QColor(0x7c, 0xbd, 0xe8)};
     }
     return {.window = QColor(0xf2, 0xf5, 0xf8),
             .card = QColor(0xff, 0xff, 0xff),
@@ -46,8 +45,7 @@ Colors make_colors(bool dark) {
             .band_text = QColor(0xff, 0xff, 0xff),
             .text = QColor(0x1d, 0x28, 0x33),
             .note = QColor(0x4a, 0x57, 0x64),
-            .accent = QColor(0x1a, 0x66, 0x9c),
-            .warning = QColor(0xa1, 0x57, 0x00)};
+            .accent = QColor(0x1a, 0x66, 0x9c)};
 }
 
 bool dark_ = false;
@@ -67,7 +65,6 @@ QPalette palette() {
     palette.setColor(QPalette::ButtonText, c.text);
     palette.setColor(QPalette::ToolTipBase, c.card);
     palette.setColor(QPalette::ToolTipText, c.text);
-    palette.setColor(QPalette::BrightText, c.warning);
     palette.setColor(QPalette::Link, c.accent);
     palette.setColor(QPalette::Highlight, dark_ ? QColor(0x2a, 0x74, 0xaa) : c.accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);

@@ -10,7 +10,8 @@ class QApplication;
 
 namespace kelvar::theme {
 
-inline constexpr int grid = 8;  // all distances are multiples of this, in device-independent pixels
+inline constexpr int grid =
+    8;  // distances are multiples or simple parts of this, in device-independent pixels
 
 // Sets style, palette, fonts and style sheet. Called once, before the first window.
 void apply(QApplication& application);
@@ -32,7 +33,6 @@ struct Colors {
     QColor text;
     QColor note;
     QColor accent;
-    QColor warning;
 };
 const Colors& colors();
 

@@ -61,12 +61,6 @@ void WrappingRadioButton::paintEvent(QPaintEvent*) {
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
     painter.drawText(text, flags, this->text());
-    if (hasFocus()) {
-        QStyleOptionFocusRect focus;
-        focus.initFrom(this);
-        focus.rect = text.adjusted(-2, -1, 2, 1);
-        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
-    }
 }
 
 }  // namespace kelvar

@@ -1,6 +1,7 @@
 #include "input/rules/lookup_ages.h"
 
 #include "core/ages.h"
+#include "core/plan.h"
 
 namespace kelvar {
 
@@ -34,6 +35,10 @@ std::int16_t participant_lookup_age(const Scenario& scenario, Date today) {
 std::int16_t payment_start_age(const Scenario& scenario) {
     const auto [month, year] = start_month(scenario);
     return age_at_payment(scenario.birth_date, month, year);
+}
+
+bool minimum_distribution_counts(const Scenario& scenario) {
+    return payment_start_age(scenario) >= plan::minimum_distribution_from;
 }
 
 std::int16_t single_life_age(const Scenario& scenario, Date today) {

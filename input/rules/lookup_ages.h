@@ -16,6 +16,10 @@ std::int16_t participant_lookup_age(const Scenario& scenario, Date today);
 // The participant's age when periodic payments start, for the chosen method.
 std::int16_t payment_start_age(const Scenario& scenario);
 
+// True when payments start late enough for the minimum distribution table; the single life table counts
+// before.
+bool minimum_distribution_counts(const Scenario& scenario);
+
 // The age whose row the single life or minimum distribution table is looked up at.
 std::int16_t single_life_age(const Scenario& scenario, Date today);
 

@@ -1,4 +1,4 @@
-// Numbers as they are typed into boxes. None is longer than what a person would type.
+// Numbers as they are typed into boxes. A text of more than 60 bytes, which no person types, is none.
 #pragma once
 
 #include <optional>

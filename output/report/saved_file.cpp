@@ -69,7 +69,7 @@ QString proposed_name(const QString& title, const QString& rate, Date day) {
         name.chop(1);
     }
     const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
-    return (name.isEmpty() ? u"Report"_s : name) + u' ' + rate.trimmed() + u' ' + date;
+    return u"%1 %2 %3"_s.arg(name.isEmpty() ? u"Report"_s : name, rate, date).simplified();
 }
 
 QString ask_where_to_save(QWidget* window, const QString& title, const QString& name,

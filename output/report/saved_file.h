@@ -13,8 +13,8 @@ class QWidget;
 
 namespace kelvar {
 
-// What a file is called without its suffix, such as "Periodic Payments 5% 2020-01-15". What no file
-// name can hold is left out of the title.
+// What a file is called without its suffix, such as "Periodic Payments 5% 2020-01-15"; `rate` may be
+// empty. What no file name can hold becomes a dash.
 QString proposed_name(const QString& title, const QString& rate, Date day);
 
 struct FileKind {

@@ -151,17 +151,15 @@ void frmcompare::show_lines() {
     grphcompare->setMinimumHeight(lines_of_text * fontMetrics().height());
 }
 
-// The line of the chosen row stands out.
+// The line of the chosen row stands out, if it has one.
 void frmcompare::follow_row() {
     const QModelIndex current = grdcompare->currentIndex();
     if (!current.isValid()) {
         return;
     }
     const auto row = comparison_.rates.begin() + current.row();
-    if (is_complete(*row)) {
-        grphcompare->choose(
-            static_cast<int>(std::count_if(comparison_.rates.begin(), row, is_complete)));
-    }
+    const auto lines_above = std::count_if(comparison_.rates.begin(), row, is_complete);
+    grphcompare->choose(is_complete(*row) ? static_cast<int>(lines_above) : LineChart::no_line);
 }
 
 void frmcompare::show_schedule() {
@@ -179,7 +177,7 @@ QString frmcompare::file_name() const {
 
 PrintJob frmcompare::print_job() const {
     ReportValues result = printed_comparison(scenario, comparison_);
-    if (grphcompare->places() > 0) {
+    if (!grphcompare->isHidden()) {
         result.chart = [this](QPainter& painter, const QRectF& area) {
             grphcompare->paint_on_paper(painter, area);
         };

@@ -35,6 +35,7 @@ enum class Share { fixed_income, equity };
 QBoxLayout* legend_entry(Share share, QLabel* words);
 
 enum class PortfolioName { alone, in_overview };
+// `index` from 0 to 3, the highest risk first.
 QGroupBox* portfolio_frame(int index, PortfolioName name);
 
 }  // namespace kelvar

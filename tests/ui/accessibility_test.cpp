@@ -204,7 +204,7 @@ TEST_F(Dialogs, AreReadableAndHoldTheFocus) {
         EXPECT_NE(dialog.focusWidget(), nullptr) << name_of(&dialog);
     };
     go_to_participant();
-    click("Cmdnext");  // an empty birth date: a message
+    click("Cmdnext");  // an empty balance: a message
     module->ask("Go on?");
     window->resize(1900, 1000);
     window->show(ScreenId::frmclaim);
@@ -447,7 +447,7 @@ TEST(Contrast, IsEnoughInLightAndDark) {
             {"chosen bar", c.text, c.accent, 1.5},
             {"box to fill in on card", c.outline, c.card, 3.0},
             {"circle on window", c.outline, c.window, 3.0},
-            {"warning sign", c.warning, c.window, 3.0},
+            {"signs of messages", c.accent, c.window, 3.0},
         };
         for (const Pair& pair : pairs) {
             EXPECT_GE(contrast(pair.one, pair.other), pair.least)

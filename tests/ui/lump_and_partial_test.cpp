@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPushButton>
 
 #include "core/numbers.h"
 #include "tests/support/sql.h"
@@ -197,6 +196,11 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
     type("100\r");
     EXPECT_EQ(take_messages().size(), 1U);
+    EXPECT_EQ(focus_name(), u"cmbPercent"_s);
+    // A list closed without a choice is not one picked from; arrow keys go on stepping.
+    find<QComboBox>("cmbPercent")->showPopup();
+    find<QComboBox>("cmbPercent")->hidePopup();
+    press(Qt::Key_Down);
     EXPECT_EQ(focus_name(), u"cmbPercent"_s);
 }
 

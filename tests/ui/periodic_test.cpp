@@ -11,10 +11,10 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
+#include <QGraphicsPathItem>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
 #include <QTest>
 #include <cmath>
@@ -243,7 +243,7 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     EXPECT_EQ(module->database().distrib().number("fixamount"), 2500.0);
 }
 
-// 1,000 a month outlives the account without growth, but at 5% and more it never empties it.
+// 1,400 a month empties the account in time at 5%, but at 7% and more it outlasts the life expectancy.
 TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     const std::string limit =
         "Because of the assumed rate of return you selected, the total number of payments in this "
@@ -285,6 +285,20 @@ TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     choose("cmbrate", u" 7%"_s);
     EXPECT_EQ(take_messages(), std::vector{limit});
     EXPECT_EQ(work_table_rows(), at_5) << "nothing computed either";
+
+    click("cmdcompare");
+    const auto strong_lines = [this] {
+        const auto* view = find<QWidget>("grphcompare")->findChild<QChartView*>();
+        return std::ranges::count_if(view->chart()->childItems(), [](QGraphicsItem* item) {
+            const auto* path = qgraphicsitem_cast<QGraphicsPathItem*>(item);
+            return path != nullptr && path->pen().widthF() > 3.0;
+        });
+    };
+    EXPECT_EQ(strong_lines(), 0) << "at 7% there is no line";
+    press(Qt::Key_Up);
+    EXPECT_EQ(strong_lines(), 1) << "that of 5%";
+    press(Qt::Key_Down);
+    EXPECT_EQ(strong_lines(), 0);
 }
 
 TEST_F(Periodic, NumberOfPaymentsThenPreviousAndAnotherNumber) {
@@ -565,9 +579,11 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
     for (const QString& no_birth : {QString(), u"02301960"_s}) {
         enter("mskbirth", no_birth);
-        EXPECT_EQ(text_of("lbllatest"), QString());
+        choose("Cmbfrstmonth", u"July"_s);
+        EXPECT_EQ(text_of("lbllatest") + text_of("lblage"), QString());
         enter("mskbirth", u"06151960"_s);
         EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
+        EXPECT_EQ(text_of("lblage"), u"65"_s);
     }
     EXPECT_EQ(take_messages().size(), 1u);
     // Corrected just before Next, which stays where the year has become another one.

@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QCategoryAxis>
 #include <QChartView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
@@ -111,7 +112,7 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("cmdcompare");
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
-    EXPECT_EQ(offered, u"Periodic Payments Comparison  2020-01-15.pdf"_s);
+    EXPECT_EQ(offered, u"Periodic Payments Comparison 2020-01-15.pdf"_s);
     click("cmdprev");
     choose("cmbrate", u" 6%"_s);
     EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
@@ -231,6 +232,23 @@ TEST_F(Printing, ChartNeedsTwoYears) {
                   std::vector<std::string>{"This chart is only available for distribution payments "
                                            "spread over two calendar years or longer."});
         EXPECT_EQ(screen_name(), u"frmperio"_s);
+    }
+    // The comparison draws no line then, neither on the screen nor on paper.
+    std::ofstream(folder.path() / "compare.rpt")
+        << "rates{{#result.chart}}<p style='page-break-before: always'>chart</p>{{/result.chart}}";
+    for (const auto& [payments, pages] : {std::pair{u"6"_s, 1}, {u"24"_s, 2}}) {
+        click("cmdprev");
+        click("cmdprev");
+        enter("txtnumber", payments);
+        click("Cmdnext");
+        find<QCheckBox>("chkrate_1")->setChecked(true);
+        find<QCheckBox>("chkrate_2")->setChecked(true);
+        click("Cmdnext");
+        click("cmdcompare");
+        EXPECT_EQ(find<QWidget>("grphcompare")->isVisible(), pages == 2);
+        click("cmdprint");
+        EXPECT_EQ(printed_pages(), pages) << payments.toStdString();
+        click("cmdprev");
     }
 }
 

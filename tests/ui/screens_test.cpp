@@ -60,6 +60,9 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     click("Cmdnext");
     expect_tab_order({u"pictime"_s, u"Picmethod"_s, u"piclengt"_s, u"piclast"_s, u"cmdchart"_s,
                       u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+    QApplication::sendEvent(window->focusWidget(), &held);
+    EXPECT_EQ(screen_name(), u"frmdist"_s) << "Enter still held from the title";
     click("Cmdnext");
     EXPECT_EQ(focus_name(), u"mskbirth"_s);
     enter("mskbirth", u"06151950"_s);
@@ -154,7 +157,23 @@ TEST_F(ScreenTest, TypingReplacesWhatABoxHeld) {
     QGuiApplication::clipboard()->setText(u"5/7/49"_s);
     press(Qt::Key_V, Qt::ControlModifier);
     press(Qt::Key_Tab);
-    EXPECT_EQ(find<QLineEdit>("mskbirth")->text(), u"05/07/1949"_s);
+    auto* birth = find<QLineEdit>("mskbirth");
+    EXPECT_EQ(birth->text(), u"05/07/1949"_s);
+    menu_entry = u"&Paste\tCtrl+V"_s;
+    for (const QString& pasted : {u"1/2/1950"_s, u"1951"_s}) {
+        QGuiApplication::clipboard()->setText(pasted);
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, birth->mapToGlobal(QPoint()));
+        QApplication::sendEvent(birth, &menu);
+        EXPECT_EQ(birth->text(), u"01/02/1950"_s) << "a whole date or nothing";
+    }
+    // A key pressed before the message of the box before is there goes to nothing.
+    type_into("mskbirth", u"13011950"_s);
+    QTest::keyClick(birth, Qt::Key_Tab);
+    QTest::keyClick(window->windowHandle(), Qt::Key_2);
+    EXPECT_EQ(take_messages().size(), 1U);
+    EXPECT_EQ(birth->text(), u"13/01/1950"_s);
+    type("2");
+    EXPECT_EQ(birth->displayText(), u"2_/__/____"_s);
 }
 
 TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {

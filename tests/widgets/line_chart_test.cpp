@@ -104,12 +104,23 @@ TEST_F(LineChartTest, LinesAreToldApartWithoutColour) {
         }
     }
     EXPECT_EQ(looks.size(), 4u);
-    QImage paper(900, 600, QImage::Format_RGB32);
-    paper.fill(Qt::red);
-    QPainter painter(&paper);
-    chart.paint_on_paper(painter, paper.rect());
-    painter.end();
-    EXPECT_EQ(paper.pixelColor(0, 599), QColor(Qt::white));
+    looks.clear();
+    for (int alone = 0; alone < 4; ++alone) {
+        LineData lines = balances();
+        for (int set = 0; set < 4; ++set) {
+            lines.sets[static_cast<std::size_t>(set)] = {
+                u"rate"_s, set == alone ? std::vector{100.0, 50.0, 0.0} : std::vector<double>{}};
+        }
+        chart.show_lines(lines);
+        QImage paper(900, 600, QImage::Format_RGB32);
+        paper.fill(Qt::red);
+        QPainter painter(&paper);
+        chart.paint_on_paper(painter, paper.rect());
+        painter.end();
+        EXPECT_EQ(paper.pixelColor(0, 599), QColor(Qt::white));
+        looks.insert(look(paper));
+    }
+    EXPECT_EQ(looks.size(), 4u);
 }
 
 }  // namespace
