@@ -1,6 +1,5 @@
-// What a user waits for: start to the title screen beside a window with a line of text; the longest
-// real schedule computed, stored and shown; the joint life table. On the offscreen platform unless
-// another is set.
+// What a user waits for: the start, the longest real schedule and all that can be done with it. On the
+// offscreen platform unless another is set.
 #include <benchmark/benchmark.h>
 
 #include <QAbstractButton>

@@ -14,7 +14,7 @@ using Date = std::chrono::year_month_day;
 // Stands for "no date entered". Rules that build a list of years recognise it by a year before 1900.
 inline constexpr Date no_date{std::chrono::year{1899}, std::chrono::month{12}, std::chrono::day{30}};
 
-// Today's date; the only source of time in the program. Tests pass a fixed one.
+// Today's date; the program has it from nowhere else. Tests pass a fixed one.
 using Clock = std::function<Date()>;
 Date system_date();
 

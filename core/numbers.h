@@ -8,8 +8,8 @@
 
 namespace kelvar {
 
-// The largest amount (dollars) that can be kept to the cent in a double; what is above it, if only by
-// half a cent, is refused on entry.
+// The largest amount (dollars) whose cents are among the 15 significant digits that rounding looks at;
+// what is above it, if only by half a cent, is refused on entry.
 inline constexpr double largest_amount = 9'999'999'999'999.99;
 
 // The patterns of the screens and reports.

@@ -1,5 +1,7 @@
 // Record sets over the program's SQLite file: the reference tables as read-only copies, the two work
-// tables updated in place. All failures of the file, the engine or a field name throw DatabaseError.
+// tables updated in place. All failures of the file and the engine throw DatabaseError, and so does
+// what cannot be done: an unknown field, a text that is no criterion, reading or changing without a
+// current row, set or Update without AddNew or Edit, changing a read-only copy.
 #pragma once
 
 #include <cstdint>
@@ -135,8 +137,9 @@ public:
 
     // Makes the changes of its lifetime one: commit keeps them all; leaving without it, also by an
     // exception, restores the rows of file and record sets; both work tables are then on their first
-    // row. When somebody else has written the file, the work tables are read anew at its beginning;
-    // throws when `distrib` does not hold its one row then.
+    // row. When somebody else has written the file, the work tables are read anew at its beginning.
+    // Throws when `distrib` does not hold its one row then, and when somebody else keeps the file
+    // locked for 5 seconds.
     class Transaction {
     public:
         explicit Transaction(Database& database);

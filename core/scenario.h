@@ -36,7 +36,7 @@ struct Scenario {
     double main_offset_x = 0.0;  // left and top edge of the main window, device-independent pixels
     double main_offset_y = 0.0;
 
-    // From here to second_value: what a return to the menu clears.
+    // From here to second_value, and the ages and months above: what a return to the menu clears.
     std::int16_t method = no_method;
     std::int16_t frequency = 0;  // payments per year: 1, 2, 4 or 12; 0 not chosen
     double fixed_amount = 0.0;
@@ -51,9 +51,9 @@ struct Scenario {
     double start_value = 0.0;   // value of the account at the first payment
     double second_value = 0.0;  // value at the first payment after a partial lump sum
 
-    double portfolio_click_x = 0.0;
+    double portfolio_click_x = 0.0;  // in the main window, device-independent pixels
     double portfolio_click_y = 0.0;
-    std::int16_t portfolio_index = 0;
+    std::int16_t portfolio_index = 0;      // 0..3, the highest risk first
     std::vector<double> selected_rates{};  // in list order
     std::int16_t fee_amount = 0;           // per year, whole dollars
     std::string message_text{};

@@ -36,7 +36,7 @@ struct ComparedRate {
 };
 
 struct Comparison {
-    int first_year = 0;               // of the periodic payments; 0 when there are none at any rate
+    int first_year = 0;               // in which the periodic payments begin
     std::vector<ComparedRate> rates;  // in the order chosen
 };
 

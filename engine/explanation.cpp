@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/heading.h"
+#include "engine/interval.h"
 
 namespace kelvar {
 

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "engine/interval.h"
 #include "engine/projection.h"
 
 namespace kelvar {

@@ -48,6 +48,7 @@ struct Column {
     double most;
 };
 
+constexpr int last_year = 9999;
 constexpr double largest_count = std::numeric_limits<std::int16_t>::max();
 constexpr Column columns[] = {
     {"rate", &Input::rate, -100.0, 100.0},
@@ -134,6 +135,12 @@ void check(const Input& input) {
         (scenario.scenario_month == 0 || dates.second_date < dates.first.date)) {
         throw Refused("scenario_year", "the remaining payments lie before the first payment");
     }
+    const Date begin = scenario.method == partial_lump_sum ? dates.second_date : dates.first.date;
+    if (scenario.method != lump_sum && scenario.length_option != by_dollar_amount &&
+        year_of(begin) + scenario.number_of_payments / scenario.frequency > last_year) {
+        throw Refused("number_of_payments",
+                      fmt::format("the payments go beyond the year {}", last_year));
+    }
 }
 
 void check_header(const std::vector<std::string>& names) {
@@ -196,14 +203,6 @@ void write(fmt::memory_buffer& out, const std::string& id, const Projection& p) 
     }
 }
 
-void project_line(fmt::memory_buffer& out, const Input& input) {
-    try {
-        write(out, input.id, project(input.scenario, input.rate, input.today));
-    } catch (const std::overflow_error& error) {
-        throw Refused("fixed_amount", error.what());
-    }
-}
-
 void flush(fmt::memory_buffer& out) {
     std::fwrite(out.data(), 1, out.size(), stdout);
     std::fflush(stdout);
@@ -225,7 +224,8 @@ int main() {
         out.append(headings);
         while (std::getline(std::cin, line)) {
             ++number;
-            project_line(out, read_input(names, split(line)));
+            const Input input = read_input(names, split(line));
+            write(out, input.id, project(input.scenario, input.rate, input.today));
             if (out.size() > enough) {
                 flush(out);
             }

@@ -8,7 +8,6 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "output/report/page_painter.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
@@ -78,12 +77,6 @@ std::unique_ptr<ReportDocument> ReportDocument::with(const QString& html) const 
     std::unique_ptr<ReportDocument> document = blank();
     document->files_ = files_;
     document->setHtml(html);
-    return document;
-}
-
-std::unique_ptr<ReportDocument> ReportDocument::blank() const {
-    auto document = std::make_unique<ReportDocument>(folder_);
-    set_style(*document);
     return document;
 }
 

@@ -37,7 +37,7 @@ public:
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
     // A new one of the same kind, without text.
-    virtual std::unique_ptr<ReportDocument> blank() const;
+    virtual std::unique_ptr<ReportDocument> blank() const = 0;
     const std::filesystem::path& folder() const { return folder_; }
 
 private:

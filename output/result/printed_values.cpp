@@ -15,6 +15,7 @@
 #include "engine/explanation.h"
 #include "engine/heading.h"
 #include "engine/headline.h"
+#include "engine/interval.h"
 #include "engine/years.h"
 #include "widgets/bar_chart.h"
 #include "widgets/text.h"

@@ -9,6 +9,7 @@
 
 #include "core/numbers.h"
 #include "engine/explanation.h"
+#include "engine/interval.h"
 #include "engine/years.h"
 #include "output/result/cells.h"
 #include "widgets/focus_marker.h"

@@ -142,7 +142,8 @@ TEST_F(Module1Test, CloseGoesThroughTheScreensInAFixedOrder) {
 
 TEST_F(Module1Test, TheMenuIsReachedWithNothingOfTheOldScenarioOpen) {
     module1.return_to_menu();
-    for (const ScreenId id : {frmdist1, frmdist2, frmdist3, frmdrate, frmlump, frmperio, frmparti}) {
+    for (const ScreenId id :
+         {frmdist, frmdist1, frmdist2, frmdist3, frmdrate, frmlump, frmperio, frmparti, frmdnote}) {
         EXPECT_EQ(std::ranges::count(screens.closed, id), 1) << static_cast<int>(id);
     }
     EXPECT_EQ(std::ranges::count(screens.closed, mdifrmd), 0) << "closing it would end the program";

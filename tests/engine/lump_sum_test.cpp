@@ -47,8 +47,6 @@ TEST(Axis, RoundsUpToTheNextTwoDigits) {
     }
 }
 
-// In words the steps are 1, 2, 2.5 and 5, also where the bound is no multiple of them.
-
 // The four figures that the note quotes, no return at all, and withdrawals that the growth covers.
 TEST(Duration, WholeYearsOrNever) {
     EXPECT_EQ(years_payments_last(15.0, 5.0), 8);

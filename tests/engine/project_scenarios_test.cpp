@@ -110,6 +110,8 @@ TEST(ProjectScenarios, NamesTheBadLineAndItsColumn) {
          "line 2, column first_pay_year: the first payment lies before today"},
         {header + "a,2020-01-15,5,2,9,7,2020,0,0,3,3,9,0,0,70,99\n",
          "line 2, column frequency: must be 1, 2, 4 or 12 for this method"},
+        {header + "a,2020-01-15,5,2,9,7,2020,0,0,1,1,7980,0,0,70,99\n",
+         "line 2, column number_of_payments: the payments go beyond the year 9999"},
         {header + "a,2020-01-15,5,3,9,7,2020,6,2020,12,3,9,0,0,70,99\n",
          "line 2, column scenario_year: the remaining payments lie before the first payment"}};
     for (const auto& [input, message] : cases) {
