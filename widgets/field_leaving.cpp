@@ -17,7 +17,9 @@ void FieldLeaving::finish() {
 }
 
 bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && std::exchange(dropped_, false)) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        dropped_ = false;  // a new key; the press of the last one never came, to a window in the back
+    } else if (event->type() == QEvent::KeyPress && std::exchange(dropped_, false)) {
         return true;
     }
     const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;

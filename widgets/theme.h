@@ -10,8 +10,8 @@ class QApplication;
 
 namespace kelvar::theme {
 
-inline constexpr int grid =
-    8;  // distances are multiples or simple parts of this, in device-independent pixels
+// Distances are multiples or simple parts of this, in device-independent pixels.
+inline constexpr int grid = 8;
 
 // Sets style, palette, fonts and style sheet. Called once, before the first window.
 void apply(QApplication& application);
