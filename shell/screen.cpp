@@ -135,7 +135,8 @@ void Screen::arrange_tab_order() {
 
 QWidget* Screen::last_focus() const {
     QWidget* last = focus_->last();
-    return last != nullptr && last->isEnabled() ? last : navigation_->always_there();
+    const bool can_have_it = last != nullptr && last->isEnabled() && last->isVisibleTo(this);
+    return can_have_it ? last : navigation_->always_there();
 }
 
 void Screen::set_first_field(QWidget* field) {

@@ -48,6 +48,8 @@ UiTest::~UiTest() {
 void UiTest::end_program() {
     window = nullptr;
     module = nullptr;
+    // Closed screens, as the event loop deletes them when the program ends.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     program.reset();
 }
 

@@ -407,6 +407,14 @@ TEST_F(Periodic, JointLife) {
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(1).data().toString(), u"54"_s);
     EXPECT_TRUE(pairs->rect().contains(pairs->visualRect(pairs->currentIndex())));
+    // The table that had the focus goes away without a click, as for a screen reader; it must not have
+    // the focus again when one comes back.
+    find<QWidget>("grdlife1")->setFocus();
+    find<QAbstractButton>("oplifeexp_0")->click();
+    click("Cmdnext");
+    click("cmdprev");
+    EXPECT_TRUE(window->focusWidget()->isVisible()) << focus_name().toStdString();
+    click("oplifeexp_1");
     click("Cmdnext");
     EXPECT_TRUE(take_messages().empty());
     tick_rates_and_go({"chkrate_2"});
