@@ -77,6 +77,7 @@ TEST_F(LineChartTest, PointerSaysTheNearestValueOfWhatIsShownNow) {
     };
     EXPECT_EQ(point_at(1.1, 53.0), "2031, 5%: $50.00");
     EXPECT_EQ(point_at(2.9, 68.0), "2033, 10%: $70.00");
+    EXPECT_EQ(point_at(0.0, 100.0), "2030, 5%: $100.00") << "the very first";
     chart.clearFocus();
     LineData one = balances();
     one.sets.resize(1);
