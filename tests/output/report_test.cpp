@@ -96,6 +96,9 @@ TEST_F(Reports, SeesFieldsRawAndAsMoney) {
     EXPECT_TRUE(own("{{#schedule}}{{number}}/{{remaining}} {{Month}} {{Year}} {{startbalance_money}};"
                     "{{/schedule}}")
                     .startsWith(u"1/29 November 2026 $5,000.00;2/28 December 2026 $4,850.65;"_s));
+    store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, 3), {});
+    EXPECT_EQ(own("{{#schedule}}{{#last_of_year}}{{year_payments}};{{/last_of_year}}{{/schedule}}"),
+              u"2 payments;1 payment;"_s);
 }
 
 TEST_F(Reports, SeesWhatIsKnownOfTheResult) {
@@ -221,11 +224,10 @@ TEST_F(Reports, NoRowOfAListStandsAlone) {
     ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
     QPdfWriter writer(&buffer);
     for (int payments = 5; payments < 130; ++payments) {
+        store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, payments), {});
+        const Report report = fill_template(folder.path() / "own.rpt", database);
         for (const auto size : {QPageSize::Letter, QPageSize::A4}) {
             writer.setPageSize(QPageSize(size));
-            store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, payments),
-                  {});
-            const Report report = fill_template(folder.path() / "own.rpt", database);
             const ReportPages pages(*report, writer);
             ASSERT_NE(pages.list(), nullptr) << payments;
             int row = 1;  // after the heading

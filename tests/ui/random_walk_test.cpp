@@ -130,7 +130,7 @@ private:
 
 TEST_P(RandomWalk, LeavesTheProgramInOrder) {
     const int all_events = qEnvironmentVariableIntValue("KELVAR_WALK_EVENTS");
-    const int events = (all_events > 0 ? all_events : 1900) / static_cast<int>(stations().size());
+    const int events = (all_events > 0 ? all_events : 600) / static_cast<int>(stations().size());
     constexpr int events_in_a_row = 400;  // then back to the station, else all walks end at the menu
     for (int done = 0; done < events && !HasFatalFailure(); ++done) {
         if (done % events_in_a_row == 0 || !window->isVisible()) {
