@@ -184,6 +184,12 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
     EXPECT_EQ(percentage(), u"16.00"_s);
     EXPECT_EQ(find<QComboBox>("cmbPercent")->count(), 99);
+    // A key that follows faster than the focus moves on to the boxes goes to them.
+    type_into("txtpartial", u"50000"_s);
+    QTest::keyClick(find<QLineEdit>("txtpartial"), Qt::Key_Tab);
+    QTest::keyClick(window->windowHandle(), Qt::Key_Space);
+    settle();
+    EXPECT_TRUE(find<QAbstractButton>("chkpartial_0")->isChecked());
     find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
     type("12.5\r");
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s);

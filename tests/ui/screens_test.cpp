@@ -162,6 +162,7 @@ TEST_F(ScreenTest, TypingReplacesWhatABoxHeld) {
     menu_entry = u"&Paste\tCtrl+V"_s;
     for (const QString& pasted : {u"1/2/1950"_s, u"1951"_s}) {
         QGuiApplication::clipboard()->setText(pasted);
+        birth->setCursorPosition(0);
         QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, birth->mapToGlobal(QPoint()));
         QApplication::sendEvent(birth, &menu);
         EXPECT_EQ(birth->text(), u"01/02/1950"_s) << "a whole date or nothing";
