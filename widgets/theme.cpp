@@ -220,11 +220,7 @@ QIcon icon(const QString& name) {
 }
 
 QPixmap picture(const QString& name, int size) {
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    draw(name, colors_.accent, painter, pixmap.rect());
-    return pixmap;
+    return DrawnIcon(name).pixmap(QSize(size, size), QIcon::Normal, QIcon::Off);
 }
 
 QPixmap legend_key(Qt::BrushStyle pattern) {
