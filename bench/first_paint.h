@@ -5,10 +5,12 @@
 #include <QEvent>
 #include <QMetaObject>
 #include <QWidget>
+#include <cstdlib>
 
 namespace kelvar {
 
-// Ends the program after the window has been painted for the first time, with all that it holds.
+// Ends the process after the window has been painted for the first time, with all that it holds. What
+// is taken down after that is no part of a start.
 class EndAfterFirstPaint : public QObject {
 public:
     explicit EndAfterFirstPaint(QWidget& window) { window.installEventFilter(this); }
@@ -17,7 +19,8 @@ private:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint) {
             // The window paints itself first and then what it holds, all before the next event.
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                qApp, [] { std::_Exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
         }
         return false;
     }

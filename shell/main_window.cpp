@@ -30,9 +30,10 @@ int pixels(int twips) {
 
 }  // namespace
 
-MainWindow::MainWindow() : stack_(new QStackedWidget) {
+MainWindow::MainWindow() : stack_(new QStackedWidget), blank_(new QWidget) {
     setObjectName(u"mdifrmd"_s);
     setWindowTitle(u"Kelvar"_s);
+    stack_->addWidget(blank_);
     setCentralWidget(stack_);
     make_buttons_accessible();
 }
@@ -125,6 +126,7 @@ void MainWindow::close(ScreenId id) {
     std::erase(order_, id);
     if (screen == front_) {
         front_ = nullptr;
+        stack_->setCurrentWidget(blank_);  // not a hidden screen of the stack's choice
         // Later, so that closing several screens in a row does not wake the ones in between.
         QMetaObject::invokeMethod(
             this, [this] { bring_topmost_to_front(); }, Qt::QueuedConnection);

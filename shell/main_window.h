@@ -69,6 +69,7 @@ private:
     Module1* module_ = nullptr;
     QSize standard_;  // of a screen
     QStackedWidget* stack_ = nullptr;
+    QWidget* blank_ = nullptr;  // in the stack's front while a closed screen has no successor yet
     std::map<ScreenId, Factory> factories_;
     std::map<ScreenId, DialogFactory> dialog_factories_;
     std::map<ScreenId, Screen*> screens_;

@@ -28,7 +28,8 @@ bool OptionOpener::takes(QWidget* clicked, const QEvent& event) {
         option->click();
         if (clicked->focusPolicy() != Qt::NoFocus && !told_()) {
             clicked->setFocus(Qt::MouseFocusReason);
-            if (auto* button = qobject_cast<QAbstractButton*>(clicked)) {
+            auto* button = qobject_cast<QAbstractButton*>(clicked);
+            if (button != nullptr && !button->isChecked()) {  // what was ticked before is what is meant
                 button->click();
             }
         }

@@ -187,6 +187,9 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
     click("chkperiod_1");  // grey until its method is chosen
     EXPECT_EQ(module->scenario.method, periodic_payments);
     EXPECT_EQ(module->scenario.frequency, 4);
+    click("optmethod_0");
+    click("chkperiod_1");  // grey and ticked
+    EXPECT_EQ(module->scenario.frequency, 4);
     click("txtpartial");
     EXPECT_EQ(module->scenario.method, partial_lump_sum);
     EXPECT_EQ(focus_name(), u"txtpartial"_s);
@@ -384,7 +387,9 @@ TEST_F(ScreenTest, AmountOfAMethodThatIsGivenUpIsNotComplainedAbout) {
 }
 
 TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
-    go_to_method();
+    go_to_rates();
+    click("cmdprev");
+    click("cmdprev");
     for (const bool by_mouse : {true, false}) {
         if (by_mouse) {
             click("optmethod_3");
@@ -394,7 +399,13 @@ TEST_F(ScreenTest, RolloverOnlyShowsItsNote) {
             press(Qt::Key_Down);
         }
         EXPECT_EQ(screen_name(), u"frmderrmsg"_s);
-        press(Qt::Key_Return);  // reaches the note, whichever way led to it
+        QTest::keyClick(window->focusWidget(),
+                        Qt::Key_Return);  // reaches the note, whichever way led to it
+        for (const QPushButton* next : window->findChildren<QPushButton*>(u"Cmdnext"_s)) {
+            EXPECT_FALSE(next->isVisible())
+                << "what was hidden must not wake before the screen of the note";
+        }
+        settle();
         EXPECT_EQ(screen_name(), u"frmdist2"_s);
     }
     EXPECT_FALSE(find<QWidget>("Cmdnext")->isEnabled());
