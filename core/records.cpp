@@ -294,8 +294,9 @@ void Recordset::require_table() const {
 
 Database::Database(const std::filesystem::path& file) : file_(file) {
     connection_ = guarded([&] {
-        return std::make_unique<SQLite::Database>(file_.string(), SQLite::OPEN_READWRITE,
-                                                  busy_timeout_ms);
+        // Without locks between threads: the program has one.
+        return std::make_unique<SQLite::Database>(
+            file_.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busy_timeout_ms);
     });
     guarded([&] { connection_->exec("PRAGMA synchronous = FULL"); });
     known_version_ = data_version();

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <set>
+#include <vector>
 
 namespace kelvar {
 
@@ -15,40 +15,48 @@ constexpr std::size_t rates = 4;
 constexpr double rate_above = -100.0;
 constexpr double rate_at_most = 100.0;
 constexpr std::ptrdiff_t longest_mark = 60;
-constexpr double oldest = 200.0;
+constexpr int oldest = 200;
 constexpr double divisor_below = 200.0;
 
 // One table with the place of what is wrong in it.
 class Table {
 public:
+    struct Field {
+        const char* name;
+        std::size_t column;
+    };
+
     Table(const std::filesystem::path& file, const char* name, const Recordset& rows)
         : file_(file), name_(name), rows_(rows) {}
 
     std::size_t size() const { return rows_.RecordCount(); }
 
-    const FieldValue& value(std::size_t row, const char* field) const {
-        return rows_.cell(row, rows_.column(field));
+    Field field(const char* name) const { return {name, rows_.column(name)}; }
+
+    const FieldValue& value(std::size_t row, const Field& field) const {
+        return rows_.cell(row, field.column);
     }
 
-    std::optional<double> number(std::size_t row, const char* field) const {
+    std::optional<double> number(std::size_t row, const Field& field) const {
         const FieldValue& stored = value(row, field);
         const bool is_number =
             std::holds_alternative<std::int64_t>(stored) || std::holds_alternative<double>(stored);
         return is_number ? std::optional{as_number(stored)} : std::nullopt;
     }
 
-    int age(std::size_t row, const char* field) const {
+    std::size_t age(std::size_t row, const Field& field) const {
         const auto age = number(row, field);
         if (!age || !(*age >= 0.0 && *age <= oldest) || *age != std::floor(*age)) {
-            refuse(row, fmt::format("{} must be a whole number from 0 to {}", field, oldest));
+            refuse(row, fmt::format("{} must be a whole number from 0 to {}", field.name, oldest));
         }
-        return static_cast<int>(*age);
+        return static_cast<std::size_t>(*age);
     }
 
-    void check_divisor(std::size_t row, const char* field) const {
+    void check_divisor(std::size_t row, const Field& field) const {
         const auto divisor = number(row, field);
         if (!divisor || !(*divisor > 0.0 && *divisor < divisor_below)) {
-            refuse(row, fmt::format("{} must be a number above 0 and below {}", field, divisor_below));
+            refuse(row,
+                   fmt::format("{} must be a number above 0 and below {}", field.name, divisor_below));
         }
     }
 
@@ -81,16 +89,19 @@ void check_rates(const Table& table) {
     if (table.size() != rates) {
         table.refuse(fmt::format("must hold {} rows, not {}", rates, table.size()));
     }
+    const Table::Field rateid = table.field("rateid");
+    const Table::Field ratemark = table.field("ratemark");
+    const Table::Field percent = table.field("rate");
     for (std::size_t row = 0; row < rates; ++row) {
-        if (table.number(row, "rateid") != static_cast<double>(row + 1)) {
+        if (table.number(row, rateid) != static_cast<double>(row + 1)) {
             table.refuse(row, fmt::format("rateid must be {}", row + 1));
         }
-        const auto rate = table.number(row, "rate");
+        const auto rate = table.number(row, percent);
         if (!rate || !(*rate > rate_above && *rate <= rate_at_most)) {
             table.refuse(row, fmt::format("rate must be a number above {} and at most {}", rate_above,
                                           rate_at_most));
         }
-        if (!is_mark(table.value(row, "ratemark"))) {
+        if (!is_mark(table.value(row, ratemark))) {
             table.refuse(row,
                          fmt::format("ratemark must be a text of 1 to {} characters", longest_mark));
         }
@@ -98,24 +109,33 @@ void check_rates(const Table& table) {
 }
 
 void check_lifexp(const Table& table) {
-    std::set<int> ages;
+    const Table::Field participant = table.field("age");
+    const Table::Field multiple = table.field("multiple");
+    std::vector<bool> met(oldest + 1);
     for (std::size_t row = 0; row < table.size(); ++row) {
-        const int age = table.age(row, "age");
-        if (!ages.insert(age).second) {
+        const std::size_t age = table.age(row, participant);
+        if (met[age]) {
             table.refuse(row, fmt::format("age {} stands there twice", age));
         }
-        table.check_divisor(row, "multiple");
+        met[age] = true;
+        table.check_divisor(row, multiple);
     }
 }
 
 void check_joinlife(const Table& table) {
-    std::set<std::pair<int, int>> pairs;
+    const Table::Field participant = table.field("PartAge");
+    const Table::Field spouse = table.field("BeneAge");
+    const Table::Field divisor = table.field("LifeAge");
+    std::vector<bool> met((oldest + 1) * (oldest + 1));
     for (std::size_t row = 0; row < table.size(); ++row) {
-        const std::pair ages{table.age(row, "PartAge"), table.age(row, "BeneAge")};
-        if (!pairs.insert(ages).second) {
-            table.refuse(row, fmt::format("ages {} and {} stand there twice", ages.first, ages.second));
+        const std::size_t age = table.age(row, participant);
+        const std::size_t spouse_age = table.age(row, spouse);
+        const std::size_t pair = age * (oldest + 1) + spouse_age;
+        if (met[pair]) {
+            table.refuse(row, fmt::format("ages {} and {} stand there twice", age, spouse_age));
         }
-        table.check_divisor(row, "LifeAge");
+        met[pair] = true;
+        table.check_divisor(row, divisor);
     }
 }
 

@@ -177,11 +177,18 @@ void frmdist2::choose_method(int index) {
                 u"A rollover is arranged with the plan, not calculated here. Choose another method to go on."_s);
             // Later, because an arrow key chooses the option first and then gives it the focus.
             QMetaObject::invokeMethod(
-                this, [this] { module.screens.show(ScreenId::frmderrmsg); }, Qt::QueuedConnection);
+                this, [this] { show_rollover_note(); }, Qt::QueuedConnection);
             break;
     }
     if (window()->focusWidget() == nullptr) {  // it was on a box that is grey now
         optmethod[static_cast<std::size_t>(index)]->setFocus();
+    }
+}
+
+// The user may have gone on meanwhile.
+void frmdist2::show_rollover_note() {
+    if (isVisible() && scenario.method == no_method) {
+        module.screens.show(ScreenId::frmderrmsg);
     }
 }
 

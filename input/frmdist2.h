@@ -38,6 +38,7 @@ private:
     void enable_cmd() { set_next_enabled(true); }
     void disable_cmd() { set_next_enabled(false); }
     void set_next_enabled(bool enabled);
+    void show_rollover_note();
     void wait_for_method(const QString& what_to_do);
     void en_f2() { chkperiod->setEnabled(true); }
     void dis_f2() { chkperiod->setEnabled(false); }
