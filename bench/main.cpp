@@ -119,7 +119,7 @@ int main(int argc, char** argv) {
     }
     kelvar::Application application(argc, argv);
     kelvar::theme::apply(application);
-    std::string repetitions = "--benchmark_repetitions=3";
+    std::string repetitions = "--benchmark_repetitions=5";
     std::vector<char*> arguments(argv, argv + argc);
     arguments.insert(arguments.begin() + 1, repetitions.data());  // the user's own come after it
     argc = static_cast<int>(arguments.size());
