@@ -29,7 +29,8 @@ bool OptionOpener::takes(QWidget* clicked, const QEvent& event) {
         if (clicked->focusPolicy() != Qt::NoFocus && !told_()) {
             clicked->setFocus(Qt::MouseFocusReason);
             auto* button = qobject_cast<QAbstractButton*>(clicked);
-            if (button != nullptr && !button->isChecked()) {  // what was ticked before is what is meant
+            // A box that was ticked before is meant, not its contrary.
+            if (button != nullptr && (!button->isChecked() || button->autoExclusive())) {
                 button->click();
             }
         }

@@ -205,9 +205,13 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
     click("txtfixamount");
     EXPECT_EQ(module->scenario.length_option, by_dollar_amount);
     EXPECT_EQ(focus_name(), u"txtfixamount"_s);
-    click("oplifeexp_1");
-    EXPECT_TRUE(module->scenario.joint_life);
-    EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
+    for (const char* before :
+         {"optlength_1", "optlength_0"}) {  // the second time it is grey and chosen
+        click(before);
+        click("oplifeexp_1");
+        EXPECT_TRUE(module->scenario.joint_life);
+        EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
+    }
     EXPECT_TRUE(take_messages().empty());
 }
 
