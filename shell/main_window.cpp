@@ -12,6 +12,7 @@
 #include "shell/help_window.h"
 #include "shell/screen.h"
 #include "widgets/accessible_button.h"
+#include "widgets/accessible_scroll_area.h"
 #include "widgets/message_dialog.h"
 #include "widgets/text.h"
 
@@ -36,6 +37,7 @@ MainWindow::MainWindow() : stack_(new QStackedWidget), blank_(new QWidget) {
     stack_->addWidget(blank_);
     setCentralWidget(stack_);
     make_buttons_accessible();
+    make_scroll_areas_accessible();
 }
 
 MainWindow::~MainWindow() = default;
