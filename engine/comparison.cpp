@@ -50,11 +50,13 @@ ComparedRate compared(const Scenario& scenario, double rate, Date today) {
     column.payments = schedule.number_of_payments;
     column.last_payment = last.date;
     column.last_age = age_in_month(scenario.birth_date, month_of(last.date), year_of(last.date));
-    column.earnings = round_to_cents(projection.ledger.earnings + projection.ledger.rounding);
+    column.earnings = projection.ledger.earnings;
     column.fees = projection.ledger.fees;
     column.total = projection.total_paid;
     for (const YearRow& year : years) {
-        column.balances.push_back(year.ending);
+        if (year.label.empty()) {
+            column.balances.push_back(year.ending);
+        }
     }
     return column;
 }
@@ -97,18 +99,18 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
         return {};
     }
     std::string text =
-        fmt::format("Nobody knows what the account will earn: at {} instead of {}, {} is paid in all",
+        fmt::format("If it earned {} every year instead of {}, you would be paid {} in all",
                     rate_text(high.rate, lump_sum), rate_text(low.rate, lump_sum),
                     change(round_to_cents(high.total - low.total)));
     if (const int longer = high.payments - low.payments; longer != 0) {
-        text += fmt::format(", and payments end {} {}",
+        text += fmt::format(", and payments would end {} {}",
                             time_text(std::abs(longer) * 12 / scenario.frequency),
                             longer > 0 ? "later" : "earlier");
     }
     if (const double first = high.first_amount - low.first_amount; first != 0.0) {
         text += fmt::format(", {} a {} at first", change(first), plan::period_name(scenario.frequency));
     }
-    return text + ".";
+    return text + fmt::format("; {} also means more risk.", rate_text(high.rate, lump_sum));
 }
 
 }  // namespace kelvar

@@ -29,7 +29,7 @@ struct ComparedRate {
     int payments = 0;
     Date last_payment{no_date};
     std::int16_t last_age = 0;  // in the month of the last payment
-    double earnings = 0.0;      // with what rounding leaves over
+    double earnings = 0.0;      // of the ledger
     double fees = 0.0;
     double total = 0.0;              // with a lump sum
     std::vector<double> balances{};  // after the last payment of each year, from the first on

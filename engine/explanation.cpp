@@ -11,7 +11,15 @@ namespace kelvar {
 
 namespace {
 
-// " + $5.00 growth", or " - $5.00 loss" for an amount below 0.
+// "grows by $5.00", or "loses $5.00" for an amount below 0.
+std::string growth_text(double dollars) {
+    if (dollars == 0.0) {
+        return "does not grow";
+    }
+    return (dollars < 0.0 ? "loses " : "grows by ") + money_text(std::abs(dollars));
+}
+
+// " + $5.00 earned", or " - $5.00 lost" for an amount below 0.
 std::string term(double dollars, std::string_view gain, std::string_view loss) {
     return dollars < 0.0 ? fmt::format(" - {} {}", money_text(-dollars), loss)
                          : fmt::format(" + {} {}", money_text(dollars), gain);
@@ -29,37 +37,46 @@ std::string why_this_amount(const Scenario& scenario, const PaymentSchedule& sch
                             std::size_t index) {
     const PaymentRow& row = schedule.rows[index];
     const std::string amount = money_text(row.payment);
-    if (row.payment == 0.0) {
+    if (round_to_cents(row.startbalance) == 0.0) {
         return "nothing is left to be paid.";
     }
     if (row.remaining == 0) {
-        return fmt::format("the last payment takes the rest, {}.", amount);
+        const bool less = scenario.length_option == by_dollar_amount &&
+                          row.payment < round_to_cents(scenario.fixed_amount);
+        return fmt::format("{}, all that is left{}; the account ends with this payment.", amount,
+                           less ? " and less than the other payments" : "");
     }
     if (scenario.length_option == by_dollar_amount) {
         return fmt::format("{}, the amount you chose.", amount);
     }
-    if (index == 0 || begins_year(schedule, index)) {
-        return fmt::format("{} / {} payments left = {}.", money_text(row.startbalance),
-                           row.remaining + 1, amount);
+    if (index == 0) {
+        return fmt::format("{} divided by {} = {}.", money_text(row.startbalance),
+                           count_text(row.remaining + 1, "payment"), amount);
     }
-    return fmt::format("{} as in {}, the same within a year.", amount,
+    if (begins_year(schedule, index)) {
+        return fmt::format("{} divided by {} payments ({} to come and this one) = {}.",
+                           money_text(row.startbalance), row.remaining + 1, row.remaining, amount);
+    }
+    return fmt::format("{}, as in {}; it changes only with the year.", amount,
                        month_year_text(first_of_year(schedule, index).date));
 }
 
 std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
                                const Interval& interval) {
-    const double fee = interval.fee_charged ? round_to_cents(interval.fee) : 0.0;
-    const double growth = round_to_cents(round_to_cents(next.startbalance) - row.remainbalance + fee);
-    const std::string charged =
-        interval.fee_charged ? fmt::format(" - {} fee", money_text(fee)) : std::string();
-    const std::string not_charged =
-        interval.fee_charged
-            ? "."
-            : fmt::format("; the fee of {} is not charged, the growth does not cover it.",
-                          money_text(round_to_cents(interval.fee)));
-    return fmt::format(" Then {}{} in {} days{} = {}{}", money_text(row.remainbalance),
-                       term(growth, "growth", "loss"), interval.days, charged,
-                       money_text(next.startbalance), not_charged);
+    const double fee = round_to_cents(interval.fee);
+    const double charged = interval.fee_charged ? fee : 0.0;
+    const double growth =
+        round_to_cents(round_to_cents(next.startbalance) - row.remainbalance + charged);
+    std::string text = fmt::format(" The {} left {} in {} days", money_text(row.remainbalance),
+                                   growth_text(growth), interval.days);
+    if (charged > 0.0) {
+        text += fmt::format(", less {} fee", money_text(charged));
+    }
+    text += fmt::format(": {}.", money_text(next.startbalance));
+    if (charged < fee) {
+        text += fmt::format(" No fee this time: the growth does not cover {}.", money_text(fee));
+    }
+    return text;
 }
 
 }  // namespace
@@ -80,31 +97,28 @@ std::string explanation(const Scenario& scenario, const Projection& projection, 
     return text;
 }
 
-std::string ledger_text(const Scenario& scenario, const Ledger& ledger) {
-    std::string text =
-        fmt::format("{} opening{} - {} fees - {} {}", money_text(ledger.opening),
-                    term(ledger.earnings, "earnings", "losses"), money_text(ledger.fees),
-                    money_text(ledger.payments),
-                    scenario.method == partial_lump_sum ? "lump sum and payments" : "payments");
+std::string ledger_text(const Ledger& ledger) {
+    std::string text = fmt::format("{} today{} - {} fees - {} paid to you", money_text(ledger.opening),
+                                   term(ledger.earnings, "earned", "lost"), money_text(ledger.fees),
+                                   money_text(ledger.payments));
     if (ledger.rounding != 0.0) {
-        text += term(ledger.rounding, "rounding", "rounding") + " (earnings in the years)";
+        text += term(ledger.rounding, "rounding", "rounding");
     }
-    text += fmt::format(" = {}.", money_text(ledger.closing));
+    text += fmt::format(" = {} left.", money_text(ledger.closing));
     if (ledger.periods_without_fee > 0) {
         text += fmt::format(" No fee was charged {}, where the growth did not cover it.",
                             count_text(ledger.periods_without_fee, "time"));
     }
-    const std::string before = before_payments_text(ledger);
-    return before.empty() ? text : text + " " + before;
+    return text + before_payments_text(ledger, " Of this, before");
 }
 
-std::string before_payments_text(const Ledger& ledger) {
+std::string before_payments_text(const Ledger& ledger, std::string_view before) {
     if (ledger.earnings_before == 0.0 && ledger.fees_before == 0.0) {
         return {};
     }
     return fmt::format(
-        "Before the first payment: {} {}, {} fees.", money_text(std::abs(ledger.earnings_before)),
-        ledger.earnings_before < 0.0 ? "losses" : "earnings", money_text(ledger.fees_before));
+        "{} the first payment: {} {}, {} fees.", before, money_text(std::abs(ledger.earnings_before)),
+        ledger.earnings_before < 0.0 ? "lost" : "earned", money_text(ledger.fees_before));
 }
 
 }  // namespace kelvar

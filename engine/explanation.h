@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "engine/projection.h"
 
@@ -12,16 +13,16 @@ namespace kelvar {
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 
 // One payment: the division that gave its amount, or why it stays, then what makes the rest the
-// balance before the next payment. "Payment 7, January, 2021: $258,300.14 / 343 payments left =
-// $753.06. Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23." The growth counts
-// what rounding leaves over.
+// balance before the next payment. "Payment 7, January, 2021: $258,300.14 divided by 343 payments (342
+// to come and this one) = $753.06. The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee:
+// $258,636.23." The growth counts what rounding leaves over.
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index);
 
-// The ledger as one sum, then how often no fee was charged, and what lies before the first year of the
-// payments.
-std::string ledger_text(const Scenario& scenario, const Ledger& ledger);
+// The ledger as one sum, then how often no fee was charged, and what of it lies before the first
+// payment.
+std::string ledger_text(const Ledger& ledger);
 
-// The last of it alone; empty where nothing lies before.
-std::string before_payments_text(const Ledger& ledger);
+// The last of it alone, beginning with `before`; empty where nothing lies before.
+std::string before_payments_text(const Ledger& ledger, std::string_view before = "Before");
 
 }  // namespace kelvar

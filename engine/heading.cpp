@@ -31,6 +31,10 @@ void add_length(Heading& heading, const Scenario& scenario, const Projection& pr
     heading.emplace_back("paylength", std::int64_t{scenario.length_option});
 }
 
+bool over_joint_life(const Scenario& scenario) {
+    return scenario.length_option == by_life_expectancy && scenario.joint_life;
+}
+
 }  // namespace
 
 std::string money_text(double dollars) {
@@ -39,6 +43,11 @@ std::string money_text(double dollars) {
 
 std::string fee_text(std::int16_t fee) {
     return format_number(fee, pattern::fee);
+}
+
+std::string lump_sum_fee_text() {
+    return fmt::format("Until a lump sum is paid, ${:.0f} of it a year is charged.",
+                       plan::lump_sum_fee);
 }
 
 std::string rate_text(double rate, std::int16_t method) {
@@ -73,6 +82,26 @@ std::string_view method_title(std::int16_t method) {
 std::string title_with_frequency(const Scenario& scenario) {
     return fmt::format("{} - {}", method_title(scenario.method),
                        plan::frequency_name(scenario.frequency));
+}
+
+std::string_view table_name(const Scenario& scenario) {
+    if (over_joint_life(scenario)) {
+        return "joint life expectancy";
+    }
+    return scenario.lookup_age < plan::minimum_distribution_from ? "single life expectancy"
+                                                                 : "minimum distribution years";
+}
+
+std::string_view table_source(const Scenario& scenario) {
+    if (over_joint_life(scenario)) {
+        return "Joint and Last Survivor table, federal tables in force since 2022";
+    }
+    if (scenario.lookup_age < plan::minimum_distribution_from) {
+        return "Single Life table, federal tables in force since 2022";
+    }
+    return scenario.lookup_age < plan::federal_uniform_table_from
+               ? "This program's table (the federal one begins at 72)"
+               : "Uniform Lifetime table, federal tables in force since 2022";
 }
 
 std::string_view no_result_text(Outcome outcome) {

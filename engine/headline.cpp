@@ -41,7 +41,7 @@ std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule
         text += fmt::format(", {} from {}", money_text(second_year->payment),
                             month_year_text(second_year->date));
         if (second_year->date.year() != last.date.year()) {
-            text += fmt::format(", worked out anew each {}", month_name(month_of(second_year->date)));
+            text += fmt::format(", then a new amount each {}", month_name(month_of(second_year->date)));
         }
     }
     return text + fmt::format("; last payment {}, {}.", month_year_text(last.date),
@@ -54,6 +54,12 @@ std::string payments_text(const Scenario& scenario, const PaymentSchedule& sched
         return fmt::format("{} once in {}, {}.", money_text(first.payment), month_year_text(first.date),
                            age_text(scenario, first.date));
     }
+    if (first.payment == 0.0) {
+        const PaymentRow& last = schedule.rows.back();
+        return fmt::format("{} in all, too little for a cent a {}; last payment {}, {}.",
+                           money_text(schedule.total_paid), plan::period_name(scenario.frequency),
+                           month_year_text(last.date), age_text(scenario, last.date));
+    }
     return scenario.length_option == by_dollar_amount ? fixed_amount_text(scenario, schedule)
                                                       : level_text(scenario, schedule);
 }
@@ -65,18 +71,21 @@ std::string headline(const Scenario& scenario, const Projection& projection) {
         return {};
     }
     const Date first = projection.dates.first.date;
+    std::string text = "Estimate at " + rate_text(projection.rate, lump_sum);
     if (scenario.method == lump_sum) {
-        return fmt::format("{} at once in {}, {}.", money_text(projection.lump_sum),
-                           month_year_text(first), age_text(scenario, first));
+        return text + fmt::format(": {} at once in {}, {}.", money_text(projection.lump_sum),
+                                  month_year_text(first), age_text(scenario, first));
     }
     const bool partial = scenario.method == partial_lump_sum;
-    std::string text = partial ? fmt::format("{} in {}, then ", money_text(projection.lump_sum),
-                                             month_year_text(first))
-                               : "";
-    if (scenario.length_option == by_life_expectancy) {
-        text += fmt::format("{} your {} life expectancy: ", partial ? "over" : "Over",
-                            scenario.joint_life ? "joint" : "single");
+    const bool over_life = scenario.length_option == by_life_expectancy;
+    if (partial) {
+        text +=
+            fmt::format(": {} in {}, then", money_text(projection.lump_sum), month_year_text(first));
     }
+    if (over_life) {
+        text += fmt::format("{} over your {}", partial ? "" : ",", table_name(scenario));
+    }
+    text += partial && !over_life ? " " : ": ";
     return text + payments_text(scenario, projection.schedule);
 }
 

@@ -8,12 +8,24 @@ namespace kelvar {
 std::vector<YearRow> years_of(const Projection& projection, Date birth, double fee) {
     std::vector<YearRow> years;
     const PaymentSchedule& schedule = projection.schedule;
+    const Ledger& ledger = projection.ledger;
+    if (projection.dates.second_date != no_date && !schedule.rows.empty()) {
+        const Date date = projection.dates.first.date;
+        years.push_back({.year = year_of(date),
+                         .age = age_in_month(birth, month_of(date), year_of(date)),
+                         .beginning = ledger.opening,
+                         .earnings = ledger.earnings_before,
+                         .fees = ledger.fees_before,
+                         .paid = projection.lump_sum,
+                         .ending = round_to_cents(schedule.rows.front().startbalance),
+                         .label = lump_sum_label});
+    }
     Accrual accrual(projection.rate, fee);
     double fees = 0.0;     // of all periods so far
     double counted = 0.0;  // of these, what the years before have in whole cents
     for (std::size_t i = 0; i < schedule.rows.size(); ++i) {
         const PaymentRow& row = schedule.rows[i];
-        if (years.empty() || years.back().year != year_of(row.date)) {
+        if (i == 0 || begins_year(schedule, i)) {
             years.push_back(
                 {.year = year_of(row.date),
                  .beginning = years.empty() ? round_to_cents(row.startbalance) : years.back().ending});
@@ -33,7 +45,25 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
             fees += interval->fee;
         }
     }
+    if (!years.empty() && ledger.rounding != 0.0) {
+        years.push_back({.earnings = -ledger.rounding, .label = rounding_label});
+    }
     return years;
+}
+
+YearTexts year_texts(const YearRow& row, std::string_view money_pattern) {
+    const auto money = [&](double dollars) { return format_number(dollars, money_pattern); };
+    if (row.label == rounding_label) {
+        return {"", "", std::string(row.label), "", money(row.earnings), "", "", ""};
+    }
+    return {std::to_string(row.year),
+            std::to_string(row.age),
+            row.label.empty() ? std::to_string(row.payments) : std::string(row.label),
+            money(row.beginning),
+            money(row.earnings),
+            money(row.fees),
+            money(row.paid),
+            money(row.ending)};
 }
 
 YearRow total_of(const std::vector<YearRow>& years) {

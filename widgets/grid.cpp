@@ -93,11 +93,11 @@ Grid::Grid(const char* name, const QString& accessible_name) {
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + theme::grid);
+    verticalHeader()->setDefaultSectionSize(row_height());
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setFixedHeight(2 * fontMetrics().height() + 2 * theme::grid);
-    setMinimumHeight(horizontalHeader()->height() + 4 * verticalHeader()->defaultSectionSize());
+    setMinimumHeight(horizontalHeader()->height() + 4 * row_height());
 }
 
 void Grid::setModel(QAbstractItemModel* model) {
@@ -112,6 +112,19 @@ void Grid::resizeEvent(QResizeEvent* event) {
     if (event->size().width() != event->oldSize().width()) {
         fit_height();
     }
+    fit_rows();
+}
+
+int Grid::row_height() const {
+    return fontMetrics().height() + theme::grid;
+}
+
+// Rows share the height that would show a piece of one more, so that none is cut in half.
+void Grid::fit_rows() {
+    const int rows = viewport()->height() / row_height();
+    const bool all_fit = model() == nullptr || model()->rowCount() <= rows;
+    verticalHeader()->setDefaultSectionSize(all_fit || rows == 0 ? row_height()
+                                                                 : viewport()->height() / rows);
 }
 
 void Grid::join_cells(int row, int first_column) {
@@ -140,7 +153,7 @@ void Grid::fit_height() {
     }
     const int rows = std::max(1, model()->rowCount());
     const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
-    setFixedHeight(horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
+    setFixedHeight(horizontalHeader()->height() + rows * row_height() +
                    2 * frameWidth() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
 }
 
@@ -253,6 +266,7 @@ void Grid::measure_columns() {
     }
     spread_columns();
     fit_height();
+    fit_rows();
 }
 
 // Shares out the room that is left. Where there is none, the columns move closer; where that does not

@@ -34,7 +34,9 @@ protected:
 
 private:
     void measure_columns();
+    int row_height() const;  // of a row alone
     void fit_height();
+    void fit_rows();
     void spread_columns();
     void move_closer(bool close);
     void show_menu(const QPoint& place);

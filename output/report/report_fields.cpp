@@ -43,6 +43,7 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"divisor", &ReportValues::divisor},
     {"table", &ReportValues::table},
     {"lump_sum", &ReportValues::lump_sum},
+    {"fee_note", &ReportValues::fee_note},
     {"before", &ReportValues::before},
     {"total_years", &ReportValues::total_years},
     {"total_payments", &ReportValues::total_payments},

@@ -5,6 +5,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <memory>
 
@@ -70,13 +71,13 @@ void add_life(ReportValues& values, const Scenario& scenario) {
         (over_life && std::floor(divisor * scenario.frequency) != scenario.number_of_payments)) {
         return;
     }
-    const bool joint = over_life && scenario.joint_life;
-    values.life = joint ? "Joint" : "Single";
+    values.life = table_name(scenario);
+    values.life.front() = static_cast<char>(std::toupper(values.life.front()));
     values.life_age = std::to_string(scenario.lookup_age);
-    values.spouse_age = joint ? std::to_string(scenario.spouse_lookup_age) : "";
+    values.spouse_age =
+        over_life && scenario.joint_life ? std::to_string(scenario.spouse_lookup_age) : "";
     values.divisor = number_text(round_to_cents(divisor));
-    const bool uniform = scenario.lookup_age >= plan::minimum_distribution_from;
-    values.table = joint ? "Joint and Last Survivor" : uniform ? "Uniform Lifetime" : "Single Life";
+    values.table = table_source(scenario);
 }
 
 bool has_long_amount(const std::vector<NamedTexts>& list) {
@@ -92,8 +93,8 @@ void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& le
     const auto add = [&](const std::string& entry, double dollars) {
         values.ledger.push_back({{"entry", entry}, {"amount", money_text(dollars)}});
     };
-    add("Opening balance", ledger.opening);
-    add(ledger.earnings < 0.0 ? "- Losses" : "+ Earnings", std::abs(ledger.earnings));
+    add("Balance today", ledger.opening);
+    add(ledger.earnings < 0.0 ? "- Lost" : "+ Earned", std::abs(ledger.earnings));
     const std::string not_charged =
         ledger.periods_without_fee == 0
             ? ""
@@ -101,27 +102,31 @@ void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& le
     const std::string of_its_own =
         scenario.method == lump_sum ? fmt::format(" (at ${:.0f} a year)", plan::lump_sum_fee) : "";
     add("- Fees" + of_its_own + not_charged, ledger.fees);
-    add(scenario.method == partial_lump_sum ? "- Lump sum and payments" : "- Payments",
-        ledger.payments);
+    add("- Paid to you", ledger.payments);
     if (ledger.rounding != 0.0) {
         add(ledger.rounding < 0.0 ? "- Rounding" : "+ Rounding", std::abs(ledger.rounding));
     }
-    add("= Closing balance", ledger.closing);
+    add("= Left", ledger.closing);
+}
+
+constexpr const char* year_columns[] = {"year",     "age",  "payments", "beginning",
+                                        "earnings", "fees", "paid",     "ending"};
+
+// Without the rows that are something else.
+int count_of_years(const std::vector<YearRow>& years) {
+    return static_cast<int>(std::ranges::count(years, std::string_view(), &YearRow::label));
 }
 
 void add_years(ReportValues& values, const std::vector<YearRow>& years) {
     for (const YearRow& year : years) {
-        values.years.push_back({{"year", std::to_string(year.year)},
-                                {"age", std::to_string(year.age)},
-                                {"payments", std::to_string(year.payments)},
-                                {"beginning", money_text(year.beginning)},
-                                {"earnings", money_text(year.earnings)},
-                                {"fees", money_text(year.fees)},
-                                {"paid", money_text(year.paid)},
-                                {"ending", money_text(year.ending)}});
+        NamedTexts& named = values.years.emplace_back();
+        const YearTexts texts = year_texts(year);
+        for (std::size_t column = 0; column < texts.size(); ++column) {
+            named.emplace_back(year_columns[column], texts[column]);
+        }
     }
     const YearRow total = total_of(years);
-    values.total_years = count_text(static_cast<int>(years.size()), "year");
+    values.total_years = count_text(count_of_years(years), "year");
     values.total_payments = std::to_string(total.payments);
     values.total_earnings = money_text(total.earnings);
     values.total_fees = money_text(total.fees);
@@ -129,20 +134,19 @@ void add_years(ReportValues& values, const std::vector<YearRow>& years) {
 }
 
 // A lump sum stands ahead of the years and is not part of the year in which it is paid.
-BarData yearly_bars(const Projection& projection, const std::vector<YearRow>& years, bool partial) {
+BarData yearly_bars(const std::vector<YearRow>& years) {
     BarData bars{.labels = {},
                  .sets = {{.name = u"Total paid"_s, .values = {}}},
                  .value_title = u"Paid in each year"_s,
                  .notes = {},
                  .notes_title = u"Age"_s};
-    if (partial) {
-        bars.labels << u"Lump Sum"_s;
-        bars.notes << QString();
-        bars.sets.front().values.push_back(projection.lump_sum);
-    }
     for (const YearRow& year : years) {
-        bars.labels << QString::number(year.year);
-        bars.notes << QString::number(year.age);
+        if (year.label == rounding_label) {
+            continue;
+        }
+        const bool lump = year.label == lump_sum_label;
+        bars.labels << (lump ? u"Lump Sum"_s : QString::number(year.year));
+        bars.notes << (lump ? QString() : QString::number(year.age));
         bars.sets.front().values.push_back(year.paid);
     }
     bars.upper = y_max(std::ranges::max(bars.sets.front().values));
@@ -169,6 +173,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
         values.first_amount = money_text(projection.lump_sum);
         values.first_month = month_year_text(date);
         values.first_age = age_text(scenario, date);
+        values.fee_note = lump_sum_fee_text();
         values.wide = has_long_amount(values.ledger);
         return values;
     }
@@ -178,9 +183,10 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
     add_years(values, years);
     values.before = before_payments_text(projection.ledger);
     values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
-    if (years.size() > 1) {
-        values.chart = [bars = yearly_bars(projection, years, scenario.method == partial_lump_sum)](
-                           QPainter& painter, const QRectF& area) { paint_bars(painter, area, bars); };
+    if (count_of_years(years) > 1) {
+        values.chart = [bars = yearly_bars(years)](QPainter& painter, const QRectF& area) {
+            paint_bars(painter, area, bars);
+        };
     }
     return values;
 }

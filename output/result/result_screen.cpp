@@ -85,7 +85,10 @@ void ResultScreen::build_buttons() {
 
 void ResultScreen::add_menu_button() {
     QPushButton* cmdmenu = control::button(u"Ne&w Participant"_s, "cmdmenu");
-    connect(cmdmenu, &QPushButton::clicked, this, [this] { module.return_to_menu(); });
+    connect(cmdmenu, &QPushButton::clicked, this, [this] {
+        scenario.lookup_age = 0;  // which the life expectancy table would mark
+        module.return_to_menu();
+    });
     navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
     constexpr int twips_per_pixel = 10;
     if (theme::large_text() ||
@@ -183,6 +186,12 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
     values_->addWidget(text, row, 3 * column);
     values_->addWidget(value, row, 3 * column + 1);
     return value;
+}
+
+void ResultScreen::add_note(const QString& text, const char* name) {
+    QLabel* note = theme::label(text, theme::Role::note, name);
+    note->setWordWrap(true);
+    values_->addWidget(note, values_->rowCount(), 0, 1, -1);
 }
 
 void ResultScreen::show_money(QLabel* label, double dollars) {

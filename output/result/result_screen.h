@@ -40,6 +40,8 @@ protected:
 
     // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
     QLabel* add_value(const QString& caption, const char* name, int row, int column);
+    // A quiet line below all values.
+    void add_note(const QString& text, const char* name);
     static void show_money(QLabel* label, double dollars);  // "$###,###,##0.00"
     // Fills the rate list; picking an entry runs get_value.
     void add_rate();

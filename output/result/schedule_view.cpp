@@ -38,8 +38,10 @@ std::vector<RecordTableModel::Column> payment_columns(const Recordset& schedule)
 }
 
 std::vector<TextTableModel::Column> year_columns() {
-    return {{u"Year"_s},     {u"Age"_s},  {u"Payments"_s}, {u"Beginning Balance"_s},
-            {u"Earnings"_s}, {u"Fees"_s}, {u"Paid"_s},     {u"Ending Balance"_s}};
+    return {{u"Year"_s},     {u"Age at Last Payment"_s},
+            {u"Payments"_s}, {u"Beginning Balance"_s},
+            {u"Earnings"_s}, {u"Fees"_s},
+            {u"Paid"_s},     {u"Ending Balance"_s}};
 }
 
 // A text that takes part in the height of two lines, so that the grid above it keeps its place.
@@ -147,14 +149,17 @@ void ScheduleView::explain() {
 void ScheduleView::show_years() {
     std::vector<std::vector<TextTableModel::Cell>> rows;
     for (const YearRow& year : years_of(projection_, scenario.birth_date, scenario.fee_amount)) {
-        rows.push_back({number_cell(year.year), number_cell(year.age), number_cell(year.payments),
-                        money_cell(year.beginning), money_cell(year.earnings), money_cell(year.fees),
-                        money_cell(year.paid), money_cell(year.ending)});
+        const YearTexts shown = year_texts(year);
+        const YearTexts plain = year_texts(year, pattern::plain_amount);
+        auto& cells = rows.emplace_back();
+        for (std::size_t column = 0; column < shown.size(); ++column) {
+            cells.push_back({to_qt(shown[column]), to_qt(plain[column])});
+        }
     }
     const int year = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
     keep_row(*grdyear, year);
-    lblledger->setText(to_qt(ledger_text(scenario, projection_.ledger)));
+    lblledger->setText(to_qt(ledger_text(projection_.ledger)));
 }
 
 }  // namespace kelvar

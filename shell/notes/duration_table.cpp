@@ -79,9 +79,11 @@ QString DurationTable::sentence(const QModelIndex& cell) const {
     if (!cell.isValid() || cell.row() == 0 || cell.column() == 0) {
         return {};
     }
-    const QString choice = u"%1% a year at %2% "_s.arg(withdrawal_of(cell)).arg(return_of(cell));
+    const QString choice =
+        u"Taking out %1% of today's balance each year, earning %2%: "_s.arg(withdrawal_of(cell))
+            .arg(return_of(cell));
     const auto years = years_payments_last(withdrawal_of(cell), return_of(cell));
-    return choice + (years ? u"lasts %1 years"_s.arg(*years) : u"never empties the account"_s);
+    return choice + (years ? u"about %1 years"_s.arg(*years) : u"would not run out"_s);
 }
 
 }  // namespace kelvar

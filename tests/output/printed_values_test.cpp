@@ -55,21 +55,21 @@ TEST(PrintedValues, SayWhatTheScreenShows) {
     EXPECT_EQ(values.title, "Periodic Payments - Monthly");
     EXPECT_EQ(
         values.headline,
-        "Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, "
-        "2021, worked out anew each January; last payment July, 2049, age 99.");
+        "Estimate at 5%, over your minimum distribution years: $734.30 a month from July, 2020, "
+        "$753.06 from January, 2021, then a new amount each January; last payment July, 2049, age 99.");
     EXPECT_EQ(values.first_month + ' ' + values.first_amount + ' ' + values.first_age,
               "July, 2020 $734.30 70");
     EXPECT_EQ(values.next_month + ' ' + values.next_amount, "January, 2021 $753.06");
     EXPECT_EQ(values.last_month + ' ' + values.last_age, "July, 2049 99");
     EXPECT_EQ(values.total_payments + ' ' + values.total_years + ' ' + values.total_paid,
               "349 30 years $578,796.05");
-    EXPECT_EQ(values.total_earnings + ' ' + values.total_fees, "$324,846.68 $2,321.53");
-    EXPECT_EQ(joined(values.ledger.front()), "Opening balance $250,000.00 ");
-    EXPECT_EQ(joined(values.ledger[3]), "- Payments $578,796.05 ");
-    EXPECT_EQ(joined(values.ledger.back()), "= Closing balance $0.00 ");
+    EXPECT_EQ(values.total_earnings + ' ' + values.total_fees, "$324,846.62 $2,321.53");
+    EXPECT_EQ(joined(values.ledger.front()), "Balance today $250,000.00 ");
+    EXPECT_EQ(joined(values.ledger[3]), "- Paid to you $578,796.05 ");
+    EXPECT_EQ(joined(values.ledger.back()), "= Left $0.00 ");
     EXPECT_TRUE(joined(values.years.front()).starts_with("2020 70 6 ")) << joined(values.years[0]);
     // From January 15 to July 15, before the first payment, and then to the last one.
-    EXPECT_EQ(values.before, "Before the first payment: $6,310.79 earnings, $39.89 fees.");
+    EXPECT_EQ(values.before, "Before the first payment: $6,310.79 earned, $39.89 fees.");
     EXPECT_EQ(values.lump_sum, "");
     EXPECT_TRUE(values.chart);
     EXPECT_FALSE(values.wide);
@@ -82,10 +82,18 @@ TEST(PrintedValues, NameTheTableOnlyWhereItWasUsed) {
         std::string life;
     };
     const Case cases[] = {
-        {by_life_expectancy, 70, 349, false, "Single 70  29.1 Uniform Lifetime"},
-        {by_life_expectancy, 69, 361, false, "Single 69  30.1 Single Life"},
-        {by_life_expectancy, 70, 349, true, "Joint 70 52 29.1 Joint and Last Survivor"},
-        {by_number_of_payments, 70, 12, true, "Single 70  29.1 Uniform Lifetime"},
+        {by_life_expectancy, 70, 349, false,
+         "Minimum distribution years 70  29.1 This program's table (the federal one begins at 72)"},
+        {by_life_expectancy, 72, 325, false,
+         "Minimum distribution years 72  27.1 Uniform Lifetime table, federal tables in force since "
+         "2022"},
+        {by_life_expectancy, 69, 361, false,
+         "Single life expectancy 69  30.1 Single Life table, federal tables in force since 2022"},
+        {by_life_expectancy, 70, 349, true,
+         "Joint life expectancy 70 52 29.1 Joint and Last Survivor table, federal tables in force "
+         "since 2022"},
+        {by_number_of_payments, 70, 12, true,
+         "Minimum distribution years 70  29.1 This program's table (the federal one begins at 72)"},
         // A look-up that failed, and left the number of an earlier one.
         {by_life_expectancy, 71, 349, false, "    "},
     };

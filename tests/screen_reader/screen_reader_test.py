@@ -138,8 +138,8 @@ class Walk:
 
         self.hear_result(
             "frmperio",
-            "Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, 2021, "
-            "worked out anew each January; last payment July, 2049, age 99.",
+            "Estimate at 5%, over your minimum distribution years: $734.30 a month from July, 2020, $753.06 from January, 2021, "
+            "then a new amount each January; last payment July, 2049, age 99.",
         )
         self.payments_and_years()
         self.comparison()
@@ -151,11 +151,11 @@ class Walk:
         reader = self.reader
         table = reader.go_to("Schedule of payments", Role.TABLE)
         expect(table.get_n_rows(), 349)
-        expect(table.get_description().startswith("Payment 1, July, 2020: $256,270.90 / 349 payments left"), True)
+        expect(table.get_description().startswith("Payment 1, July, 2020: $256,270.90 divided by 349 payments"), True)
         reader.type("2021")
         explanation = (
-            "Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06. "
-            "Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23."
+            "Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come and this one) = $753.06. "
+            "The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee: $258,636.23."
         )
         reader.until(lambda: table.get_description() == explanation, explanation)
         reader.find(explanation)
@@ -174,14 +174,14 @@ class Walk:
 
         reader.tick("Years")
         years = reader.find("Years of the schedule", Role.TABLE)
-        expect(years.get_n_rows(), 30)
+        expect(years.get_n_rows(), 31)  # the last one is rounding
         values = ("2020", "70", "6", "$256,270.90", "$5,380.85", "$33.53", "$4,405.80", "$257,212.42")
-        headings = ("Year", "Age", "Payments", "Beginning Balance", "Earnings", "Fees", "Paid", "Ending Balance")
+        headings = ("Year", "Age at Last Payment", "Payments", "Beginning Balance", "Earnings", "Fees", "Paid", "Ending Balance")
         expect(cells_of(years, 0), [f"{heading}: {value}" for heading, value in zip(headings, values)])
         reader.find(
-            "$250,000.00 opening + $331,157.41 earnings - $2,361.42 fees - $578,796.05 payments "
-            "+ $0.06 rounding (earnings in the years) = $0.00. "
-            "Before the first payment: $6,310.79 earnings, $39.89 fees."
+            "$250,000.00 today + $331,157.41 earned - $2,361.42 fees - $578,796.05 paid to you "
+            "+ $0.06 rounding = $0.00 left. "
+            "Of this, before the first payment: $6,310.79 earned, $39.89 fees."
         )
         expect(reader.faults(), [])
 
@@ -191,12 +191,12 @@ class Walk:
         self.hear(
             "frmcompare",
             "Comparison of Rates",
-            "Nobody knows what the account will earn: at 8% instead of 5%, $470,471.64 more is paid in all*",
+            "If it earned 8% every year instead of 5%, you would be paid $470,471.64 more in all*",
         )
         table = reader.find("The chosen rates side by side", Role.TABLE)
         shown = [cell.split(": ")[1] for cell in cells_of(table, 0)]
         expect(shown[:5], ["5%", "$256,270.90", "$734.30", "$3,090.02", "349"])
-        expect(shown[5:], ["7/2049", "99", "$331,157.47", "$2,361.42", "$578,796.05"])
+        expect(shown[5:], ["7/2049", "99", "$331,157.41", "$2,361.42", "$578,796.05"])
         reader.key("Escape")
         self.hear("frmperio", "Distribution Schedule", "Annual Rate of Return")
 
@@ -242,7 +242,7 @@ class Walk:
         # 218,993.40 / 349 = 627.49
         self.hear_result(
             "frmparti",
-            "$40,000.00 in July, 2020, then over your single life expectancy: $627.49 a month from October, 2020*",
+            "Estimate at 5%: $40,000.00 in July, 2020, then over your minimum distribution years: $627.49 a month from October, 2020*",
         )
         reader.find("$256,270.90")
         reader.find("$218,993.40")
@@ -262,7 +262,7 @@ class Walk:
         self.hear("frmdrate", "Assumed Annual Rate of Return", "Step 3 of 3")
         reader.tick("ALL (Select all rates)")
         reader.press("Next")
-        self.hear_result("frmlump", "$256,285.85 at once in July, 2020, age 70.")
+        self.hear_result("frmlump", "Estimate at 5%: $256,285.85 at once in July, 2020, age 70.")
         values = [place for place in self.places_of_chart() if "Total Pay Back" in place]
         expect(
             [re.sub(": .* ", ": ", value) for value in values],

@@ -33,7 +33,8 @@ TEST_F(LumpSum, AllFourRates) {
     go_to_result("chkrate_0");
     EXPECT_EQ(notes_shown, QStringList{u"frmclaim"_s});
     EXPECT_EQ(text_of("lblsub"), u"(Lump Sum Payment)"_s);
-    EXPECT_EQ(text_of("lblfee"), u"$80"_s);  // though this projection charges 50
+    EXPECT_EQ(text_of("lblfee"), u"$80"_s);
+    EXPECT_EQ(text_of("lblfeenote"), u"Until a lump sum is paid, $50 of it a year is charged."_s);
     const std::pair<QString, QString> values[] = {{u"5%"_s, u"$256,285.85"_s},
                                                   {u"6%"_s, u"$257,566.90"_s},
                                                   {u"7%"_s, u"$258,854.30"_s},
@@ -146,6 +147,30 @@ TEST_F(Partial, LifeExpectancyAfterAnAmount) {
     EXPECT_EQ(grid_rows(), rows);
     expect_sound_result(40000.0);
     EXPECT_EQ(notes_shown, QStringList{u"frmclaim"_s});
+
+    // 182 and 92 days at $80 a year are $60.0548; the fees of all years with them are rounded up to
+    // whole cents, and that cent is here. Earnings: what leads from today's balance to the second
+    // value.
+    press(Qt::Key_E, Qt::AltModifier);
+    const QAbstractItemModel* years = find<Grid>("grdyear")->model();
+    QStringList lump;
+    double paid = 0.0;
+    for (int row = 0; row < years->rowCount(); ++row) {
+        paid += cents(years->index(row, 6).data().toString());
+    }
+    for (int column = 0; column < years->columnCount(); ++column) {
+        lump << years->index(0, column).data().toString();
+    }
+    EXPECT_EQ(lump.join(u' ').toStdString(),
+              "2020 70 Lump sum $250,000.00 $9,053.46 $60.06 $40,000.00 $218,993.40");
+    EXPECT_NEAR(paid, cents(text_of("lbltotalvalue")), 0.005);
+
+    module->screens.show(ScreenId::frmlife);
+    EXPECT_EQ(find<Grid>("grdlife")->currentIndex().data().toString(), u"70"_s);
+    module->screens.close(ScreenId::frmlife);
+    click("cmdmenu");
+    module->screens.show(ScreenId::frmlife);
+    EXPECT_FALSE(find<Grid>("grdlife")->selectionModel()->hasSelection()) << "nobody's age yet";
 }
 
 TEST_F(Partial, NumberAfterAPercentageThenChangedInputs) {

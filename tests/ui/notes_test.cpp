@@ -111,8 +111,10 @@ TEST_F(Notes, DurationTableSaysACellInWords) {
         }
         return text_of("lblcell").toStdString();
     };
-    EXPECT_EQ(say(u"10%"_s, u"6%"_s), "10% a year at 6% lasts 15 years");
-    EXPECT_EQ(say(u"5%"_s, u"8%"_s), "5% a year at 8% never empties the account");
+    EXPECT_EQ(say(u"10%"_s, u"6%"_s),
+              "Taking out 10% of today's balance each year, earning 6%: about 15 years");
+    EXPECT_EQ(say(u"5%"_s, u"8%"_s),
+              "Taking out 5% of today's balance each year, earning 8%: would not run out");
     table->setCurrentIndex(table->model()->index(0, 3));
     EXPECT_EQ(text_of("lblcell"), QString());
 }

@@ -136,16 +136,16 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     tick_rates_and_go({"chkrate_1", "chkrate_4"});
     EXPECT_EQ(
         text_of("lblheadline"),
-        u"Over your single life expectancy: $734.30 a month from July, 2020, $753.06 from January, 2021, worked out anew each January; last payment July, 2049, age 99."_s);
+        u"Estimate at 5%, over your minimum distribution years: $734.30 a month from July, 2020, $753.06 from January, 2021, then a new amount each January; last payment July, 2049, age 99."_s);
     const QString first = text_of("lblexplain");
     EXPECT_TRUE(
-        first.startsWith(u"Payment 1, July, 2020: $256,270.90 / 349 payments left = $734.30."_s));
+        first.startsWith(u"Payment 1, July, 2020: $256,270.90 divided by 349 payments = $734.30."_s));
     auto* grid = find<Grid>("grddist");
     grid->setFocus();
     type("2021");
     EXPECT_EQ(
         text_of("lblexplain"),
-        u"Payment 7, January, 2021: $258,300.14 / 343 payments left = $753.06. Then $257,547.08 + $1,095.94 growth in 31 days - $6.79 fee = $258,636.23."_s);
+        u"Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come and this one) = $753.06. The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee: $258,636.23."_s);
     EXPECT_GE(grid->viewport()->height() / grid->rowHeight(0), 8) << "rows to be seen";
     const auto amount_read_out = [&](int row) {
         return grid->model()->index(row, 3).data(Qt::AccessibleTextRole).toString();
@@ -155,7 +155,8 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
 
     press(Qt::Key_E, Qt::AltModifier);
     const QAbstractItemModel* years = find<Grid>("grdyear")->model();
-    ASSERT_EQ(years->rowCount(), 30);
+    ASSERT_EQ(years->rowCount(), 31);
+    EXPECT_EQ(years->index(30, 4).data().toString(), u"-$0.06"_s) << "rounding, as the ledger has it";
     QString last = text_of("lblstartvalue");
     double fees = 39.89;  // up to the first payment
     for (int row = 0; row < 30; ++row) {
@@ -171,15 +172,16 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     EXPECT_NEAR(fees, 2361.42, 0.001);
     EXPECT_EQ(
         text_of("lblledger"),
-        u"$250,000.00 opening + $331,157.41 earnings - $2,361.42 fees - $578,796.05 payments + $0.06 rounding (earnings in the years) = $0.00. Before the first payment: $6,310.79 earnings, $39.89 fees."_s);
+        u"$250,000.00 today + $331,157.41 earned - $2,361.42 fees - $578,796.05 paid to you + $0.06 rounding = $0.00 left. Of this, before the first payment: $6,310.79 earned, $39.89 fees."_s);
 
     menu_entry = u"Save as &CSV..."_s;
     save_as = to_qt((folder.path() / "years.csv").string());
     click("cmdprintmenu");
     QFile saved(save_as);
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(saved.readLine(),
-              "Year,Age,Payments,Beginning Balance,Earnings,Fees,Paid,Ending Balance\r\n");
+    EXPECT_EQ(
+        saved.readLine(),
+        "Year,Age at Last Payment,Payments,Beginning Balance,Earnings,Fees,Paid,Ending Balance\r\n");
     EXPECT_EQ(saved.readLine(), "2020,70,6,256270.90,5380.85,33.53,4405.80,257212.42\r\n");
     save_as = to_qt(folder.database().string());
     click("cmdprintmenu");
@@ -204,12 +206,15 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     const QAbstractItemModel* rates = find<Grid>("grdcompare")->model();
     ASSERT_EQ(rates->rowCount(), 2);
     const QString shown[] = {u"5%"_s,        u"$256,270.90"_s, u"$734.30"_s, u"$3,090.02"_s,
-                             u"349"_s,       u"7/2049"_s,      u"99"_s,      u"$331,157.47"_s,
+                             u"349"_s,       u"7/2049"_s,      u"99"_s,      u"$331,157.41"_s,
                              u"$2,361.42"_s, u"$578,796.05"_s};
     for (int column = 0; column < rates->columnCount(); ++column) {
         EXPECT_EQ(rates->index(0, column).data().toString(), shown[column]);
     }
-    EXPECT_TRUE(text_of("lblspread").contains(u"at 8% instead of 5%, $470,471.64 more is paid"_s));
+    EXPECT_TRUE(
+        text_of("lblspread")
+            .contains(
+                u"If it earned 8% every year instead of 5%, you would be paid $470,471.64 more"_s));
     const QString total_at_8 = rates->index(1, 9).data().toString();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the comparison is of the day of the result
     press(Qt::Key_Down);

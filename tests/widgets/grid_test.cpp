@@ -111,6 +111,15 @@ TEST_F(GridTest, RowsChosenByKeysAndPointerAreCopiedInTheOrderOfTheGrid) {
     EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 1);
 }
 
+TEST_F(GridTest, NoRowIsCutInHalf) {
+    for (const int height : {200, 250, 263, 300, 331}) {
+        grid.resize(600, height);
+        const int room = grid.viewport()->height();
+        const int rows = room / grid.rowHeight(0);
+        EXPECT_LT(room - rows * grid.rowHeight(0), rows) << height << ": less than a pixel for each row";
+    }
+}
+
 TEST_F(GridTest, MenuCopiesAndChoosesAll) {
     QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
     QApplication::sendEvent(&grid, &asked);
