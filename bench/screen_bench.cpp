@@ -173,7 +173,7 @@ void reports_to_pdf(benchmark::State& state, const std::vector<std::string>& tem
         QPdfWriter writer(&buffer);
         writer.setPageSize(QPageSize(QPageSize::Letter));
         writer.setPageMargins(page_margins, QPageLayout::Point);
-        const ReportValues result = printed_values(scenario, projection);
+        const ReportValues result = printed_values(scenario, projection, open.module.database());
         std::vector<Report> reports;
         reports.reserve(templates.size());
         for (const std::string& name : templates) {

@@ -70,4 +70,10 @@ struct Scenario {
     std::int16_t payment_start_age = 0;  // when periodic payments start
 };
 
+// True when the payments run over the joint table's years; `joint_life` alone can be left from before
+// another length was chosen.
+inline bool over_joint_life(const Scenario& scenario) {
+    return scenario.length_option == by_life_expectancy && scenario.joint_life;
+}
+
 }  // namespace kelvar

@@ -31,10 +31,6 @@ void add_length(Heading& heading, const Scenario& scenario, const Projection& pr
     heading.emplace_back("paylength", std::int64_t{scenario.length_option});
 }
 
-bool over_joint_life(const Scenario& scenario) {
-    return scenario.length_option == by_life_expectancy && scenario.joint_life;
-}
-
 }  // namespace
 
 std::string money_text(double dollars) {

@@ -1,6 +1,7 @@
 #include "engine/years.h"
 
 #include "core/ages.h"
+#include "core/numbers.h"
 #include "engine/interval.h"
 
 namespace kelvar {
@@ -51,12 +52,14 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
     return years;
 }
 
-YearTexts year_texts(const YearRow& row, std::string_view money_pattern) {
-    const auto money = [&](double dollars) { return format_number(dollars, money_pattern); };
+YearTexts year_texts(const YearRow& row, bool plain) {
+    const auto money = [&](double dollars) {
+        return format_number(dollars, plain ? pattern::plain_amount : pattern::dollars);
+    };
     if (row.label == rounding_label) {
         return {"", "", std::string(row.label), "", money(row.earnings), "", "", ""};
     }
-    return {std::to_string(row.year),
+    return {std::to_string(row.year) + (row.federal_minimum > 0.0 && !plain ? "*" : ""),
             std::to_string(row.age),
             row.label.empty() ? std::to_string(row.payments) : std::string(row.label),
             money(row.beginning),

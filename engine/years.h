@@ -7,7 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "core/numbers.h"
 #include "engine/projection.h"
 
 namespace kelvar {
@@ -23,6 +22,8 @@ struct YearRow {
     double fees = 0.0;       // with those before the payments they add up to the ledger's
     double paid = 0.0;
     double ending = 0.0;  // balance after the last payment of the year
+    // In dollars: what federal law asks for, in a year that pays less; see engine/federal_minimum.h.
+    double federal_minimum = 0.0;
     // What the row is instead of a year's payments; empty for a year.
     std::string_view label{};
 };
@@ -37,9 +38,10 @@ inline constexpr std::string_view rounding_label = "Rounding";
 std::vector<YearRow> years_of(const Projection& projection, Date birth, double fee);
 
 // A row in words, in the order of its columns: year, age, payments or what it is instead, beginning,
-// earnings, fees, paid, ending. What the row does not have is empty.
+// earnings, fees, paid, ending. What the row does not have is empty; a year below the federal minimum
+// has an asterisk. `plain` is for other programs: as "734.30" for "$734.30", and without asterisks.
 using YearTexts = std::array<std::string, 8>;
-YearTexts year_texts(const YearRow& row, std::string_view money_pattern = pattern::dollars);
+YearTexts year_texts(const YearRow& row, bool plain = false);
 
 // Payments, earnings, fees and what is paid of all rows; the rest is 0.
 YearRow total_of(const std::vector<YearRow>& years);

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "input/rules/life_tables.h"
+#include "core/life_tables.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/number_and_amount.h"
 #include "input/rules/spouse.h"

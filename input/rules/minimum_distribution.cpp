@@ -1,7 +1,7 @@
 #include "input/rules/minimum_distribution.h"
 
 #include "core/ages.h"
-#include "input/rules/life_tables.h"
+#include "core/life_tables.h"
 
 namespace kelvar {
 

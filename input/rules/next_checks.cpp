@@ -7,7 +7,7 @@
 #include "input/rules/first_payment.h"
 #include "input/rules/frequency.h"
 #include "input/rules/life_expectancy.h"
-#include "input/rules/life_tables.h"
+#include "core/life_tables.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/minimum_distribution.h"
 #include "input/rules/number_and_amount.h"

@@ -8,6 +8,7 @@
 #include "engine/axis.h"
 #include "engine/yearly_chart.h"
 #include "output/report/chart_page.h"
+#include "output/report/page_painter.h"
 #include "output/report/saved_file.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
@@ -66,6 +67,7 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
     grphsche = new BarChart("grphsche", {});
     content()->addWidget(grphsche, 1);
     set_first_field(grphsche);
+    content()->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
 
     auto* buttons = new PrintButtons(navigation());
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {

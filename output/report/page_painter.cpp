@@ -14,7 +14,7 @@ namespace kelvar {
 
 namespace {
 
-constexpr double footer_inches = 0.35;
+constexpr double footer_inches = 0.475;
 constexpr double body_points = 10.0;
 constexpr double footer_points = 8.0;
 
@@ -122,18 +122,20 @@ void PagePainter::draw(const QTextDocument& document, double top, double bottom,
 
 void PagePainter::draw_footer(const QString& title) {
     const double footer = footer_inches * device_.logicalDpiY();
-    const QRectF area(body_.left(), body_.bottom() + footer / 3, body_.width(), footer * 2 / 3);
+    const QRectF area(body_.left(), body_.bottom() + footer / 4, body_.width(), footer * 3 / 4);
     painter_.save();
     painter_.setFont(font_of_size(footer_points));
     painter_.setPen(QPen(QColor(0x80, 0x80, 0x80), device_.logicalDpiY() / 150.0));
     painter_.drawLine(area.topLeft(), area.topRight());
     painter_.setPen(Qt::black);
+    const QRectF first_line = area.adjusted(0.0, 0.0, 0.0, -painter_.fontMetrics().height());
     const auto put = [&](Qt::Alignment side, const QString& text) {
-        painter_.drawText(area, static_cast<int>(side | Qt::AlignBottom), text);
+        painter_.drawText(first_line, static_cast<int>(side | Qt::AlignBottom), text);
     };
     put(Qt::AlignLeft, u"Printed "_s + to_qt(date_text(printed_)));
     put(Qt::AlignHCenter, title);
     put(Qt::AlignRight, u"Page %1 of %2"_s.arg(page_).arg(page_count_));
+    painter_.drawText(area, Qt::AlignHCenter | Qt::AlignBottom, QString::fromUtf16(estimate_note));
     painter_.restore();
 }
 

@@ -1,4 +1,4 @@
-// Pages on paper or in a PDF, each with its footer: title, date, page number.
+// Pages on paper or in a PDF, each with its footer: title, date, page number, and what the figures are.
 #pragma once
 
 #include <QMarginsF>
@@ -12,8 +12,12 @@ class QTextDocument;
 
 namespace kelvar {
 
-// Of every page, in points: three quarters of an inch.
-inline const QMarginsF page_margins(54.0, 54.0, 54.0, 54.0);
+// Of every page, in points: three quarters of an inch, less below the footer.
+inline const QMarginsF page_margins(54.0, 54.0, 54.0, 45.0);
+
+// What every screen and page with results says of them.
+inline constexpr const char16_t* estimate_note =
+    u"Estimates for illustration, not guaranteed, before taxes and penalties.";
 
 // What everything printed looks like unless its HTML says otherwise; to be set before the HTML.
 void set_style(QTextDocument& document);

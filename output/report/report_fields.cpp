@@ -45,6 +45,7 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"lump_sum", &ReportValues::lump_sum},
     {"fee_note", &ReportValues::fee_note},
     {"before", &ReportValues::before},
+    {"federal_minimum", &ReportValues::federal_minimum},
     {"total_years", &ReportValues::total_years},
     {"total_payments", &ReportValues::total_payments},
     {"total_earnings", &ReportValues::total_earnings},

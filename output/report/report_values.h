@@ -30,15 +30,16 @@ struct ReportValues {
     std::string last_amount;
     std::string last_month;
     std::string last_age;
-    std::string life;         // what the table counts: "Single life expectancy"
-    std::string life_age;     // the participant's, at which the table was looked up
-    std::string spouse_age;   // likewise, for joint life
-    std::string divisor;      // years
-    std::string table;        // where the divisor comes from, in words
-    std::string lump_sum;     // paid ahead of the payments
-    std::string fee_note;     // why the fee of a lump sum is not the annual fee
-    std::string before;       // earnings and fees before the first payment, in one sentence
-    std::string total_years;  // sums over the years
+    std::string life;             // what the table counts: "Single life expectancy"
+    std::string life_age;         // the participant's, at which the table was looked up
+    std::string spouse_age;       // likewise, for joint life
+    std::string divisor;          // years
+    std::string table;            // where the divisor comes from, in words
+    std::string lump_sum;         // paid ahead of the payments
+    std::string fee_note;         // why the fee of a lump sum is not the annual fee
+    std::string before;           // earnings and fees before the first payment, in one sentence
+    std::string federal_minimum;  // which years pay less than that, in one sentence
+    std::string total_years;      // sums over the years
     std::string total_payments;
     std::string total_earnings;
     std::string total_fees;

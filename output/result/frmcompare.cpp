@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/axis.h"
+#include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/saved_file.h"
 #include "output/result/cells.h"
@@ -73,6 +74,7 @@ frmcompare::frmcompare(Module1& module1)
         new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
     content()->addWidget(grphcompare, 1);
     content()->addStretch(0);  // where there are no lines to draw
+    content()->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
     build_buttons();
 }
 

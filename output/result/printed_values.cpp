@@ -14,6 +14,7 @@
 #include "core/plan.h"
 #include "engine/axis.h"
 #include "engine/explanation.h"
+#include "engine/federal_minimum.h"
 #include "engine/heading.h"
 #include "engine/headline.h"
 #include "engine/interval.h"
@@ -74,8 +75,7 @@ void add_life(ReportValues& values, const Scenario& scenario) {
     values.life = table_name(scenario);
     values.life.front() = static_cast<char>(std::toupper(values.life.front()));
     values.life_age = std::to_string(scenario.lookup_age);
-    values.spouse_age =
-        over_life && scenario.joint_life ? std::to_string(scenario.spouse_lookup_age) : "";
+    values.spouse_age = over_joint_life(scenario) ? std::to_string(scenario.spouse_lookup_age) : "";
     values.divisor = number_text(round_to_cents(divisor));
     values.table = table_source(scenario);
 }
@@ -164,7 +164,8 @@ void paint_bars(QPainter& painter, const QRectF& area, const BarData& bars) {
 
 }  // namespace
 
-ReportValues printed_values(const Scenario& scenario, const Projection& projection) {
+ReportValues printed_values(const Scenario& scenario, const Projection& projection,
+                            Database& database) {
     ReportValues values = heading_values(scenario);
     values.headline = headline(scenario, projection);
     add_ledger(values, scenario, projection.ledger);
@@ -177,10 +178,12 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
         values.wide = has_long_amount(values.ledger);
         return values;
     }
-    const std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
+    std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
+    mark_below_federal_minimum(years, scenario, projection, database);
     add_payments(values, scenario, projection.schedule);
     add_life(values, scenario);
     add_years(values, years);
+    values.federal_minimum = federal_minimum_text(years);
     values.before = before_payments_text(projection.ledger);
     values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
     if (count_of_years(years) > 1) {

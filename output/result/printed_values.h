@@ -2,6 +2,7 @@
 // screen shows.
 #pragma once
 
+#include "core/records.h"
 #include "engine/comparison.h"
 #include "engine/projection.h"
 #include "output/report/report_values.h"
@@ -10,7 +11,7 @@ namespace kelvar {
 
 // Of a complete projection of the scenario. The chart shows what is paid in each year; there is none
 // for a single year, or for a lump sum.
-ReportValues printed_values(const Scenario& scenario, const Projection& projection);
+ReportValues printed_values(const Scenario& scenario, const Projection& projection, Database& database);
 
 // Without a chart.
 ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison);

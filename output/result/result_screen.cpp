@@ -105,7 +105,7 @@ QString ResultScreen::file_name(const QString& title) const {
 // The summary and what follows it, as one job: also without one of them.
 PrintJob ResultScreen::print_job() const {
     store_again_if_changed();
-    const ReportValues result = printed_values(scenario, shown_);
+    const ReportValues result = printed_values(scenario, shown_, module.database());
     std::vector<Report> reports;
     std::string missing;
     for (const std::string& name :

@@ -39,7 +39,7 @@ void ScheduleScreen::build_buttons() {
 }
 
 void ScheduleScreen::load() {
-    schedule_->load(module.database().schedule());
+    schedule_->load(module.database());
     lblnumber->setNum(scenario.number_of_payments);
     lblfee->setText(to_qt(fee_text(scenario.fee_amount)));
     add_rate();

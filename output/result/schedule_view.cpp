@@ -9,9 +9,12 @@
 
 #include "core/numbers.h"
 #include "engine/explanation.h"
+#include "engine/federal_minimum.h"
 #include "engine/interval.h"
 #include "engine/years.h"
+#include "output/report/page_painter.h"
 #include "output/result/cells.h"
+#include "widgets/controls.h"
 #include "widgets/focus_marker.h"
 #include "widgets/grid.h"
 #include "widgets/record_table_model.h"
@@ -81,6 +84,11 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     }
     column->addWidget(grids_, 1);
     column->addWidget(build_panel());
+    lblminimum = theme::label({}, theme::Role::note, "lblminimum");
+    lblminimum->setWordWrap(true);
+    lblminimum->hide();
+    column->addWidget(lblminimum);
+    column->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
     for (Grid* grid : {grddist, grdyear}) {
         keep_in_view_with(grid, panel_);
     }
@@ -95,7 +103,9 @@ QWidget* ScheduleView::build_panel() {
     return panel_;
 }
 
-void ScheduleView::load(Recordset& schedule) {
+void ScheduleView::load(Database& database) {
+    database_ = &database;
+    Recordset& schedule = database.schedule();
     rows_ = new RecordTableModel(schedule, payment_columns(schedule), this);
     rows_->set_marks(amount_column, [this](const Recordset&, std::size_t row) {
         const bool known = row < projection_.schedule.rows.size();
@@ -129,6 +139,7 @@ const QAbstractItemModel* ScheduleView::shown_rows() const {
 }
 
 void ScheduleView::choose_view() {
+    lblminimum->hide();
     if (shows_years()) {
         show_years();
     }
@@ -148,18 +159,22 @@ void ScheduleView::explain() {
 
 void ScheduleView::show_years() {
     std::vector<std::vector<TextTableModel::Cell>> rows;
-    for (const YearRow& year : years_of(projection_, scenario.birth_date, scenario.fee_amount)) {
+    std::vector<YearRow> years = years_of(projection_, scenario.birth_date, scenario.fee_amount);
+    mark_below_federal_minimum(years, scenario, projection_, *database_);
+    for (const YearRow& year : years) {
         const YearTexts shown = year_texts(year);
-        const YearTexts plain = year_texts(year, pattern::plain_amount);
+        const YearTexts plain = year_texts(year, true);
         auto& cells = rows.emplace_back();
         for (std::size_t column = 0; column < shown.size(); ++column) {
             cells.push_back({to_qt(shown[column]), to_qt(plain[column])});
         }
     }
-    const int year = grdyear->currentIndex().row();
+    const int chosen = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
-    keep_row(*grdyear, year);
+    keep_row(*grdyear, chosen);
     lblledger->setText(to_qt(ledger_text(projection_.ledger)));
+    lblminimum->setText(to_qt(federal_minimum_text(years)));
+    lblminimum->setVisible(!lblminimum->text().isEmpty());
 }
 
 }  // namespace kelvar

@@ -27,7 +27,7 @@ public:
     // The options Payments and Years, which stand above the view.
     ViewChoice* choice() const { return choice_; }
     // The payments are read from their record set as they are painted.
-    void load(Recordset& schedule);
+    void load(Database& database);
     // A projection whose payments are stored.
     void show_projection(const Projection& projection);
 
@@ -41,6 +41,7 @@ private:
     void show_years();
 
     const Scenario& scenario;
+    Database* database_ = nullptr;
     Projection projection_;
     ViewChoice* choice_ = nullptr;
     QStackedWidget* grids_ = nullptr;
@@ -49,6 +50,7 @@ private:
     Grid* grdyear = nullptr;
     QLabel* lblexplain = nullptr;
     QLabel* lblledger = nullptr;
+    QLabel* lblminimum = nullptr;  // the years below the federal minimum, if there are any
     RecordTableModel* rows_ = nullptr;
     TextTableModel* years_ = nullptr;
 };

@@ -395,8 +395,9 @@ TEST_F(Reports, PagesCloseWithDayTitleAndNumber) {
     Words words(&unwritten);
     draw_reports({shipped("partial.rpt"), shipped("schedule.rpt")}, 2026y / 11 / 21, words);
     ASSERT_EQ(words.pages.size(), 2U);
-    EXPECT_EQ(words.pages[0].first(3).join(u'|').toStdString(),
-              "Printed 11/21/2026|Partial Lump Sum Payments|Page 1 of 2");
+    EXPECT_EQ(words.pages[0].first(4).join(u'|').toStdString(),
+              "Printed 11/21/2026|Partial Lump Sum Payments|Page 1 of 2|"
+              "Estimates for illustration, not guaranteed, before taxes and penalties.");
     EXPECT_EQ(words.pages[1].value(2).toStdString(), "Page 2 of 2");
 }
 

@@ -1,4 +1,4 @@
-#include "input/rules/life_tables.h"
+#include "core/life_tables.h"
 
 #include <fmt/format.h>
 
@@ -27,12 +27,17 @@ std::optional<double> single_life_expectancy(Database& database, int age) {
     return divisor ? std::optional{age + *divisor} : std::nullopt;
 }
 
-std::optional<double> joint_life_expectancy(Database& database, int participant_age, int spouse_age) {
+std::optional<double> joint_life_divisor(Database& database, int participant_age, int spouse_age) {
     Recordset& joinlife = database.joinlife();
     if (!find(joinlife, fmt::format("PartAge={}and BeneAge={}", participant_age, spouse_age))) {
         return std::nullopt;
     }
-    return participant_age + joinlife.number("LifeAge");
+    return joinlife.number("LifeAge");
+}
+
+std::optional<double> joint_life_expectancy(Database& database, int participant_age, int spouse_age) {
+    const auto divisor = joint_life_divisor(database, participant_age, spouse_age);
+    return divisor ? std::optional{participant_age + *divisor} : std::nullopt;
 }
 
 }  // namespace kelvar
