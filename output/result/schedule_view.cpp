@@ -41,10 +41,14 @@ std::vector<RecordTableModel::Column> payment_columns(const Recordset& schedule)
 }
 
 std::vector<TextTableModel::Column> year_columns() {
-    return {{u"Year"_s},     {u"Age at Last Payment"_s},
-            {u"Payments"_s}, {u"Beginning Balance"_s},
-            {u"Earnings"_s}, {u"Fees"_s},
-            {u"Paid"_s},     {u"Ending Balance"_s}};
+    return {{u"Year"_s, Qt::AlignLeft},
+            {u"Age at Last Payment"_s},
+            {u"Payments"_s},
+            {u"Beginning Balance"_s},
+            {u"Earnings"_s},
+            {u"Fees"_s},
+            {u"Paid"_s},
+            {u"Ending Balance"_s}};
 }
 
 // A text that takes part in the height of two lines, so that the grid above it keeps its place.
