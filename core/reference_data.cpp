@@ -11,9 +11,9 @@ namespace kelvar {
 
 namespace {
 
-constexpr std::size_t rates = 4;
+constexpr double rates = 4.0;
 constexpr double rate_above = -100.0;
-constexpr double rate_at_most = 100.0;
+constexpr double rate_below = 100.0;
 constexpr std::ptrdiff_t longest_mark = 60;
 constexpr int oldest = 200;
 constexpr double divisor_below = 200.0;
@@ -64,10 +64,6 @@ public:
         throw DatabaseError(file_, fmt::format("table {}, row {}: {}", name_, row + 1, why));
     }
 
-    [[noreturn]] void refuse(const std::string& why) const {
-        throw DatabaseError(file_, fmt::format("table {} {}", name_, why));
-    }
-
 private:
     const std::filesystem::path& file_;
     const char* name_;
@@ -86,20 +82,21 @@ bool is_mark(const FieldValue& value) {
 }
 
 void check_rates(const Table& table) {
-    if (table.size() != rates) {
-        table.refuse(fmt::format("must hold {} rows, not {}", rates, table.size()));
-    }
     const Table::Field rateid = table.field("rateid");
     const Table::Field ratemark = table.field("ratemark");
     const Table::Field percent = table.field("rate");
-    for (std::size_t row = 0; row < rates; ++row) {
-        if (table.number(row, rateid) != static_cast<double>(row + 1)) {
-            table.refuse(row, fmt::format("rateid must be {}", row + 1));
+    double last = 0.0;
+    for (std::size_t row = 0; row < table.size(); ++row) {
+        const auto id = table.number(row, rateid);
+        if (!id || !(*id > last && *id <= rates) || *id != std::floor(*id)) {
+            table.refuse(row,
+                         fmt::format("rateid must be 1 to {}, each once and in this order", rates));
         }
+        last = *id;
         const auto rate = table.number(row, percent);
-        if (!rate || !(*rate > rate_above && *rate <= rate_at_most)) {
-            table.refuse(row, fmt::format("rate must be a number above {} and at most {}", rate_above,
-                                          rate_at_most));
+        if (!rate || !(*rate > rate_above && *rate < rate_below)) {
+            table.refuse(row, fmt::format("rate must be a number above {} and below {}", rate_above,
+                                          rate_below));
         }
         if (!is_mark(table.value(row, ratemark))) {
             table.refuse(row,

@@ -49,7 +49,7 @@ void frmdrate::rate_ticked(int index) {
     const bool ticked = chkrate[static_cast<std::size_t>(index)]->isChecked();
     if (index == 0) {
         for (QCheckBox* box : chkrate) {
-            box->setChecked(ticked);
+            box->setChecked(ticked && box->isEnabled());
         }
     } else if (!ticked) {
         chkrate[0]->setChecked(false);
@@ -113,17 +113,18 @@ void frmdrate::build_portfolios(QBoxLayout* column) {
 void frmdrate::load() {
     module.set_screen_size();
     chkrate[0]->setText(u"&ALL (Select all rates)"_s);
-    const std::vector<std::string> captions = rate_captions(module.database().rate());
+    const RateCaptions captions = rate_captions(module.database().rate());
     const QRegularExpression rule(u"_+"_s);  // would be read out stroke by stroke
     for (std::size_t index = 1; index < chkrate.size(); ++index) {
-        const bool there = index <= captions.size();
-        chkrate[index]->setVisible(there);
-        if (there) {
-            const QString caption = to_qt(captions[index - 1]);
+        const QString caption = to_qt(captions[index]);
+        chkrate[index]->setEnabled(!caption.isEmpty());
+        chkrate[index]->setAccessibleName(u"No rate"_s);
+        if (!caption.isEmpty()) {
             chkrate[index]->setText(u"&"_s + QString(caption).replace(u"&"_s, u"&&"_s));
             chkrate[index]->setAccessibleName(QString(caption).replace(rule, u", "_s));
         }
     }
+    chkrate[0]->setEnabled(captions != RateCaptions{});
     set_first_field(chkrate[0]);
 }
 

@@ -12,9 +12,10 @@ namespace kelvar {
 // Ticks of the five boxes: index 0 is "all", 1 to 4 are the rates with that identifier.
 using RateTicks = std::array<bool, 5>;
 
-// Captions of boxes 1 to 4, such as "5%_____________Low Risk/Low Return Portfolio", in table order;
-// fewer when the table has fewer rows.
-std::vector<std::string> rate_captions(const Recordset& rates);
+// Their captions, such as "5%_____________Low Risk/Low Return Portfolio", under the same indices; empty
+// for "all" and for a rate without a row.
+using RateCaptions = std::array<std::string, 5>;
+RateCaptions rate_captions(Recordset& rates);
 
 // The ticked rates in percent per year, by ascending identifier. A rate without a row is left out.
 std::vector<double> rate_list(Recordset& rates, const RateTicks& ticks);

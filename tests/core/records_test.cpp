@@ -315,11 +315,10 @@ TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
     };
     const std::string too_long(61, 'x');
     for (const Case& c : std::initializer_list<Case>{
-             {"three rates", rates("DELETE FROM rate WHERE rateid = 2"),
-              "table rate must hold 4 rows, not 3"},
-             {"five rates", rates("INSERT INTO rate VALUES (5, 9, 'x')"),
-              "table rate must hold 4 rows, not 5"},
+             {"five rates", rates("INSERT INTO rate VALUES (5, 9, 'x')"), "table rate, row 5: rateid"},
              {"rates in another order", rates("UPDATE rate SET rateid = 5 - rateid"),
+              "table rate, row 2: rateid"},
+             {"half a rateid", rates("UPDATE rate SET rateid = 1.5 WHERE rateid = 1"),
               "table rate, row 1: rateid"},
              {"a rate twice", rates("UPDATE rate SET rateid = 2 WHERE rateid = 3"),
               "table rate, row 3: rateid"},
@@ -329,8 +328,8 @@ TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
               "table rate, row 2: rate "},
              {"all is lost", rates("UPDATE rate SET rate = -100 WHERE rateid = 4"),
               "table rate, row 4: rate "},
-             {"more than doubled", rates("UPDATE rate SET rate = 100.01 WHERE rateid = 1"),
-              "table rate, row 1: rate "},
+             {"doubled", rates("UPDATE rate SET rate = 100 WHERE rateid = 1"),
+              "table rate, row 1: rate must be a number above -100 and below 100"},
              {"an infinite rate", rates("UPDATE rate SET rate = 9e999 WHERE rateid = 1"),
               "table rate, row 1: rate "},
              {"an empty mark", rates("UPDATE rate SET ratemark = '' WHERE rateid = 3"),
@@ -379,12 +378,15 @@ TEST(DatabaseFile, OpeningFailsWithTheNameOfTheFile) {
         EXPECT_EQ(std::filesystem::exists(folder.database()), there) << c.name;
     }
     const TemporaryProgramFolder folder;
-    run_sql(
-        folder.database(),
-        "UPDATE rate SET rate = 100, ratemark = replace(hex(zeroblob(30)), '0', 'é') WHERE rateid = 4;"
-        "UPDATE rate SET rate = -99.99 WHERE rateid = 1; UPDATE lifexp SET multiple = 199.9");
+    run_sql(folder.database(),
+            "UPDATE rate SET rate = 99.99, ratemark = replace(hex(zeroblob(30)), '0', 'é') WHERE "
+            "rateid = 4;"
+            "UPDATE rate SET rate = -99.99 WHERE rateid = 1; UPDATE lifexp SET multiple = 199.9");
     Database at_the_bounds(folder.database());
     EXPECT_NO_THROW(check_reference_data(at_the_bounds));
+    run_sql(folder.database(), "DELETE FROM rate WHERE rateid IN (1, 3)");
+    Database with_two_rates(folder.database());
+    EXPECT_NO_THROW(check_reference_data(with_two_rates));
 }
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include <csignal>
 
 #include "core/numbers.h"
+#include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/grid.h"
 #include "widgets/text.h"
@@ -327,6 +328,27 @@ TEST_F(Periodic, NumberOfPaymentsThenPreviousAndAnotherNumber) {
     EXPECT_EQ(grid_rows().size(), 1u);
     EXPECT_EQ(grid_rows()[0][3], text_of("lblstartvalue"));
     expect_sound_schedule();
+}
+
+// The box of a rate without a row is grey, also when all are ticked.
+TEST_F(Periodic, RatesWithoutARowArePassedOver) {
+    run_sql(folder.database(), "DELETE FROM rate WHERE rateid = 2");
+    start_program();
+    go_to_length();
+    click("optlength_0");
+    enter("txtnumber", u"24"_s);
+    click("Cmdnext");
+    EXPECT_FALSE(find<QCheckBox>("chkrate_2")->isEnabled());
+    EXPECT_EQ(find<QCheckBox>("chkrate_3")->text(),
+              u"&7%_____________Moderately High Return/Risk Portfolio"_s);
+    click("chkrate_0");
+    EXPECT_FALSE(find<QCheckBox>("chkrate_2")->isChecked());
+    click("Cmdnext");
+    EXPECT_EQ(find<QComboBox>("cmbrate")->count(), 3);
+    run_sql(folder.database(), "DELETE FROM rate");
+    start_program();
+    go_to_rates();
+    EXPECT_FALSE(find<QCheckBox>("chkrate_0")->isEnabled());
 }
 
 // Ten payments, four, two and one a year.

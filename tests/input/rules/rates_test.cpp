@@ -8,14 +8,14 @@
 namespace kelvar::test {
 namespace {
 
-TEST(Rates, AreCaptionedInTableOrder) {
+TEST(Rates, AreCaptionedByTheirRows) {
     const TemporaryProgramFolder folder;
     run_sql(folder.database(),
             "UPDATE rate SET rate = 6.25 WHERE rateid = 2; DELETE FROM rate WHERE rateid = 3");
     Database database(folder.database());
-    const std::vector<std::string> expected{"5%_____________Low Risk/Low Return Portfolio",
-                                            "6.25%_____________Moderately Low Return/Risk Portfolio",
-                                            "8%_____________High Return/High Risk Portfolio"};
+    const RateCaptions expected{"", "5%_____________Low Risk/Low Return Portfolio",
+                                "6.25%_____________Moderately Low Return/Risk Portfolio", "",
+                                "8%_____________High Return/High Risk Portfolio"};
     EXPECT_EQ(rate_captions(database.rate()), expected);
 }
 
