@@ -8,12 +8,14 @@
 // (yyyy-mm-dd), `rate` (percent per year) and the fields of Scenario in the table below. What has no
 // column is 0, the fee 80. For each scenario a line with its results and its ledger is written, then a
 // line for each payment as the work table holds it; the first two lines name their columns. Numbers
-// have 17 significant digits, so that they are read back exactly. A line that is no scenario ends the
-// program with exit code 2; standard error names the line and the column.
+// have 17 significant digits, so that they are read back exactly. A line that is no scenario, or grows
+// beyond any number, ends the program with exit code 2; standard error names the line and the column.
+// When the output cannot be written, the exit code is 1.
 #include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -22,6 +24,7 @@
 #include <limits>
 #include <sstream>
 #include <stdexcept>
+#include <system_error>
 #include <variant>
 #include <vector>
 
@@ -89,11 +92,9 @@ Date read_date(const std::string& text) {
     int year = 0;
     int month = 0;
     int day = 0;
-    int end = 0;
-    const int parts = std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &year, &month, &day, &end);
-    const auto date =
-        parts == 3 && text.c_str()[end] == '\0' ? real_date(year, month, day) : std::nullopt;
-    if (!date) {
+    std::sscanf(text.c_str(), "%4d-%2d-%2d", &year, &month, &day);
+    const auto date = real_date(year, month, day);
+    if (!date || text != fmt::format("{:04}-{:02}-{:02}", year, month, day)) {
         throw Refused("today", fmt::format("'{}' is no date like 2020-01-15", text));
     }
     return *date;
@@ -189,6 +190,9 @@ constexpr std::string_view headings =
 
 void write(fmt::memory_buffer& out, const std::string& id, const Projection& p) {
     const Ledger& l = p.ledger;
+    if (!std::isfinite(p.start_value + p.second_value + p.total_paid + l.earnings + l.rounding)) {
+        throw Refused("rate", "the account grows beyond any number");
+    }
     fmt::format_to(std::back_inserter(out),
                    FMT_COMPILE("{},{:.17g},{:.17g},{},{:.17g},{},{:.17g},{:.17g},{:.17g},{},{:.17g},"
                                "{:.17g},{:.17g}\n"),
@@ -204,14 +208,13 @@ void write(fmt::memory_buffer& out, const std::string& id, const Projection& p) 
 }
 
 void flush(fmt::memory_buffer& out) {
-    std::fwrite(out.data(), 1, out.size(), stdout);
-    std::fflush(stdout);
+    if (std::fwrite(out.data(), 1, out.size(), stdout) != out.size() || std::fflush(stdout) != 0) {
+        throw std::system_error(errno, std::generic_category(), "standard output");
+    }
     out.clear();
 }
 
-}  // namespace
-
-int main() {
+int run() {
     std::ios::sync_with_stdio(false);  // standard input alone goes through streams
     constexpr std::size_t enough = 1U << 16U;
     fmt::memory_buffer out;
@@ -219,7 +222,8 @@ int main() {
     try {
         std::string line;
         std::getline(std::cin, line);
-        const std::vector<std::string> names = split(line);
+        const bool marked = line.starts_with("\xEF\xBB\xBF");  // as UTF-8, by spreadsheets
+        const std::vector<std::string> names = split(line.substr(marked ? 3 : 0));
         check_header(names);
         out.append(headings);
         while (std::getline(std::cin, line)) {
@@ -235,5 +239,17 @@ int main() {
         flush(out);
         fmt::print(stderr, "line {}, {}\n", number, refused.what());
         return 2;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main() {
+    try {
+        return run();
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "{}\n", error.what());
+        return 1;
     }
 }

@@ -20,11 +20,12 @@ struct Output {
     int exit_code = 0;
 };
 
-Output run(const std::string& input) {
+Output run(const std::string& input, const std::string& standard_output = "") {
     const TemporaryProgramFolder folder;
     const std::filesystem::path file = folder.path() / "scenarios.csv";
     std::ofstream(file) << input;
-    FILE* pipe = popen((KELVAR_PROJECT_SCENARIOS " 2>&1 < " + file.string()).c_str(), "r");
+    FILE* pipe =
+        popen((KELVAR_PROJECT_SCENARIOS " 2>&1 < " + file.string() + standard_output).c_str(), "r");
     Output output;
     for (char line[512]; fgets(line, sizeof line, pipe) != nullptr;) {
         output.lines.emplace_back(line).pop_back();
@@ -55,7 +56,7 @@ const std::string header =
     "life_expectancy_age\r\n";
 
 TEST(ProjectScenarios, GivesTheFiguresWorkedOutApart) {
-    const Output output = run(header +
+    const Output output = run("\xEF\xBB\xBF" + header +
                               "life,2020-01-15,5,2,250000,7,2020,0,0,12,3,349,0,0,70,99.1\n"
                               "part,2020-01-31,5,3,250000,1,2020,2,2020,4,2,0,9000.005,40000,70,99.1\n"
                               "over,2020-01-15,7,2,250000,7,2020,0,0,12,2,0,1400,0,70,99.1\n"
@@ -100,6 +101,12 @@ TEST(ProjectScenarios, NamesTheBadLineAndItsColumn) {
         {header + good + "b,2020-01-15,5\n", "line 3, column method: 3 fields, not 16"},
         {header + "a,2020-02-30,5,1,9,7,2020,0,0,12,3,9,0,0,70,99\n",
          "line 2, column today: '2020-02-30' is no date like 2020-01-15"},
+        {header + "a,+202-01-15,5,1,9,7,2020,0,0,12,3,9,0,0,70,99\n",
+         "line 2, column today: '+202-01-15' is no date like 2020-01-15"},
+        {header + good + "a,2020-01-15,100,1,9,7,9000,0,0,12,3,9,0,0,70,99\n",
+         "line 3, column rate: the account grows beyond any number"},
+        {header + "a,2020-01-15,100,2,250000,7,2020,0,0,1,1,7900,0,0,70,99\n",
+         "line 2, column rate: the account grows beyond any number"},
         {header + "a,2020-01-15,5%,1,9,7,2020,0,0,12,3,9,0,0,70,99\n",
          "line 2, column rate: '5%' is not a number"},
         {header + "a,2020-01-15,5,1,9,13,2020,0,0,12,3,9,0,0,70,99\n",
@@ -119,6 +126,15 @@ TEST(ProjectScenarios, NamesTheBadLineAndItsColumn) {
         EXPECT_EQ(output.exit_code, 2) << message;
         ASSERT_FALSE(output.lines.empty()) << message;
         EXPECT_EQ(output.lines.back(), message);
+    }
+}
+
+TEST(ProjectScenarios, SaysWhenItsOutputIsLost) {
+    for (const char* lost : {" >/dev/full", " >&-"}) {
+        const Output output = run(header, lost);
+        EXPECT_EQ(output.exit_code, 1) << lost;
+        ASSERT_EQ(output.lines.size(), 1U) << lost;
+        EXPECT_TRUE(output.lines[0].starts_with("standard output: ")) << output.lines[0];
     }
 }
 
