@@ -59,10 +59,9 @@ void draw_on(QPrinter& printer, const PrintJob& job) {
 // Draws all of it where it can be thrown away.
 void rehearse(const QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
     const Hourglass hourglass;
-    QByteArray thrown_away;
-    QBuffer buffer(&thrown_away);
-    buffer.open(QIODevice::WriteOnly);
-    CountedPages rehearsal(progress, &buffer);
+    QBuffer thrown_away;
+    thrown_away.open(QIODevice::WriteOnly);
+    CountedPages rehearsal(progress, &thrown_away);
     rehearsal.setPageLayout(printer.pageLayout());
     rehearsal.setResolution(printer.resolution());
     rehearsal.setPageRanges(printer.pageRanges());
@@ -142,16 +141,17 @@ QByteArray description(const PrintJob& job) {
 void write_pdf(const Module1& module, const QString& path, const PrintJob& job,
                PrintProgress& progress) {
     const Hourglass hourglass;
-    write_whole(module, path, [&](QIODevice& file) {
-        CountedPages writer(progress, &file);
-        writer.setTitle(job.title);
-        writer.setCreator(u"Kelvar"_s);
-        writer.setDocumentXmpMetadata(description(job));
-        writer.setPageSize(QPageSize(QPageSize::Letter));
-        writer.setPageOrientation(job.orientation);
-        writer.setPageMargins(page_margins, QPageLayout::Point);
-        job.draw(writer);
-    });
+    QBuffer pages;
+    pages.open(QIODevice::WriteOnly);
+    CountedPages writer(progress, &pages);
+    writer.setTitle(job.title);
+    writer.setCreator(u"Kelvar"_s);
+    writer.setDocumentXmpMetadata(description(job));
+    writer.setPageSize(QPageSize(QPageSize::Letter));
+    writer.setPageOrientation(job.orientation);
+    writer.setPageMargins(page_margins, QPageLayout::Point);
+    job.draw(writer);
+    write_whole(module, path, pages.data());
 }
 
 // Empty when the user names no file.

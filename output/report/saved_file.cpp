@@ -95,8 +95,7 @@ QString saved_to(const QString& path) {
     return u"Saved to "_s + QDir::toNativeSeparators(path);
 }
 
-void write_whole(const Module1& module, const QString& path,
-                 const std::function<void(QIODevice&)>& write) {
+void write_whole(const Module1& module, const QString& path, const QByteArray& contents) {
     const std::string shown = "The file " + to_utf8(QDir::toNativeSeparators(path));
     if (belongs_to_program(module, path)) {
         throw PrintError(shown + " belongs to the program and stays as it is.");
@@ -109,13 +108,18 @@ void write_whole(const Module1& module, const QString& path,
     if (there.exists() && !there.isFile()) {
         throw PrintError(shown + " cannot be written: it is a device or a folder.");
     }
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         refuse();
     }
-    write(file);
-    // What is still in the file's buffer is not looked at by commit: it would replace the old file by
-    // one that is cut off.
-    if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) {
+    // A disk that fills up takes a part without an error, which only the next write brings, and commit
+    // would replace the old file by that part.
+    for (qint64 done = 0, taken = 0; done < contents.size(); done += taken) {
+        taken = file.write(contents.data() + done, contents.size() - done);
+        if (taken <= 0) {
+            refuse();
+        }
+    }
+    if (!file.commit()) {
         refuse();
     }
 }
@@ -129,7 +133,7 @@ QString save_csv(Module1& module, QWidget* window, const QString& name, const QB
     }
     try {
         const Hourglass hourglass;
-        write_whole(module, path, [&](QIODevice& file) { file.write(table); });
+        write_whole(module, path, table);
         remember_folder(window, path);
     } catch (const PrintError& error) {
         module.screens.show_message(std::string("Nothing was saved.\n\n") + error.what());

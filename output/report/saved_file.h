@@ -4,11 +4,9 @@
 
 #include <QByteArray>
 #include <QString>
-#include <functional>
 
 #include "core/module1.h"
 
-class QIODevice;
 class QWidget;
 
 namespace kelvar {
@@ -34,11 +32,10 @@ void remember_folder(QWidget* window, const QString& path);
 // What to say of a file that was saved.
 QString saved_to(const QString& path);
 
-// Writes what `write` gives into the file with this path. An existing file is only replaced by a
-// complete one; where the name is a link to another file, that file is replaced and the link stays.
-// Throws PrintError for a file that belongs to the program, and when the file cannot be written.
-void write_whole(const Module1& module, const QString& path,
-                 const std::function<void(QIODevice&)>& write);
+// Writes the file with this path. An existing file is only replaced by a complete one; where the name
+// is a link to another file, that file is replaced and the link stays. Throws PrintError for a file
+// that belongs to the program, and when the file cannot be written.
+void write_whole(const Module1& module, const QString& path, const QByteArray& contents);
 
 // Saves a table as a CSV file that the user names. What goes wrong is one message and leaves nothing
 // behind. Returns what to say of the file that was written, or nothing.

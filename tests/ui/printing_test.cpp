@@ -1,5 +1,6 @@
 // Charts and printing, driven through the screens; every print goes to a PDF file.
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QAction>
@@ -17,6 +18,7 @@
 #include <QPdfWriter>
 #include <QProcess>
 #include <QThread>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -413,6 +415,32 @@ TEST_F(Printing, FileNamesLeaveOutWhatNoneCanHold) {
         EXPECT_EQ(proposed_name(title, u" -2.5%"_s, day).toStdString(),
                   (name + u" -2.5% 2020-01-05"_s).toStdString());
     }
+}
+
+// A file takes what there is room for and the rest not, as on a disk that fills up.
+TEST_F(Printing, FilesAreWrittenWholeOrNotAtAll) {
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit room{};
+    getrlimit(RLIMIT_FSIZE, &room);
+    const std::filesystem::path file = folder.path() / "out.csv";
+    for (const qsizetype size : {1, 4'096, 16'384, 16'385, 40'950, 65'536, 1'000'000}) {
+        for (const rlim_t free : {0, 1, 4'096, 16'384, 28'672, 40'949, 65'536}) {
+            std::ofstream(file) << "older";
+            const rlimit little{free, room.rlim_max};
+            setrlimit(RLIMIT_FSIZE, &little);
+            std::string why;
+            try {
+                write_whole(*module, to_qt(file.string()), QByteArray(size, 'x'));
+            } catch (const PrintError& error) {
+                why = error.what();
+            }
+            setrlimit(RLIMIT_FSIZE, &room);
+            const bool fits = static_cast<rlim_t>(size) <= free;
+            EXPECT_EQ(why.find("File too large") == std::string::npos, fits) << size << ' ' << why;
+            EXPECT_EQ(std::filesystem::file_size(file), fits ? size : 5) << size << ' ' << free;
+        }
+    }
+    std::signal(SIGXFSZ, handler);
 }
 
 TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
