@@ -7,12 +7,11 @@
 
 namespace {
 
-// The folder that the first argument names, where each user has one; otherwise the program's own.
-std::filesystem::path folder_of_program() {
-    const QStringList arguments = QCoreApplication::arguments();
-    return arguments.size() > 1
-               ? std::filesystem::weakly_canonical(arguments[1].toStdString())
-               : std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+// The folder that the first argument names, where each user has one; otherwise the program's own. Its
+// name may be any bytes.
+std::filesystem::path folder_of_program(int argc, char** argv) {
+    return argc > 1 ? std::filesystem::weakly_canonical(argv[1])
+                    : std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
 }
 
 }  // namespace
@@ -24,7 +23,7 @@ int main(int argc, char** argv) {
     Application::setDesktopFileName(QStringLiteral("io.github.kelvar.Kelvar"));
     theme::apply(application);
     try {
-        const std::filesystem::path program_folder = folder_of_program();
+        const std::filesystem::path program_folder = folder_of_program(argc, argv);
         const OnlyProgram only_one(program_folder);
         if (only_one.is_second()) {
             return Application::report_already_open();

@@ -1,6 +1,6 @@
 #include "shell/application.h"
 
-#include <fmt/format.h>
+#include <cstdio>
 
 #include "widgets/message_dialog.h"
 
@@ -34,7 +34,7 @@ int Application::report_already_open() {
 }
 
 int Application::report(const std::string& error, const QString& message) {
-    fmt::print(stderr, "Kelvar: {}\n", error);
+    std::fputs(("Kelvar: " + error + '\n').c_str(), stderr);  // there may be nobody who takes it
     // Without a screen there is nobody to press OK.
     if (platformName() != u"offscreen"_s && platformName() != u"minimal"_s) {
         while (overrideCursor() != nullptr) {

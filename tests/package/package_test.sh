@@ -34,6 +34,7 @@ done
 for report in "$source"/data/reports/*.rpt; do
     cmp "$report" "$folder/$(basename "$report")" || fail "a report template is not the one of the sources"
 done
+[ "$(stat -c %a "$folder/vestoraq.mdb")" = 600 ] || fail "others may read the database"
 ! readelf --wide --sections "$folder/kelvar" | grep -q ' \.symtab ' || fail "the program is not stripped"
 
 rows() { sqlite3 "$folder/vestoraq.mdb" "SELECT count(*) FROM $1"; }
@@ -138,10 +139,18 @@ end_program() {
     program=
 }
 
+# Others who may write there have put links where new files would be made.
+mkdir -p "$own/.installed"
+: >"$work/planted"
+for file in vestoraq.mdb yearly.rpt .installed/yearly.rpt; do
+    ln -s "$work/planted" "$own/$file.new"
+done
 open_program
 for file in vestoraq.hlp "${reports[@]}"; do
     cmp "$installed/$file" "$own/$file" || fail "$file of the user is not the one installed"
 done
+[ ! -s "$work/planted" ] || fail "something is written through a planted link"
+[ "$(stat -c %a "$own" "$own/vestoraq.mdb" | tr '\n' ' ')" = '700 600 ' ] || fail "others may read the database"
 ! "$launcher" 2>"$work/errors" || fail "a second program opens"
 grep -q 'already open' "$work/errors" || fail "the second program only says $(cat "$work/errors")"
 end_program
@@ -164,3 +173,33 @@ rm -r "$XDG_DATA_HOME"
 : >"$XDG_DATA_HOME"  # where no folder can be made
 ! "$launcher" 2>"$work/errors" || fail "it starts without a folder"
 grep -qF "$own/vestoraq.mdb" "$work/errors" || fail "without a folder it only says $(cat "$work/errors")"
+
+# --- The launcher alone: killed after each of its steps, while one version follows the other
+launcher=$work/steps/usr/bin/kelvar
+installed=$work/steps/usr/lib/kelvar
+mkdir -p "$installed" "$work/steps/usr/bin" "$work/tools"
+cp "$root/usr/bin/kelvar" "$launcher"
+ln -s /bin/true "$installed/kelvar"
+: >"$installed/vestoraq.mdb"
+for tool in cp mv; do
+    printf '%s\n' '#!/bin/sh' "/bin/$tool \"\$@\"; echo >>\"$work/taken\"" \
+        "[ \$(wc -l <\"$work/taken\") -ne \"\$LAST_STEP\" ] || kill -9 \$PPID" >"$work/tools/$tool"
+done
+printf '%s\n' '#!/bin/sh' "echo 'user:x:1:1::$work/home of user:/bin/sh'" >"$work/tools/getent"
+chmod +x "$work"/tools/*
+for step in $(seq 8); do
+    export XDG_DATA_HOME=$work/after$step
+    for version in 1 2 3; do
+        echo "$version" >"$installed/yearly.rpt"
+        rm -f "$work/taken"
+        LAST_STEP=$((version < 3 ? step : 0)) PATH=$work/tools:$PATH "$launcher" 2>/dev/null || true
+    done
+    cmp "$installed/yearly.rpt" "$XDG_DATA_HOME/kelvar/yearly.rpt" || fail "killed after step $step, it follows no more"
+done
+for file in vestoraq.mdb yearly.rpt; do
+    ln -sf "$work/not mounted" "$XDG_DATA_HOME/kelvar/$file"
+    "$launcher"
+    [ -L "$XDG_DATA_HOME/kelvar/$file" ] || fail "a link to what is not mounted is replaced"
+done
+env -u HOME -u XDG_DATA_HOME LAST_STEP=0 PATH="$work/tools:$PATH" "$launcher"
+[ -s "$work/home of user/.local/share/kelvar/yearly.rpt" ] || fail "without HOME it finds no folder"
