@@ -11,8 +11,9 @@
 // says nothing is false. A tag that names anything else is an error, so that a slip of the pen leaves
 // no gap in a printout.
 //
-// What a template can cost is bounded: 20 MB of text once it is filled in, sections at most 2 deep and
-// tables at most 8 deep, and the files that ReportDocument lets it use.
+// What a template can cost is bounded: 20 MB of text and 50,000 elements once it is filled in, sections
+// at most 2, tables at most 8 and all elements at most 100 deep, and the files that ReportDocument lets
+// it use.
 #pragma once
 
 #include <QPagedPaintDevice>

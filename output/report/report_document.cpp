@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 #include <QTextFormat>
 #include <QUrl>
-#include <algorithm>
 
 #include "widgets/text.h"
 
@@ -18,23 +17,44 @@ namespace {
 
 constexpr qint64 largest_file = 10'000'000;  // bytes
 constexpr int most_tables = 8;               // inside each other; each one doubles the work or more
+constexpr int most_open = 100;               // elements inside each other; the work is their square
+constexpr int most_elements = 50'000;        // 6,000 payments are laid out in two seconds
 constexpr const char* elsewhere = "it is not in the program folder";
 
-int table_depth(const QString& html) {
+// Why this text would take too long to lay out. What is never closed stays open.
+std::optional<std::string> excess(const QString& html) {
     static const QRegularExpression tag(
-        u"<!--.*?-->|<(/?)table\\b"_s,
+        u"<!--(?:.*?-->|.*)|<(/?)([a-z][a-z0-9]*)"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    int open = 0;
-    int deepest = 0;
+    static const QStringList never_inside_their_like{
+        u"br"_s, u"hr"_s, u"img"_s, u"link"_s, u"meta"_s,  u"p"_s,     u"li"_s,   u"dt"_s,
+        u"dd"_s, u"tr"_s, u"td"_s,  u"th"_s,   u"thead"_s, u"tbody"_s, u"tfoot"_s};
+    QHash<QString, int> open;
+    int all_open = 0;
+    int elements = 0;
     for (auto tags = tag.globalMatch(html); tags.hasNext();) {
         const QRegularExpressionMatch found = tags.next();
-        if (!found.hasCaptured(1)) {
+        if (!found.hasCaptured(2)) {
             continue;  // a comment
         }
-        open = std::max(open + (found.capturedLength(1) == 0 ? 1 : -1), 0);
-        deepest = std::max(deepest, open);
+        const QString name = found.captured(2).toLower();
+        const bool closes = found.capturedLength(1) > 0;
+        if (!closes && ++elements > most_elements) {
+            return "has more than 50,000 elements.";
+        }
+        if (never_inside_their_like.contains(name) || (closes && open[name] == 0)) {
+            continue;
+        }
+        open[name] += closes ? -1 : 1;
+        all_open += closes ? -1 : 1;
+        if (open[u"table"_s] > most_tables) {
+            return "has more than 8 tables inside each other.";
+        }
+        if (all_open > most_open) {
+            return "has more than 100 elements inside each other.";
+        }
     }
-    return deepest;
+    return {};
 }
 
 // Null when the bytes are no such image. Others, such as SVG, can name further files.
@@ -52,8 +72,8 @@ QImage decoded(QByteArray& bytes) {
 ReportDocument::ReportDocument(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
 std::optional<std::string> ReportDocument::read(const QString& html) {
-    if (table_depth(html) > most_tables) {
-        return "has more than 8 tables inside each other.";
+    if (auto why = excess(html)) {
+        return why;
     }
     html_ = html;
     rows_ = ReportRows::find(html);
