@@ -1,5 +1,6 @@
 #include "shell/application.h"
 
+#include <QSettings>
 #include <cstdio>
 
 #include "widgets/message_dialog.h"
@@ -7,6 +8,11 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
+
+// Qt's file dialog would leave the names of what was saved in the user's configuration.
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     if (failed_) {

@@ -11,7 +11,7 @@ class Application : public QApplication {
     Q_OBJECT
 
 public:
-    using QApplication::QApplication;
+    Application(int& argc, char** argv);
 
     bool notify(QObject* receiver, QEvent* event) override;
 

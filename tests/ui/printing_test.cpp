@@ -17,6 +17,7 @@
 #include <QPageRanges>
 #include <QPdfWriter>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QThread>
 #include <csignal>
 #include <filesystem>
@@ -56,6 +57,12 @@ public:
                 }
             }
         };
+    }
+    ~Printing() override {
+        QFile history(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                      u"/QtProject.conf"_s);
+        const bool there = history.open(QIODevice::ReadOnly);
+        EXPECT_FALSE(there && history.readAll().contains(folder.path().c_str()));
     }
     bool print_from_preview = false;
     // The name and the title of the last file dialog.
