@@ -1,7 +1,9 @@
 #include <filesystem>
+#include <string_view>
 
 #include "main/only_program.h"
 #include "main/program.h"
+#include "output/report/printers.h"
 #include "shell/application.h"
 #include "widgets/theme.h"
 
@@ -18,6 +20,9 @@ std::filesystem::path folder_of_program(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace kelvar;
+    if (argc > 1 && argv[1] == std::string_view(looks_for_printers)) {
+        return look_for_printers(argc, argv);
+    }
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Kelvar"));
     Application::setDesktopFileName(QStringLiteral("io.github.kelvar.Kelvar"));

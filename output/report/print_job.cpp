@@ -11,9 +11,12 @@
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <exception>
+#include <memory>
+#include <optional>
 
 #include "output/report/page_painter.h"
 #include "output/report/print_progress.h"
+#include "output/report/printers.h"
 #include "output/report/saved_file.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
@@ -26,6 +29,7 @@ namespace {
 
 const QString save_as_pdf = u"Save as PDF"_s;
 const QString no_printer = u"No printer is set up - save as PDF"_s;
+const QString no_answer = u"The print server does not answer - save as PDF"_s;
 
 // Without any font the toolkit draws boxes, or nothing.
 void require_font() {
@@ -174,14 +178,30 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
     if (destination == Destination::pdf_file) {
         return save_pdf(module, window, save_as_pdf, job, progress);
     }
-    const QPrinterInfo where = printer_for(destination);
-    QPrinter printer(where, QPrinter::HighResolution);
-    set_up(printer, job);
-    if (destination == Destination::preview && !preview(printer, window, job)) {
+    std::optional<QPageLayout> wanted;  // what the user has made of it in the preview
+    if (destination == Destination::preview) {
+        const std::unique_ptr<QPrinter> pages = paper();
+        set_up(*pages, job);
+        const QPageLayout offered = pages->pageLayout();
+        if (!preview(*pages, window, job)) {
+            return {};
+        }
+        if (pages->pageLayout() != offered) {
+            wanted = pages->pageLayout();
+        }
+    }
+    const bool answered = progress.find_printers();
+    if (progress.cancelled()) {
         return {};
     }
+    const QPrinterInfo where = answered ? printer_for(destination) : QPrinterInfo();
     if (where.isNull()) {
-        return save_pdf(module, window, no_printer, job, progress);
+        return save_pdf(module, window, answered ? no_printer : no_answer, job, progress);
+    }
+    QPrinter printer(where, QPrinter::HighResolution);
+    set_up(printer, job);
+    if (wanted) {
+        printer.setPageLayout(*wanted);
     }
     if (destination != Destination::printer) {
         rehearse(printer, job, progress);

@@ -25,11 +25,12 @@ struct PrintJob {
 };
 
 // Prints at once on the default printer, or as the user says in the system's dialog or after a preview;
-// where there is no printer, or when a file is asked for, into a PDF file that the user names over
-// `window`. What takes half a second shows how far it is and can be cancelled, which leaves no file and
-// sends nothing to the printer. Whatever goes wrong, also in preparing the job, is one message and
-// leaves everything as it was: an existing file is only replaced by a complete one. A missing part is
-// one message after the rest was printed. Returns what to say of where it went, or nothing.
+// where there is no printer, its server does not answer within 3 seconds, or a file is asked for, into
+// a PDF file that the user names over `window`. What takes half a second shows how far it is and can be
+// cancelled, which leaves no file and sends nothing to the printer. Whatever goes wrong, also in
+// preparing the job, is one message and leaves everything as it was: an existing file is only replaced
+// by a complete one. A missing part is one message after the rest was printed. Returns what to say of
+// where it went, or nothing.
 QString print(Module1& module, QWidget* window, Destination destination,
               const std::function<PrintJob()>& prepare);
 

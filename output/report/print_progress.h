@@ -18,6 +18,9 @@ public:
     PrintProgress(const PrintProgress&) = delete;
     PrintProgress& operator=(const PrintProgress&) = delete;
 
+    // Waits for the print server, at most 3 seconds. False when it does not answer, or when the user
+    // has cancelled.
+    bool find_printers();
     void begin(int pages);
     // Another page is to follow. False once the user has cancelled; what was printed is then to be
     // thrown away.
@@ -29,6 +32,8 @@ public:
     int pages() const { return pages_; }  // of what was begun last
 
 private:
+    void make_dialog(const QString& text, int steps);
+
     QWidget* window_;
     QElapsedTimer started_;
     std::optional<QProgressDialog> dialog_;

@@ -1,7 +1,10 @@
 // Charts and printing, driven through the screens; every print goes to a PDF file.
 
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <QAction>
 #include <QBuffer>
@@ -9,6 +12,7 @@
 #include <QChartView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
@@ -448,6 +452,39 @@ TEST_F(Printing, FilesAreWrittenWholeOrNotAtAll) {
         }
     }
     std::signal(SIGXFSZ, handler);
+}
+
+TEST_F(Printing, APrintServerThatNeverAnswersIsNotWaitedFor) {
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    (folder.path() / "cups").string().copy(address.sun_path, sizeof address.sun_path - 1);
+    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(server, 9), 0);
+    const QByteArray none = qgetenv("CUPS_SERVER");
+    qputenv("CUPS_SERVER", address.sun_path);
+    go_to_method();
+    click("optmethod_0");
+    go_to_result();
+    QElapsedTimer timer;
+    const auto seconds_of = [&](const char* button) {
+        notes_shown.clear();
+        timer.start();
+        click(button);
+        return static_cast<double>(timer.elapsed()) / 1000.0;
+    };
+    EXPECT_NEAR(seconds_of("cmdprint"), 3.5, 1.5);
+    EXPECT_EQ(offered_by, u"The print server does not answer - save as PDF"_s);
+    EXPECT_EQ(printed_pages(), 1);
+    menu_entry = u"Pre&view..."_s;
+    EXPECT_LT(seconds_of("cmdprintmenu"), 2.0);
+    EXPECT_EQ(notes_shown, QStringList{u"printpreview"_s});
+    cancel_prints = true;
+    EXPECT_LT(seconds_of("cmdprint"), 2.0);
+    EXPECT_EQ(notes_shown, QStringList{u"printprogress"_s});
+    EXPECT_TRUE(take_messages().empty());
+    EXPECT_EQ(printed_pages(), 0);
+    qputenv("CUPS_SERVER", none);
+    close(server);
 }
 
 TEST_F(Printing, NothingToPrintWhileTheResultIsCovered) {
