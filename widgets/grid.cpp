@@ -153,8 +153,8 @@ void Grid::fit_height() {
     }
     const int rows = std::max(1, model()->rowCount());
     const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
-    setFixedHeight(horizontalHeader()->height() + rows * row_height() +
-                   2 * frameWidth() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
+    setFixedHeight(horizontalHeader()->height() + rows * row_height() + 2 * frameWidth() +
+                   (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
 }
 
 // Whole rows are chosen, so the ends of a row are no place to go to.

@@ -289,7 +289,8 @@ void expect_years(const Scenario& scenario, const Projection& p) {
         EXPECT_EQ(y.beginning, begins) << y.year;
         EXPECT_EQ(cents(y.beginning) + cents(y.earnings) - cents(y.fees) - cents(y.paid),
                   cents(y.ending));
-        EXPECT_EQ(y.year, year_of(y.label.empty() ? p.schedule.rows[payments].date : p.dates.first.date));
+        EXPECT_EQ(y.year,
+                  year_of(y.label.empty() ? p.schedule.rows[payments].date : p.dates.first.date));
         fees += cents(y.fees);
         earnings += cents(y.earnings);
         payments += static_cast<std::size_t>(y.payments);

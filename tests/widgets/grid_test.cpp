@@ -116,7 +116,8 @@ TEST_F(GridTest, NoRowIsCutInHalf) {
         grid.resize(600, height);
         const int room = grid.viewport()->height();
         const int rows = room / grid.rowHeight(0);
-        EXPECT_LT(room - rows * grid.rowHeight(0), rows) << height << ": less than a pixel for each row";
+        EXPECT_LT(room - rows * grid.rowHeight(0), rows)
+            << height << ": less than a pixel for each row";
     }
 }
 
