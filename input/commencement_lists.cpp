@@ -1,11 +1,12 @@
 #include "input/commencement_lists.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QSignalBlocker>
 #include <algorithm>
 
 #include "input/rules/commencement.h"
+#include "input/rules/offered.h"
 #include "widgets/controls.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -17,14 +18,21 @@ namespace kelvar {
 CommencementLists::CommencementLists(Module1& module1) : module(module1), scenario(module1.scenario) {
     build();
     connect(cmbscnyear, &QComboBox::currentIndexChanged, this, [this] {
-        chosen_ = true;
+        wished_year_ = cmbscnyear->currentText();
+        if (wished_month_.isEmpty()) {
+            wished_month_ = cmbscnmonth->currentText();
+        }
         get_month2();
         take();
     });
     connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] {
-        chosen_ = true;
+        wished_month_ = cmbscnmonth->currentText();
+        if (wished_year_.isEmpty()) {
+            wished_year_ = cmbscnyear->currentText();
+        }
         take();
     });
+    cmbscnmonth->installEventFilter(this);
 }
 
 void CommencementLists::build() {
@@ -54,23 +62,44 @@ void CommencementLists::build() {
 
 // Followed are the present year if it is offered, else the first one, and the first month.
 void CommencementLists::get_year() {
-    control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())));
-    if (!chosen_) {
-        const QSignalBlocker quiet(cmbscnyear);
-        const int present = cmbscnyear->findText(QString::number(year_of(module.today())));
-        cmbscnyear->setCurrentIndex(std::max(present, 0));
-    }
+    const QString present = QString::number(year_of(module.today()));
+    control::refill(cmbscnyear, year_entries(scenario_years(scenario, module.today())),
+                    wished_year_.isEmpty() ? present : wished_year_);
     get_month2();
-    if (!chosen_) {
-        const QSignalBlocker quiet(cmbscnmonth);
-        cmbscnmonth->setCurrentIndex(0);
-    }
 }
 
 void CommencementLists::get_month2() {
     const int year = cmbscnyear->currentText().toInt();
-    control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())));
+    control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())),
+                    wished_month_);
     lblnomonth->setVisible(cmbscnmonth->count() == 0);
+}
+
+bool CommencementLists::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        month_typed(static_cast<QKeyEvent*>(event)->text());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// The list itself goes to a month that it offers. Any other one is wished for: the year that offers it
+// is chosen after it.
+void CommencementLists::month_typed(const QString& letter) {
+    static const QStringList months = month_entries(all_from(1, 12));
+    const auto first_with = [](const QString& letters) {
+        return std::ranges::find_if(months, [&](const QString& month) {
+            return month.startsWith(letters, Qt::CaseInsensitive);
+        });
+    };
+    typed_ += letter;
+    if (first_with(typed_) == months.end()) {
+        typed_ = letter;
+    }
+    const auto month = first_with(typed_);
+    if (!typed_.isEmpty() && month != months.end() &&
+        cmbscnmonth->findText(typed_, Qt::MatchStartsWith) < 0) {
+        wished_month_ = *month;
+    }
 }
 
 void CommencementLists::take() {

@@ -10,7 +10,8 @@ class QLabel;
 namespace kelvar {
 
 // Month and year in which the payments after an amount certain commence. Until the user has chosen one
-// of them, they follow the first payment.
+// of them, they follow the first payment; what the user chose comes back as soon as it is offered
+// again.
 class CommencementLists : public QWidget {
     Q_OBJECT
 
@@ -28,13 +29,18 @@ signals:
 private:
     void build();
     void get_month2();
+    void month_typed(const QString& letter);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     Module1& module;
     Scenario& scenario;
     QComboBox* cmbscnmonth = nullptr;
     QComboBox* cmbscnyear = nullptr;
     QLabel* lblnomonth = nullptr;
-    bool chosen_ = false;  // by the user, who then keeps month and year where offered
+    // What the user last chose, also while the lists do not offer it; empty while nothing was.
+    QString wished_month_;
+    QString wished_year_;
+    QString typed_;  // the letters of a month so far
 };
 
 }  // namespace kelvar

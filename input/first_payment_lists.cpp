@@ -11,6 +11,7 @@
 #include "input/rules/limits.h"
 #include "input/rules/lookup_ages.h"
 #include "widgets/controls.h"
+#include "widgets/focus_marker.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 
@@ -58,6 +59,8 @@ void FirstPaymentLists::build() {
     lblchanged = control::paragraph({}, "lblchanged");
     lblchanged->hide();
     grid->addWidget(lblchanged, 3, 0, 1, 4);
+    keep_in_view_with(Cmbfrstmonth, lblchanged);
+    keep_in_view_with(Cmbfrstyear, lblchanged);
 }
 
 void FirstPaymentLists::offer() {
@@ -68,7 +71,8 @@ void FirstPaymentLists::offer() {
 
 void FirstPaymentLists::follow_day() {
     get_year();
-    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
+    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())),
+                    Cmbfrstmonth->currentText());
     show_age();
     show_changed();
 }
@@ -81,27 +85,27 @@ void FirstPaymentLists::follow_birth() {
 
 // The latest year offers fewer months; another year brings the one that the user chose back.
 void FirstPaymentLists::get_month() {
-    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())));
-    const QSignalBlocker quiet(Cmbfrstmonth);
-    Cmbfrstmonth->setCurrentIndex(wished_month_ <= Cmbfrstmonth->count() ? wished_month_ - 1 : 0);
+    control::refill(Cmbfrstmonth, month_entries(first_payment_months(over_72())),
+                    to_qt(month_name(wished_month_)));
 }
 
 // A return to the menu keeps the old date of birth, but no age: then none has been entered here yet.
 void FirstPaymentLists::get_year() {
     const Date birth = scenario.current_age == 0 ? no_date : scenario.birth_date;
-    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())));
-    const int wished = Cmbfrstyear->findText(QString::number(wished_year_));
-    if (wished >= 0) {
-        const QSignalBlocker quiet(Cmbfrstyear);
-        Cmbfrstyear->setCurrentIndex(wished);
-    }
-    show_latest(birth_known_ ? latest_first_month(birth, module.today()) : std::nullopt);
+    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())),
+                    QString::number(wished_year_));
+    show_latest(birth_known_ ? birth : no_date);
 }
 
-void FirstPaymentLists::show_latest(std::optional<Date> month) {
-    const QString latest =
-        month ? u"Payments may begin up to %1."_s.arg(to_qt(month_year_text(*month))) : QString();
-    show_limit(lbllatest, latest, {Cmbfrstmonth, Cmbfrstyear});
+void FirstPaymentLists::show_latest(Date birth) {
+    QString latest;
+    if (const auto month = latest_first_month(birth, module.today())) {
+        latest = u"Payments may begin up to %1."_s.arg(to_qt(month_year_text(*month)));
+    }
+    if (const auto deadline = passed_deadline(birth, module.today())) {
+        latest += u" The deadline of %1 has passed."_s.arg(to_qt(month_year_text(*deadline)));
+    }
+    lbllatest->setText(latest);
 }
 
 void FirstPaymentLists::chk_year() {
@@ -123,7 +127,7 @@ bool FirstPaymentLists::over_72() const {
     return Cmbfrstyear->count() > 0 && Cmbfrstyear->currentIndex() == Cmbfrstyear->count() - 1;
 }
 
-// A month of this year that has passed silently becomes the present month.
+// A month of this year that has passed becomes the present month.
 void FirstPaymentLists::less_month_now() {
     const Date today = module.today();
     if (year() == year_of(today) && month() < month_of(today)) {
@@ -137,27 +141,32 @@ void FirstPaymentLists::show_age() {
         lblage->clear();
         return;
     }
-    lblage->setNum(
-        shown_age(scenario.birth_date, scenario.current_age, month(), year(), module.today()));
+    lblage->setNum(shown_age(scenario.birth_date, month(), year(), module.today()));
 }
 
 void FirstPaymentLists::clear_age() {
     birth_known_ = false;
     show_age();
-    show_latest(std::nullopt);
+    show_latest(no_date);
+    show_changed();
 }
 
-// Says when the lists do not offer what the user chose. (A month that has passed is moved silently.)
+// Says when the lists do not show what the user chose, and why.
 void FirstPaymentLists::show_changed() {
-    const bool offered =
-        wished_year_ == 0 || (wished_year_ == year() && wished_month_ <= Cmbfrstmonth->count());
-    lblchanged->setText(offered ? QString()
-                                : u"The first payment was changed from %1, %2 to %3, %4."_s
-                                      .arg(to_qt(month_name(wished_month_)))
-                                      .arg(wished_year_)
-                                      .arg(Cmbfrstmonth->currentText())
-                                      .arg(year()));
-    lblchanged->setVisible(!offered);
+    const int wished_year = wished_year_ == 0 ? year() : wished_year_;
+    const bool offered = wished_year == year() && wished_month_ <= Cmbfrstmonth->count();
+    const bool shown = offered && wished_month_ == month();
+    lblchanged->setText(shown ? QString()
+                              : (offered ? u"%1, %2 has passed; payments can begin in %3, %4."_s
+                                         : u"The first payment was changed from %1, %2 to %3, %4."_s)
+                                    .arg(to_qt(month_name(wished_month_)))
+                                    .arg(wished_year)
+                                    .arg(Cmbfrstmonth->currentText())
+                                    .arg(year()));
+    lblchanged->setVisible(!shown);
+    for (QWidget* list : {Cmbfrstmonth, Cmbfrstyear}) {
+        list->setAccessibleDescription((lbllatest->text() + u' ' + lblchanged->text()).trimmed());
+    }
 }
 
 int FirstPaymentLists::month() const {
@@ -172,8 +181,8 @@ int FirstPaymentLists::age_shown() const {
     return lblage->text().toInt();
 }
 
-void FirstPaymentLists::focus_year() {
-    Cmbfrstyear->setFocus();
+void FirstPaymentLists::focus_month() {
+    Cmbfrstmonth->setFocus();
 }
 
 }  // namespace kelvar

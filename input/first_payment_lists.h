@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <optional>
 
 #include "core/module1.h"
 
@@ -34,7 +33,7 @@ public:
     int month() const;      // 1..12
     int year() const;       // 0 while no year is offered
     int age_shown() const;  // 0 while none is
-    void focus_year();
+    void focus_month();
 
 private:
     void build();
@@ -45,7 +44,7 @@ private:
     bool over_72() const;
     void less_month_now();
     void show_age();
-    void show_latest(std::optional<Date> month);
+    void show_latest(Date birth);
     void show_changed();
 
     Module1& module;

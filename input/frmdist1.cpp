@@ -148,11 +148,13 @@ void frmdist1::go_dnxt2() {
         return;
     }
     const int year_before = first_payment_->year();
+    const int month_before = first_payment_->month();
     if (!chk_birth()) {
         return;
     }
-    if (year_before != 0 && year_before != first_payment_->year()) {
-        first_payment_->focus_year();  // the corrected date of birth no longer allows the chosen year
+    if (year_before != 0 &&
+        (year_before != first_payment_->year() || month_before != first_payment_->month())) {
+        first_payment_->focus_month();  // the corrected date of birth has changed what was chosen
         return;
     }
     edit_date();

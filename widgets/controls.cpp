@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <algorithm>
 
 #include "core/dates.h"
 #include "widgets/captioned_frame.h"
@@ -76,21 +77,20 @@ QLabel* paragraph(const QString& text, const char* name) {
     return label;
 }
 
-void refill(QComboBox* list, const QStringList& entries) {
+void refill(QComboBox* list, const QStringList& entries, const QString& wished) {
     QStringList present;
     for (int index = 0; index < list->count(); ++index) {
         present << list->itemText(index);
     }
-    if (present == entries) {
-        return;
+    if (present != entries) {
+        list->hidePopup();
     }
-    list->hidePopup();
     const QSignalBlocker quiet(list);
-    const QString chosen = list->currentText();
-    list->clear();
-    list->addItems(entries);
-    const int kept = list->findText(chosen);
-    list->setCurrentIndex(kept >= 0 ? kept : 0);
+    if (present != entries) {
+        list->clear();
+        list->addItems(entries);
+    }
+    list->setCurrentIndex(std::max(0, static_cast<int>(entries.indexOf(wished))));
 }
 
 void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen) {

@@ -33,9 +33,9 @@ QGroupBox* frame(const QString& caption, const char* name);
 QBoxLayout* row();
 // A wrapped label for running text.
 QLabel* paragraph(const QString& text, const char* name = nullptr);
-// Replaces the entries of a list and keeps the chosen one if it is still there, else chooses the first.
-// Gives no signal. An open list whose entries stay the same stays open.
-void refill(QComboBox* list, const QStringList& entries);
+// Replaces the entries of a list and chooses the wished one if it is there, else the first. Gives no
+// signal. An open list whose entries stay the same stays open.
+void refill(QComboBox* list, const QStringList& entries, const QString& wished);
 // Keys that press a button wherever the focus is on its screen, also where letters are typed or looked
 // for.
 void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* screen);

@@ -84,7 +84,8 @@ void FocusMarker::keep_in_view(QWidget* focus) {
         return QRect(widget->mapTo(page_->widget(), QPoint()), widget->size());
     };
     QRect place = place_of(focus);
-    if (const auto* words = focus->property(words_property).value<QWidget*>()) {
+    const auto* words = focus->property(words_property).value<QWidget*>();
+    if (words != nullptr && words->isVisible()) {
         place |= place_of(words);
     }
     // Its beginning, where it is higher than the view.

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "core/numbers.h"
+#include "core/plan.h"
+#include "input/rules/birth_date.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/minimum_distribution.h"
 #include "input/rules/next_checks.h"
@@ -60,6 +62,13 @@ std::optional<Date> latest_first_month(Date birth, Date today) {
         return std::nullopt;
     }
     return real_date(years.back(), first_payment_months(true).back(), 1);
+}
+
+std::optional<Date> passed_deadline(Date birth, Date today) {
+    const auto month =
+        real_date(year_of(age_seventy_and_a_half(birth)) + 1, plan::last_month_of_deadline, 1);
+    const bool passed = birth_date_known(birth) && add_months(*month, 1) <= today;
+    return passed ? month : std::nullopt;
 }
 
 std::optional<double> least_partial_amount(const Scenario& scenario, Database& database, Date today) {

@@ -14,6 +14,10 @@ namespace kelvar {
 // First day of the latest month in which payments may begin; nothing without a date of birth.
 std::optional<Date> latest_first_month(Date birth, Date today);
 
+// First day of the month up to whose end payments should have begun, the year after age 70½ was
+// reached; nothing while it has not passed, and without a date of birth.
+std::optional<Date> passed_deadline(Date birth, Date today);
+
 // The least amount certain (dollars, whole cents) where the minimum distribution is checked; nothing
 // where it is not, or where no amount certain is accepted. How often the rest is paid does not matter.
 std::optional<double> least_partial_amount(const Scenario& scenario, Database& database, Date today);

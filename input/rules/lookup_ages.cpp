@@ -22,14 +22,13 @@ Month start_month(const Scenario& scenario) {
 
 }  // namespace
 
-std::int16_t shown_age(Date birth, std::int16_t current_age, int month, int year, Date today) {
+std::int16_t shown_age(Date birth, int month, int year, Date today) {
     const bool present_month = month == month_of(today) && year == year_of(today);
-    return present_month ? current_age : age_in_month(birth, month, year);
+    return present_month ? age_on_day(birth, today) : age_in_month(birth, month, year);
 }
 
 std::int16_t participant_lookup_age(const Scenario& scenario, Date today) {
-    return shown_age(scenario.birth_date, age_on_day(scenario.birth_date, today),
-                     scenario.first_pay_month, scenario.first_pay_year, today);
+    return shown_age(scenario.birth_date, scenario.first_pay_month, scenario.first_pay_year, today);
 }
 
 std::int16_t payment_start_age(const Scenario& scenario) {

@@ -5,9 +5,9 @@
 
 namespace kelvar {
 
-// Age to be shown for a first payment month: today's age in the present month, else the age in that
-// month.
-std::int16_t shown_age(Date birth, std::int16_t current_age, int month, int year, Date today);
+// Age to be shown for a first payment month: the age on the day in the present month, else the age in
+// that month.
+std::int16_t shown_age(Date birth, int month, int year, Date today);
 
 // The participant's key into the life expectancy tables: the age that the participant data screen
 // shows, worked out anew, because joint life and the partial method have their own.

@@ -252,6 +252,28 @@ TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
     choose("cmbscnmonth", u"October"_s);
     EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
     EXPECT_FALSE(find<QWidget>("lblnomonth")->isVisible());
+    EXPECT_EQ(month_after_going_back_to(u"November"_s, u"2020"_s), u"December2020"_s);
+    EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
+    // A month typed before the year that offers it; 2021 has January to March.
+    EXPECT_EQ(month_after_going_back_to(u"November"_s, u"2020"_s), u"December2020"_s);
+    find<QWidget>("cmbscnmonth")->setFocus();
+    type("March\t2021");
+    EXPECT_EQ(find<QComboBox>("cmbscnmonth")->currentText(), u"March"_s);
+    EXPECT_EQ(find<QComboBox>("cmbscnyear")->currentText(), u"2021"_s);
+    EXPECT_EQ(module->scenario.scenario_month, 3);
+}
+
+// The method counts the age by months, the participant data by days.
+TEST_F(Partial, AgeShownStaysThatOfTheDay) {
+    go_to_method(u"01201960"_s, u"250000"_s, u"January"_s, u"2020"_s);
+    click("optmethod_2");
+    enter("txtpartial", u"40000"_s);
+    click("chkpartial_0");
+    click("Cmdnext");
+    EXPECT_EQ(module->scenario.current_age, 60);
+    click("cmdprev");
+    click("cmdprev");
+    EXPECT_EQ(text_of("lblage"), u"59"_s);
 }
 
 TEST_F(Partial, RemainingPaymentsAreOfferedFromThePresentYearOn) {

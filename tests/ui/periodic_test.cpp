@@ -578,6 +578,9 @@ TEST_F(Periodic, BalanceIsReadBackAsShown) {
 TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
     go_to_participant();
     EXPECT_EQ(text_of("lbllatest"), QString());
+    enter("mskbirth", u"06151940"_s);
+    EXPECT_EQ(text_of("lbllatest"),
+              u"Payments may begin up to March, 2021. The deadline of March, 2011 has passed."_s);
     enter("mskbirth", u"06151950"_s);
     auto* months = find<QComboBox>("Cmbfrstmonth");
     EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2021."_s);
@@ -621,13 +624,22 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
         EXPECT_EQ(text_of("lblage"), u"65"_s);
     }
     EXPECT_EQ(take_messages().size(), 1u);
-    // Corrected just before Next, which stays where the year has become another one.
-    choose("Cmbfrstyear", u"2025"_s);
-    type_into("mskbirth", u"06151950"_s);
-    click("Cmdnext");
-    EXPECT_EQ(screen_name(), u"frmdist1"_s);
-    EXPECT_EQ(focus_name(), u"Cmbfrstyear"_s);
-    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2020"_s);
+    // Corrected just before Next, which stays where year or month have become another one.
+    for (const auto& [year, now] :
+         {std::pair{u"2025"_s, u"July, 2020"_s}, {u"2021"_s, u"January, 2021"_s}}) {
+        enter("mskbirth", u"06151960"_s);
+        choose("Cmbfrstyear", year);
+        type_into("mskbirth", u"06151950"_s);
+        click("Cmdnext");
+        EXPECT_EQ(screen_name(), u"frmdist1"_s);
+        EXPECT_EQ(focus_name(), u"Cmbfrstmonth"_s);
+        EXPECT_EQ(text_of("lblchanged"),
+                  u"The first payment was changed from July, %1 to %2."_s.arg(year, now));
+        const auto* words = find<QWidget>("lblchanged");
+        EXPECT_EQ(words->visibleRegion().boundingRect(), words->rect());
+        EXPECT_TRUE(
+            find<QWidget>("Cmbfrstmonth")->accessibleDescription().endsWith(text_of("lblchanged")));
+    }
     click("Cmdnext");
     EXPECT_EQ(screen_name(), u"frmdist2"_s);
     click("cmdprev");
@@ -636,6 +648,11 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     choose("Cmbfrstyear", u"2020"_s);
     choose("Cmbfrstmonth", u"March"_s);
     EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->currentText(), u"July"_s);
+    EXPECT_EQ(text_of("lblchanged"), u"March, 2020 has passed; payments can begin in July, 2020."_s);
+    choose("Cmbfrstyear", u"2021"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->currentText(), u"March"_s);
+    EXPECT_FALSE(find<QWidget>("lblchanged")->isVisible());
+    choose("Cmbfrstyear", u"2020"_s);
     click("Cmdnext");
     click("cmdprev");
     EXPECT_EQ(find<QComboBox>("Cmbfrstmonth")->currentText(), u"July"_s);

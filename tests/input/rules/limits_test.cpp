@@ -222,6 +222,11 @@ TEST_F(Limits, InFigures) {
     }
     EXPECT_EQ(latest_first_month(1951y / 6 / 15, today), 2022y / 3 / 1);
     EXPECT_EQ(latest_first_month(no_date, today), std::nullopt);
+    // 70½ in 2018 or 2019, in the years before those whose March is the deadline.
+    EXPECT_EQ(passed_deadline(1948y / 6 / 30, 2020y / 1 / 15), 2019y / 3 / 1);
+    EXPECT_EQ(passed_deadline(1948y / 7 / 1, 2020y / 3 / 31), std::nullopt);
+    EXPECT_EQ(passed_deadline(1948y / 7 / 1, 2020y / 4 / 1), 2020y / 3 / 1);
+    EXPECT_EQ(passed_deadline(no_date, today), std::nullopt);
 }
 
 }  // namespace
