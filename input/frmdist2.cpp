@@ -101,12 +101,12 @@ void frmdist2::build_partial(QBoxLayout* card) {
 
     on_leave(partial_amount_->dollars(), [this](Leaving leaving) {
         if (!is_option(leaving.to)) {
-            partial_amount_->dollars_left(leaving.to_navigation, leaving.by_tab);
+            partial_amount_->dollars_left(leaving);
         }
     });
     on_leave(partial_amount_->percentage(), [this](Leaving leaving) {
         if (!leaving.to_navigation && !is_option(leaving.to)) {
-            partial_amount_->take_percentage();
+            partial_amount_->percentage_left(leaving);
         }
     });
     connect(
@@ -118,8 +118,11 @@ void frmdist2::build_partial(QBoxLayout* card) {
         Qt::QueuedConnection);
     connect(partial_amount_, &PartialAmountBox::refused, this,
             [this](const Refusal& refusal) { refuse(refusal.text, refusal.field); });
-    connect(partial_amount_, &PartialAmountBox::completed, this,
-            [this] { focus_field("chkpartial_0"); });
+    connect(partial_amount_, &PartialAmountBox::completed, this, [this] {
+        if (!chkpartial->isAncestorOf(window()->focusWidget())) {  // a click was there first
+            focus_field("chkpartial_0");
+        }
+    });
 }
 
 void frmdist2::load() {

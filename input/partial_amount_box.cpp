@@ -113,17 +113,25 @@ bool PartialAmountBox::take_edited() {
     return !percentage_edited_ || take_percentage();
 }
 
-void PartialAmountBox::dollars_left(bool to_navigation, bool by_tab) {
+void PartialAmountBox::dollars_left(const Leaving& leaving) {
     if (!dollars_edited()) {
         return;
     }
     take_dollars();
-    if (to_navigation || txtpartial->text().trimmed().isEmpty()) {
+    if (leaving.to_navigation || txtpartial->text().trimmed().isEmpty()) {
         return;  // an empty box is no amount yet; Next asks for it
     }
     if (const Check check = partial_msg(scenario)) {
         emit refused(*check);
-    } else if (by_tab) {
+    } else if (leaving.reason == Qt::TabFocusReason) {
+        emit completed();
+    }
+}
+
+// Leaving it by a click is choosing what was typed.
+void PartialAmountBox::percentage_left(const Leaving& leaving) {
+    const bool by_click = percentage_edited_ && leaving.reason == Qt::MouseFocusReason;
+    if (take_percentage() && by_click) {
         emit completed();
     }
 }
@@ -149,8 +157,7 @@ bool PartialAmountBox::take_percentage() {
 }
 
 void PartialAmountBox::take_chosen_percentage() {
-    const bool picked = cmbPercent->take_popup_used() && cmbPercent->hasFocus();
-    if (take_percentage() && picked) {
+    if (take_percentage() && cmbPercent->hasFocus()) {
         emit completed();
     }
 }

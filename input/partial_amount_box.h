@@ -5,6 +5,7 @@
 
 #include "core/module1.h"
 #include "input/rules/refusal.h"
+#include "widgets/field_leaving.h"
 
 class QLabel;
 class QLineEdit;
@@ -34,11 +35,10 @@ public:
     // Takes what was typed and not left yet; false when that was refused.
     bool take_edited();
 
-    // The dollars box was left, to a button that checks the amount itself, or by Tab.
-    void dollars_left(bool to_navigation, bool by_tab);
-    // Takes what stands in the percentage box; false when it was refused.
-    bool take_percentage();
-    // Takes the entry chosen in the list; only picking one in the open list moves on.
+    // One of the boxes was left.
+    void dollars_left(const Leaving& leaving);
+    void percentage_left(const Leaving& leaving);
+    // Takes the entry chosen in the list.
     void take_chosen_percentage();
 
 signals:
@@ -54,6 +54,8 @@ private:
     bool dollars_edited() const;
     void show_dollars(double amount);
     void take_dollars();
+    // Takes what stands in the percentage box; false when it was refused.
+    bool take_percentage();
     void apply_percentage(double percentage);
     void show_percentage();
 

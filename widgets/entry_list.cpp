@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <utility>
 
 #include "widgets/entry_box.h"
 
@@ -17,17 +16,7 @@ EntryList::EntryList(const char* name, const QString& accessible_name) {
     setCompleter(nullptr);
 }
 
-void EntryList::showPopup() {
-    popup_used_ = true;
-    QComboBox::showPopup();
-}
-
-bool EntryList::take_popup_used() {
-    return std::exchange(popup_used_, false);
-}
-
 void EntryList::keyPressEvent(QKeyEvent* event) {
-    popup_used_ = false;  // by a list that was closed without a choice
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         emit entered();
     } else {

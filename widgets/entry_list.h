@@ -11,11 +11,6 @@ class EntryList : public QComboBox {
 public:
     EntryList(const char* name, const QString& accessible_name);
 
-    void showPopup() override;
-    // Whether the open list was used since this was last asked: its entry was then picked, not stepped
-    // to by arrow keys.
-    bool take_popup_used();
-
 signals:
     // Enter, which then does nothing else.
     void entered();
@@ -23,9 +18,6 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-
-private:
-    bool popup_used_ = false;
 };
 
 }  // namespace kelvar

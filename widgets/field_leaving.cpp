@@ -50,15 +50,14 @@ void FieldLeaving::follow(const QObject* watched, const QEvent& event) {
                        reason == Qt::ActiveWindowFocusReason;
     for (const auto& [field, action] : actions_) {
         if (field == watched && !stays) {
-            const bool by_tab = reason == Qt::TabFocusReason;
             ++to_come_;
             QMetaObject::invokeMethod(
-                screen_, [this, field = field, by_tab] { left(field, by_tab); }, Qt::QueuedConnection);
+                screen_, [this, field = field, reason] { left(field, reason); }, Qt::QueuedConnection);
         }
     }
 }
 
-void FieldLeaving::left(QWidget* field, bool by_tab) {
+void FieldLeaving::left(QWidget* field, Qt::FocusReason reason) {
     --to_come_;
     // An open list has the focus itself; the control it belongs to counts.
     QWidget* now = QApplication::activePopupWidget() != nullptr ? screen_->window()->focusWidget()
@@ -66,7 +65,7 @@ void FieldLeaving::left(QWidget* field, bool by_tab) {
     if (!screen_->isVisible() || now == nullptr || now == field || now->window() != screen_->window()) {
         return;  // the window itself lost the focus, or a message has brought it back
     }
-    const Leaving leaving{by_tab, now->parentWidget() == navigation_, now};
+    const Leaving leaving{reason, now->parentWidget() == navigation_, now};
     for (const auto& [watched, action] : actions_) {
         if (watched == field) {
             action(leaving);

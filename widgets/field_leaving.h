@@ -10,7 +10,7 @@ namespace kelvar {
 
 // How a field was left.
 struct Leaving {
-    bool by_tab = false;
+    Qt::FocusReason reason = Qt::OtherFocusReason;
     bool to_navigation = false;  // to a button of the navigation row, whose action checks itself
     QWidget* to = nullptr;
 };
@@ -38,7 +38,7 @@ public:
     void finish();
 
 private:
-    void left(QWidget* field, bool by_tab);
+    void left(QWidget* field, Qt::FocusReason reason);
 
     QWidget* screen_;
     const QWidget* navigation_;

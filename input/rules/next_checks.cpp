@@ -15,17 +15,6 @@
 
 namespace kelvar {
 
-namespace {
-
-void look_up_at_first_payment(Scenario& scenario, Database& database, Date today) {
-    scenario.lookup_age = participant_lookup_age(scenario, today);
-    if (const auto end = single_life_expectancy(database, scenario.lookup_age)) {
-        scenario.life_expectancy_age = *end;
-    }
-}
-
-}  // namespace
-
 Check chk_fields(const ParticipantEntry& entry, Date today) {
     if (const Check check = check_month_to_come(entry.month, entry.year, today)) {
         return check;
@@ -52,7 +41,10 @@ Check check_partial(Scenario& scenario, Database& database, std::string_view par
         return check;
     }
     scenario.current_age = age_in_month(scenario.birth_date, month_of(today), year_of(today));
-    look_up_at_first_payment(scenario, database, today);
+    scenario.lookup_age = participant_lookup_age(scenario, today);
+    if (const auto end = single_life_expectancy(database, scenario.lookup_age)) {
+        scenario.life_expectancy_age = *end;
+    }
     const int age = commencement_age(scenario, today);
     if (age >= scenario.life_expectancy_age) {
         return check_beyond_life(age, insists);
@@ -71,13 +63,9 @@ Check chk_fld(const LengthEntry& entry, Scenario& scenario, Database& database, 
             }
             return chk_life(by_number_of_payments, scenario, database, today);
         case by_dollar_amount:
-            if (const Check check = take_amount(scenario, entry.amount_text)) {
-                return check;
-            }
-            if (amount_may_outlast_life(scenario)) {
-                // As after check_partial, whatever length was tried in between.
-                look_up_at_first_payment(scenario, database, today);
-                return std::nullopt;
+            if (const Check check = take_amount(scenario, entry.amount_text);
+                check || amount_may_outlast_life(scenario)) {
+                return check;  // an exempt amount looks nothing up
             }
             return chk_life(by_dollar_amount, scenario, database, today);
         case by_life_expectancy:

@@ -228,11 +228,22 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     type("100\r");
     EXPECT_EQ(take_messages().size(), 1U);
     EXPECT_EQ(focus_name(), u"cmbPercent"_s);
-    // A list closed without a choice is not one picked from; arrow keys go on stepping.
-    find<QComboBox>("cmbPercent")->showPopup();
-    find<QComboBox>("cmbPercent")->hidePopup();
     press(Qt::Key_Down);
-    EXPECT_EQ(focus_name(), u"cmbPercent"_s);
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s) << "1 is chosen";
+    EXPECT_EQ(module->scenario.partial_percent, "1");
+    for (const char* clicked : {"txtpartial", "chkpartial_1"}) {
+        click("cmbPercent");
+        click(clicked);
+        EXPECT_EQ(focus_name(), QString::fromLatin1(clicked)) << "nothing was typed";
+        type_into("cmbPercent", u"12.5"_s);
+        click(clicked);
+        EXPECT_TRUE(focus_name().startsWith(u"chkpartial"_s)) << focus_name().toStdString();
+        EXPECT_EQ(module->scenario.partial_percent, "12.5");
+    }
+    EXPECT_EQ(focus_name(), u"chkpartial_1"_s);
+    type_into("cmbPercent", u"10"_s);
+    press(Qt::Key_Backtab);
+    EXPECT_EQ(focus_name(), u"txtpartial"_s);
 }
 
 TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
