@@ -52,8 +52,8 @@ void frmdist2::build_methods() {
     optmethod[0]->setEnabled(module.screens.offers(ScreenId::frmlump));
     optmethod[2]->setEnabled(module.screens.offers(ScreenId::frmparti));
     optmethod[3]->setEnabled(module.screens.offers(ScreenId::frmderrmsg));
-    opens(optmethod[1], chkperiod);
-    opens(optmethod[2], periodic_after_partial_);
+    belongs_to(optmethod[1], chkperiod);
+    belongs_to(optmethod[2], periodic_after_partial_);
     auto* one_of = new QButtonGroup(this);
     for (int index = 0; index < 4; ++index) {
         QRadioButton* option = optmethod[static_cast<std::size_t>(index)];

@@ -62,8 +62,8 @@ void frmdist3::build_options(QBoxLayout* column) {
     column->addWidget(optlength[2]);
     build_life_options(column);
     column->addStretch(1);
-    opens(optlength[0], txtnumber);
-    opens(optlength[1], txtfixamount);
+    belongs_to(optlength[0], txtnumber);
+    belongs_to(optlength[1], txtfixamount);
     on_leave(txtnumber, [this](Leaving) { number_left(); });
     on_leave(txtfixamount, [this](Leaving) { amount_left(); });
 }
@@ -72,8 +72,8 @@ void frmdist3::build_life_options(QBoxLayout* column) {
     life_options_ = new LifeOptions;
     mskbenebirth = life_options_->spouse_birth();
     column->addWidget(life_options_);
-    opens(optlength[2], life_options_->single());
-    opens(optlength[2], life_options_->joint());
+    belongs_to(optlength[2], life_options_->single());
+    belongs_to(optlength[2], life_options_->joint());
     connect(life_options_, &LifeOptions::chosen, this, [this] { choose_life(); });
     connect(mskbenebirth, &QLineEdit::textChanged, this, [this] { show_limits(); });
     on_leave(mskbenebirth, [this](Leaving leaving) {

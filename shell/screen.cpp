@@ -12,7 +12,7 @@
 #include "shell/screen_keys.h"
 #include "widgets/entry_box.h"
 #include "widgets/focus_marker.h"
-#include "widgets/option_opener.h"
+#include "widgets/option_pointer.h"
 #include "widgets/picture_words.h"
 #include "widgets/pointer_slips.h"
 #include "widgets/scrolled_page.h"
@@ -101,7 +101,7 @@ void Screen::build_habits(const Layout& layout) {
     leaving_ = std::make_unique<FieldLeaving>(this, navigation_, told);
     words_ = std::make_unique<PictureWords>(
         this, [this](QToolButton* picture, QPoint place) { words_clicked(picture, place); });
-    opener_ = std::make_unique<OptionOpener>(told);
+    pointer_ = std::make_unique<OptionPointer>();
     slips_ = std::make_unique<PointerSlips>(this, navigation_);
     keys_ = std::make_unique<ScreenKeys>(
         this, scroll_, *leaving_,
@@ -195,8 +195,8 @@ void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
     leaving_->add(field, std::move(action));
 }
 
-void Screen::opens(QAbstractButton* option, QWidget* widget) {
-    opener_->add(option, widget);
+void Screen::belongs_to(QAbstractButton* option, QWidget* widget) {
+    pointer_->add(option, widget);
 }
 
 void Screen::words_clicked(QToolButton* picture, QPoint) {
@@ -210,7 +210,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (widget != nullptr && (leaving_->takes(widget, event) || keys_->takes(widget, *event) ||
-                              words_->takes(widget, *event) || opener_->takes(widget, *event))) {
+                              words_->takes(widget, *event) || pointer_->takes(widget, *event))) {
         return true;
     }
     const auto type = event->type();

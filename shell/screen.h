@@ -24,7 +24,7 @@ namespace kelvar {
 
 class FocusMarker;
 class NavigationRow;
-class OptionOpener;
+class OptionPointer;
 class PictureWords;
 class PointerSlips;
 class ScreenKeys;
@@ -80,8 +80,8 @@ protected:
     // See FieldLeaving::add.
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
-    // A click on the widget, or on anything in it, chooses the option while the widget is disabled.
-    void opens(QAbstractButton* option, QWidget* widget);
+    // A click on the widget, or on anything in it, points at the option while the widget is disabled.
+    void belongs_to(QAbstractButton* option, QWidget* widget);
 
     // Adds headed running text at a line length that reads well.
     void add_paragraphs(const std::vector<Paragraph>& paragraphs);
@@ -120,7 +120,7 @@ private:
     std::unique_ptr<FocusMarker> focus_;
     std::unique_ptr<FieldLeaving> leaving_;
     std::unique_ptr<PictureWords> words_;
-    std::unique_ptr<OptionOpener> opener_;
+    std::unique_ptr<OptionPointer> pointer_;
     std::unique_ptr<PointerSlips> slips_;
     std::unique_ptr<ScreenKeys> keys_;
     bool error_shown_ = false;

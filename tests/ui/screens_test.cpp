@@ -185,32 +185,31 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
     EXPECT_EQ(module->scenario.partial_amount, 100000.0);
     EXPECT_EQ(text_of("lblquiet"), QString());
     click("chkperiod_1");  // grey until its method is chosen
-    EXPECT_EQ(module->scenario.method, periodic_payments);
-    EXPECT_EQ(module->scenario.frequency, 4);
-    click("optmethod_0");
-    click("chkperiod_1");  // grey and ticked
-    EXPECT_EQ(module->scenario.frequency, 4);
-    click("txtpartial");
-    EXPECT_EQ(module->scenario.method, partial_lump_sum);
-    EXPECT_EQ(focus_name(), u"txtpartial"_s);
-    QWidget* boxes = find<QWidget>("chkperiod_0")->parentWidget();
-    QTest::mouseClick(boxes, Qt::LeftButton, {}, QPoint(boxes->width() - 1, 1));  // beside them
-    EXPECT_EQ(module->scenario.method, periodic_payments);
     EXPECT_EQ(focus_name(), u"optmethod_1"_s);
+    EXPECT_EQ(module->scenario.method, partial_lump_sum);
+    EXPECT_EQ(module->scenario.partial_amount, 100000.0);
+    EXPECT_FALSE(find<QAbstractButton>("chkperiod_1")->isChecked());
+    press(Qt::Key_Space);
+    EXPECT_EQ(module->scenario.method, periodic_payments);
+    click("txtpartial");
+    EXPECT_EQ(focus_name(), u"optmethod_2"_s);
+    EXPECT_EQ(module->scenario.method, periodic_payments);
     click("chkperiod_0");
+    // Chosen where the focus does not go along, as by a screen reader.
+    find<QAbstractButton>("optmethod_2")->click();
+    find<QWidget>("chkpartial_0")->setFocus();
+    find<QAbstractButton>("optmethod_1")->click();
+    EXPECT_EQ(focus_name(), u"optmethod_1"_s);
     click("Cmdnext");
     press(Qt::Key_U, Qt::AltModifier);
     type("120");
     EXPECT_EQ(find<QLineEdit>("txtnumber")->text(), u"120"_s);
-    click("txtfixamount");
-    EXPECT_EQ(module->scenario.length_option, by_dollar_amount);
-    EXPECT_EQ(focus_name(), u"txtfixamount"_s);
-    for (const char* before :
-         {"optlength_1", "optlength_0"}) {  // the second time it is grey and chosen
-        click(before);
-        click("oplifeexp_1");
-        EXPECT_TRUE(module->scenario.joint_life);
-        EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
+    for (const auto& [grey, option] :
+         {std::pair{"txtfixamount", u"optlength_1"_s}, {"oplifeexp_1", u"optlength_2"_s}}) {
+        click(grey);
+        EXPECT_EQ(focus_name(), option);
+        EXPECT_EQ(module->scenario.length_option, by_number_of_payments);
+        EXPECT_FALSE(module->scenario.joint_life);
     }
     EXPECT_TRUE(take_messages().empty());
 }
