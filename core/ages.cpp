@@ -18,6 +18,12 @@ std::int16_t age_on_day(Date birth, Date day) {
     return whole_years(year_of(day) - year_of(birth) - (not_reached ? 1 : 0));
 }
 
+Date last_birth_at_age(int age, Date day) {
+    const Date birthday = add_years(day, -age);
+    const int before = age_on_day(birthday, day) < age ? 1 : 0;
+    return std::chrono::sys_days{birthday} - std::chrono::days{before};
+}
+
 std::int16_t age_in_month(Date birth, int month, int year) {
     return whole_years(year - year_of(birth) - (month < month_of(birth) ? 1 : 0));
 }

@@ -11,6 +11,9 @@ namespace kelvar {
 // Age on a day. The birthday itself still counts as the younger age.
 std::int16_t age_on_day(Date birth, Date day);
 
+// The last day of birth with which someone is at least this old on a day.
+Date last_birth_at_age(int age, Date day);
+
 // Age in a month: the birth month counts as reached from its first day.
 std::int16_t age_in_month(Date birth, int month, int year);
 

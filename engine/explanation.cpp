@@ -47,7 +47,10 @@ std::string why_this_amount(const Scenario& scenario, const PaymentSchedule& sch
                            less ? " and less than the other payments" : "");
     }
     if (scenario.length_option == by_dollar_amount) {
-        return fmt::format("{}, the amount you chose.", amount);
+        // An amount above the balance has become the balance.
+        return fmt::format("{}, {}.", amount,
+                           scenario.fixed_amount < scenario.present_value ? "the amount you chose"
+                                                                          : "the balance you entered");
     }
     if (index == 0) {
         return fmt::format("{} divided by {} = {}.", money_text(row.startbalance),

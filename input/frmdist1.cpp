@@ -6,6 +6,8 @@
 
 #include "core/numbers.h"
 #include "input/first_payment_lists.h"
+#include "input/limit_line.h"
+#include "input/rules/limits.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/typed_numbers.h"
 #include "widgets/controls.h"
@@ -29,11 +31,16 @@ frmdist1::frmdist1(Module1& module1)
 
 void frmdist1::build_birth() {
     auto* fram1 = control::frame(u"&Date of Birth (MM / DD / YYYY)"_s, "fram1");
-    auto* row = new QHBoxLayout(fram1);
+    auto* column = new QVBoxLayout(fram1);
+    column->setSpacing(theme::grid / 2);
+    auto* row = new QHBoxLayout;
     mskbirth = new MaskedDateEdit("mskbirth");
     mskbirth->setAccessibleName(u"Date of Birth (MM / DD / YYYY)"_s);
     row->addWidget(mskbirth);
     row->addStretch(1);
+    column->addLayout(row);
+    lblbirthlimit = limit_line("lblbirthlimit");
+    column->addWidget(lblbirthlimit);
     content()->addWidget(fram1);
     on_leave(mskbirth, [this](Leaving leaving) {
         if (mskbirth->is_empty()) {
@@ -42,6 +49,13 @@ void frmdist1::build_birth() {
             chk_birth();
         }
     });
+}
+
+void frmdist1::show_birth_limit() {
+    const auto [after, up_to] = participant_births(module.today());
+    const QString limit = u"Age 16 to 100: born after %1, up to %2"_s.arg(to_qt(date_text(after)),
+                                                                          to_qt(date_text(up_to)));
+    show_limit(lblbirthlimit, limit, {mskbirth});
 }
 
 void frmdist1::build_value() {
@@ -83,6 +97,7 @@ void frmdist1::load() {
 }
 
 void frmdist1::activate() {
+    show_birth_limit();
     first_payment_->follow_day();
 }
 
@@ -93,6 +108,9 @@ bool frmdist1::chk_birth() {
     }
     if (check.wrong) {
         first_payment_->clear_age();
+        if (check.date) {
+            stand_out(lblbirthlimit, mskbirth);
+        }
         err_box(check.wrong->text, mskbirth);
         return false;
     }

@@ -25,6 +25,7 @@ protected:
 
 private:
     void build_birth();
+    void show_birth_limit();
     void build_value();
     void build_month();
 
@@ -39,6 +40,7 @@ private:
     void get_back();
 
     MaskedDateEdit* mskbirth = nullptr;
+    QLabel* lblbirthlimit = nullptr;
     QLineEdit* txtcurvalue = nullptr;
     FirstPaymentLists* first_payment_ = nullptr;
 };

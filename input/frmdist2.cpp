@@ -243,11 +243,14 @@ void frmdist2::next_after_partial() {
 }
 
 void frmdist2::go_on_unless(const Check& check) {
-    if (check) {
-        refuse(check->text, check->field);
-    } else {
+    if (!check) {
         module.screens.show(ScreenId::frmdist3);
+        return;
     }
+    if (check->means == Refusal::Means::limited) {
+        partial_amount_->least_stands_out();
+    }
+    refuse(check->text, check->field);
 }
 
 void frmdist2::go_previous() {

@@ -65,6 +65,7 @@ void frmdist3::build_options(QBoxLayout* column) {
     belongs_to(optlength[0], txtnumber);
     belongs_to(optlength[1], txtfixamount);
     on_leave(txtnumber, [this](Leaving) { number_left(); });
+    connect(txtfixamount, &QLineEdit::textChanged, this, [this] { show_limits(); });
     on_leave(txtfixamount, [this](Leaving) { amount_left(); });
 }
 
@@ -108,8 +109,8 @@ void frmdist3::show_ages() {
 
 void frmdist3::show_limits() {
     number_->show_limit(number_limit(module));
-    amount_->show_limit(amount_limit(module));
-    life_options_->show_payments(life_limit(module, *life_options_));
+    amount_->show_limit(amount_limit(module, txtfixamount->text()));
+    life_options_->show_limits(life_limit(module, *life_options_), spouse_limit(module));
 }
 
 void frmdist3::mark_joint_pair() {
@@ -206,6 +207,7 @@ bool frmdist3::chk_birth() {
     }
     if (check.birth_date) {
         back_to_single_life();
+        life_options_->births_stand_out();
     }
     refuse(check.wrong->text, check.wrong->field);
     return false;
@@ -232,6 +234,9 @@ void frmdist3::go_next() {
     }
     if (check && !told) {
         show_limits();  // the day can have changed
+        if (check->means == Refusal::Means::limited) {
+            (entry.option == by_number_of_payments ? number_ : amount_)->stand_out();
+        }
         refuse(check->text, check->field);
         return;
     }

@@ -7,6 +7,7 @@
 #include "input/life_options.h"
 #include "input/rules/frequency.h"
 #include "input/rules/limits.h"
+#include "input/rules/typed_numbers.h"
 #include "widgets/masked_date_edit.h"
 #include "widgets/text.h"
 
@@ -15,6 +16,10 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 namespace {
+
+QString dollars(double amount) {
+    return to_qt(format_number(amount, pattern::dollars));
+}
 
 QString payments(std::optional<int> number, const Scenario& scenario) {
     return number ? to_qt(payments_text(*number, scenario.frequency)) : QString();
@@ -28,11 +33,28 @@ QString number_limit(Module1& module) {
     return most.isEmpty() ? QString() : u"At most "_s + most;
 }
 
-QString amount_limit(Module1& module) {
-    const auto least = least_amount(module.scenario, module.database(), module.today());
-    return least ? u"At least %1 a %2"_s.arg(to_qt(format_number(*least, pattern::dollars)),
-                                             to_qt(plan::period_name(module.scenario.frequency)))
-                 : QString();
+QString amount_limit(Module1& module, const QString& typed) {
+    QStringList sentences;
+    if (const auto least = least_amount(module.scenario, module.database(), module.today())) {
+        sentences << u"At least %1 a %2"_s.arg(dollars(*least),
+                                               to_qt(plan::period_name(module.scenario.frequency)));
+    }
+    const double amount = round_to_cents(get_num(to_utf8(typed)).value_or(0.0));
+    const double balance = module.scenario.present_value;
+    if (amount > balance) {
+        sentences << u"Entered: %1, above the balance; %2 counts"_s.arg(dollars(amount),
+                                                                        dollars(balance));
+    } else if (amount != 0.0) {
+        sentences << u"Entered: "_s + dollars(amount) +
+                         (amount == balance ? u", the balance"_s : QString());
+    }
+    return sentences.join(u". "_s);
+}
+
+QString spouse_limit(Module1& module) {
+    const auto [after, up_to] = spouse_births(module.scenario.current_age, module.today());
+    return u"More than ten years younger: born after %1; at least 35: born up to %2"_s.arg(
+        to_qt(date_text(after)), to_qt(date_text(up_to)));
 }
 
 QString life_limit(Module1& module, const LifeOptions& options) {

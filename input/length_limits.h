@@ -10,7 +10,11 @@ namespace kelvar {
 class LifeOptions;
 
 QString number_limit(Module1& module);  // "At most 349 monthly payments"
-QString amount_limit(Module1& module);  // "At least $715.93 a month"
+// "At least $715.93 a month. Entered: $2,500.00", with what becomes of an amount above the balance.
+QString amount_limit(Module1& module, const QString& typed);
+
+// When a spouse for joint life is born: "More than ten years younger: born after 11/02/1965; ...".
+QString spouse_limit(Module1& module);
 
 // How many payments the chosen life expectancy gives: "349 monthly payments".
 QString life_limit(Module1& module, const LifeOptions& options);

@@ -37,6 +37,8 @@ LifeOptions::LifeOptions() {
         connect(option, &QRadioButton::clicked, this, &LifeOptions::chosen);
     }
     single()->setChecked(true);
+    lblspouselimit = limit_line("lblspouselimit");
+    column->addWidget(lblspouselimit);
     build_spouse(column);
 }
 
@@ -69,8 +71,16 @@ void LifeOptions::show_spouse(bool shown) {
     frame3->setVisible(shown);
 }
 
-void LifeOptions::show_payments(const QString& payments) {
-    show_limit(lbllifelimit, payments, {single(), joint(), mskbenebirth});
+void LifeOptions::show_limits(const QString& payments, const QString& births) {
+    show_limit(lbllifelimit, payments, {single()});
+    lblspouselimit->setText(births);
+    for (QWidget* control : {static_cast<QWidget*>(joint()), static_cast<QWidget*>(mskbenebirth)}) {
+        control->setAccessibleDescription(payments.isEmpty() ? births : payments + u". "_s + births);
+    }
+}
+
+void LifeOptions::births_stand_out() {
+    stand_out(lblspouselimit, mskbenebirth);
 }
 
 }  // namespace kelvar

@@ -28,8 +28,10 @@ public:
     void name_single(bool minimum_distribution);
     void set_options_enabled(bool enabled);
     void show_spouse(bool shown);
-    // Says how many payments the chosen one gives.
-    void show_payments(const QString& payments);
+    // Says how many payments the chosen one gives, and what a spouse's date of birth must be like.
+    void show_limits(const QString& payments, const QString& births);
+    // The latter stands out until another date is entered.
+    void births_stand_out();
 
 signals:
     // The user has chosen one of the two.
@@ -40,6 +42,7 @@ private:
 
     std::array<QRadioButton*, 2> oplifeexp{};
     QLabel* lbllifelimit = nullptr;
+    QLabel* lblspouselimit = nullptr;
     QGroupBox* frame3 = nullptr;
     MaskedDateEdit* mskbenebirth = nullptr;
 };

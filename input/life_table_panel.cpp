@@ -70,7 +70,7 @@ void LifeTablePanel::show_ages(const Scenario& scenario, Date today) {
     add_grid(scenario, today);
     lblgridtext2->setText(minimum_distribution ? u"MINIMUM DISTRIBUTION"_s
                                                : u"SINGLE LIFE EXPECTANCY"_s);
-    lblgridtext4->setText(u"Age when payments start: %1"_s.arg(single_life_age(scenario, today)));
+    lblgridtext4->setText(u"Age looked up: %1"_s.arg(single_life_age(scenario, today)));
     lblgridtext5->setText(minimum_distribution ? u"*Minimum Distribution Years=age+divisor"_s
                                                : u"*Life Expectancy=age+divisor"_s);
 }

@@ -1,8 +1,10 @@
 #include "input/limit_line.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 #include "widgets/controls.h"
+#include "widgets/theme.h"
 
 namespace kelvar {
 
@@ -18,6 +20,13 @@ void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidge
     for (QWidget* control : controls) {
         control->setAccessibleDescription(limit);
     }
+}
+
+void stand_out(QLabel* line, const QLineEdit* entry) {
+    theme::set_role(line, theme::Role::value);
+    QObject::connect(
+        entry, &QLineEdit::textChanged, line, [line] { theme::set_role(line, theme::Role::note); },
+        Qt::SingleShotConnection);
 }
 
 }  // namespace kelvar

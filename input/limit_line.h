@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 class QLabel;
+class QLineEdit;
 class QWidget;
 
 namespace kelvar {
@@ -14,5 +15,8 @@ QLabel* limit_line(const char* name);
 
 // Shows the limit of some controls, which a screen reader reads with each of them.
 void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidget*> controls);
+
+// After a refusal by its limit a line stands out until the entry changes.
+void stand_out(QLabel* line, const QLineEdit* entry);
 
 }  // namespace kelvar

@@ -29,4 +29,8 @@ void LimitedBox::show_limit(const QString& limit) {
     kelvar::show_limit(limit_, limit, {box_});
 }
 
+void LimitedBox::stand_out() {
+    kelvar::stand_out(limit_, box_);
+}
+
 }  // namespace kelvar

@@ -16,6 +16,7 @@ public:
     LimitedBox(const QString& sign, QLineEdit* box, const char* limit_name);
 
     void show_limit(const QString& limit);
+    void stand_out();  // the limit, until the entry changes
 
 private:
     QLineEdit* box_ = nullptr;

@@ -97,6 +97,10 @@ void PartialAmountBox::show_least() {
     show_limit(lblleastpartial, limit, {txtpartial, cmbPercent});
 }
 
+void PartialAmountBox::least_stands_out() {
+    stand_out(lblleastpartial, txtpartial);
+}
+
 void PartialAmountBox::take_all() {
     if (percentage_edited_) {
         take_percentage();

@@ -30,6 +30,8 @@ public:
     void follow_balance();
     // Says what the least amount is where the minimum distribution will be checked.
     void show_least();
+    // After a refusal by it the least amount stands out until another one is entered.
+    void least_stands_out();
     // Takes what stands in the boxes when the method is chosen.
     void take_all();
     // Takes what was typed and not left yet; false when that was refused.

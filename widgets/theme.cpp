@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QScreen>
+#include <QStyle>
 #include <QSvgRenderer>
 #include <algorithm>
 
@@ -213,6 +214,12 @@ QLabel* label(const QString& text, Role role, const char* name) {
         label->setObjectName(QString::fromLatin1(name));
     }
     return label;
+}
+
+void set_role(QLabel* label, Role role) {
+    label->setProperty("role", QString::fromLatin1(role_name(role)));
+    label->style()->unpolish(label);
+    label->style()->polish(label);
 }
 
 QIcon icon(const QString& name) {

@@ -39,6 +39,8 @@ const Colors& colors();
 // What a label is for decides its size and colour.
 enum class Role { body, title, subtitle, section, value, note };
 QLabel* label(const QString& text, Role role, const char* name = nullptr);
+// The same for a label that is shown already.
+void set_role(QLabel* label, Role role);
 
 // One of our own drawings from widgets/icons in the accent colour: for a button, or as a picture of a
 // size in device-independent pixels.

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "core/ages.h"
 #include "core/numbers.h"
 #include "core/plan.h"
 #include "input/rules/birth_date.h"
@@ -69,6 +70,16 @@ std::optional<Date> passed_deadline(Date birth, Date today) {
         real_date(year_of(age_seventy_and_a_half(birth)) + 1, plan::last_month_of_deadline, 1);
     const bool passed = birth_date_known(birth) && add_months(*month, 1) <= today;
     return passed ? month : std::nullopt;
+}
+
+Births participant_births(Date today) {
+    return {last_birth_at_age(plan::oldest_participant + 1, today),
+            last_birth_at_age(plan::youngest_participant, today)};
+}
+
+Births spouse_births(int participant_age, Date today) {
+    return {last_birth_at_age(participant_age - plan::least_spouse_difference, today),
+            last_birth_at_age(plan::youngest_spouse, today)};
 }
 
 std::optional<double> least_partial_amount(const Scenario& scenario, Database& database, Date today) {

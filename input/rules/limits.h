@@ -18,6 +18,15 @@ std::optional<Date> latest_first_month(Date birth, Date today);
 // reached; nothing while it has not passed, and without a date of birth.
 std::optional<Date> passed_deadline(Date birth, Date today);
 
+// Between which days a participant or a spouse is born who is accepted today; the spouse is at least 35
+// and more than ten years younger than the participant.
+struct Births {
+    Date after;  // the first day is the one after it
+    Date up_to;
+};
+Births participant_births(Date today);
+Births spouse_births(int participant_age, Date today);
+
 // The least amount certain (dollars, whole cents) where the minimum distribution is checked; nothing
 // where it is not, or where no amount certain is accepted. How often the rest is paid does not matter.
 std::optional<double> least_partial_amount(const Scenario& scenario, Database& database, Date today);

@@ -17,7 +17,7 @@ Check check_minimum_distribution(const Scenario& scenario, Database& database) {
     if (divisor && scenario.partial_amount < scenario.present_value / *divisor) {
         return Refusal{
             "Your partial amount certain will be below your minimum distribution for that year!",
-            "txtpartial"};
+            "txtpartial", Refusal::Means::limited};
     }
     return std::nullopt;
 }

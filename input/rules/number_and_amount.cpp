@@ -39,7 +39,7 @@ Check check_number_within_life(const Scenario& scenario) {
         return Refusal{
             "The number of payments will exceed your life expectancy or result in an amount below your "
             "minimum distribution. Please reduce the number of payments!",
-            "txtnumber"};
+            "txtnumber", Refusal::Means::limited};
     }
     return std::nullopt;
 }
@@ -52,7 +52,7 @@ Check check_amount_within_life(const Scenario& scenario) {
         return Refusal{
             "This amount will be below your minimum distribution or would result in payments beyond "
             "your life expectancy. Please increase the dollar amount!",
-            "txtfixamount"};
+            "txtfixamount", Refusal::Means::limited};
     }
     return std::nullopt;
 }

@@ -9,6 +9,7 @@ namespace kelvar {
 struct Refusal {
     enum class Means {
         refused,  // shown; the field is to be corrected
+        limited,  // the same, because of a limit that input/rules/limits.h finds
         told,     // shown and passed over: what was asked for goes on
         asked     // a yes/no question: Yes leads back to the field, No insists on the entry
     };

@@ -43,6 +43,18 @@ TEST(Ages, DifferInWhenTheBirthdayCounts) {
     }
 }
 
+TEST(Ages, LastBirthAtAnAgeIsFoundOnEveryDay) {
+    for (Date day = 2023y / 1 / 1; day < 2025y / 1 / 1;
+         day = std::chrono::sys_days{day} + std::chrono::days{1}) {
+        for (const int age : {16, 34, 35, 101}) {
+            const Date last = last_birth_at_age(age, day);
+            const Date next = std::chrono::sys_days{last} + std::chrono::days{1};
+            EXPECT_GE(age_on_day(last, day), age) << date_text(day);
+            EXPECT_LT(age_on_day(next, day), age) << date_text(day);
+        }
+    }
+}
+
 TEST(Ages, SeventyAndAHalfHasPassedFromTheDayAfter) {
     EXPECT_FALSE(cmp_birth(1950y / 6 / 15, 2020y / 12 / 15));
     EXPECT_TRUE(cmp_birth(1950y / 6 / 15, 2020y / 12 / 16));

@@ -131,6 +131,10 @@ QString UiTest::text_of(const char* label) {
     return find<QLabel>(label)->text();
 }
 
+bool UiTest::stands_out(const char* label) {
+    return find<QLabel>(label)->font().bold();
+}
+
 void UiTest::click(const char* name) {
     auto* control = find<QWidget>(name);
     // An option's caption can end before the middle of the control.

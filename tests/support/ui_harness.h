@@ -65,6 +65,7 @@ public:
     QString screen_name() const { return window->visible_screen()->objectName(); }
     QString focus_name() const;
     QString text_of(const char* label);
+    bool stands_out(const char* label);
 
     void click(const char* name);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -314,7 +314,9 @@ TEST_F(Partial, LeastAmountIsNamedWhereTheMinimumDistributionIsChecked) {
     for (const QString& amount : {u"9433.96"_s, u"9433.97"_s}) {
         EXPECT_EQ(screen_name(), u"frmdist2"_s);
         EXPECT_EQ(text_of("lblleastpartial"), least);
+        EXPECT_EQ(stands_out("lblleastpartial"), amount == u"9433.97"_s);
         enter("txtpartial", amount);
+        EXPECT_FALSE(stands_out("lblleastpartial"));
         click("Cmdnext");
     }
     EXPECT_EQ(take_messages().size(), 1u);

@@ -11,6 +11,7 @@
 #include "core/ages.h"
 #include "core/life_limit.h"
 #include "core/numbers.h"
+#include "input/rules/birth_date.h"
 #include "input/rules/commencement.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/next_checks.h"
@@ -89,6 +90,23 @@ protected:
         return !check ? "" : check->means == Refusal::Means::told ? "told" : check->field;
     }
 
+    // Asked at both ends, on the last day outside and the first one inside.
+    void expect_births() {
+        const auto expect = [](const Births& births, auto refused) {
+            for (const Date last : {births.after, births.up_to}) {
+                for (const int later : {0, 1}) {
+                    const Date birth = std::chrono::sys_days{last} + std::chrono::days{later};
+                    EXPECT_EQ(!refused(date_text(birth)), births.after < birth && birth <= births.up_to)
+                        << date_text(birth);
+                }
+            }
+        };
+        expect(participant_births(today),
+               [&](const std::string& typed) { return check_birth(typed, today).wrong; });
+        expect(spouse_births(scenario.current_age, today), [&](const std::string& typed) {
+            return check_spouse(typed, scenario.current_age, today).wrong;
+        });
+    }
     void expect_latest_month() {
         const Date latest = *latest_first_month(scenario.birth_date, today);
         for (const int later : {0, 1}) {
@@ -158,6 +176,7 @@ TEST_F(Limits, AreAcceptedAndTheNextFigureBeyondIsNot) {
                      << scenario.frequency << " a year, $" << scenario.partial_amount << " of $"
                      << scenario.present_value);
         expect_latest_month();
+        expect_births();
         if (scenario.method == partial_lump_sum) {
             expect_least_partial_amount();
         }
