@@ -4,6 +4,7 @@
 #include <QLineEdit>
 
 #include "widgets/controls.h"
+#include "widgets/focus_marker.h"
 #include "widgets/theme.h"
 
 namespace kelvar {
@@ -19,6 +20,7 @@ void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidge
     line->setText(limit);
     for (QWidget* control : controls) {
         control->setAccessibleDescription(limit);
+        keep_in_view_with(control, line);
     }
 }
 

@@ -35,7 +35,9 @@ void FocusMarker::follow(QObject* watched, const QEvent& event) {
             }
             break;
         case QEvent::FocusOut:
-            delete ring_;
+            if (ring_ != nullptr && ring_->control() == widget) {  // not a list that has just closed
+                delete ring_;
+            }
             break;
         case QEvent::Resize:
             if (watched == page_->widget()) {

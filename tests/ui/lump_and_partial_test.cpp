@@ -1,6 +1,7 @@
 // Journeys for the lump sum and the partial lump sum. Figures worked out with decimal arithmetic from
 // the rules, for today 15 January 2020.
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -231,6 +232,15 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     press(Qt::Key_Down);
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s) << "1 is chosen";
     EXPECT_EQ(module->scenario.partial_percent, "1");
+    find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_F4);
+    QWidget* entries = QApplication::activePopupWidget()->focusWidget();
+    QTest::keyClick(entries, Qt::Key_Down);
+    QTest::keyClick(entries, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
+    EXPECT_EQ(module->scenario.partial_percent, "2");
+    EXPECT_TRUE(find<QWidget>("focusring")->isVisible());
     for (const char* clicked : {"txtpartial", "chkpartial_1"}) {
         click("cmbPercent");
         click(clicked);
