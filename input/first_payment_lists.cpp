@@ -77,7 +77,8 @@ void FirstPaymentLists::follow_day() {
     show_changed();
 }
 
-void FirstPaymentLists::follow_birth() {
+void FirstPaymentLists::follow_birth(Date birth) {
+    birth_ = birth;
     birth_known_ = true;
     get_year();
     chk_year();
@@ -89,12 +90,10 @@ void FirstPaymentLists::get_month() {
                     to_qt(month_name(wished_month_)));
 }
 
-// A return to the menu keeps the old date of birth, but no age: then none has been entered here yet.
 void FirstPaymentLists::get_year() {
-    const Date birth = scenario.current_age == 0 ? no_date : scenario.birth_date;
-    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth, module.today())),
+    control::refill(Cmbfrstyear, year_entries(first_payment_years(birth_, module.today())),
                     QString::number(wished_year_));
-    show_latest(birth_known_ ? birth : no_date);
+    show_latest(birth_known_ ? birth_ : no_date);
 }
 
 void FirstPaymentLists::show_latest(Date birth) {
@@ -137,11 +136,11 @@ void FirstPaymentLists::less_month_now() {
 }
 
 void FirstPaymentLists::show_age() {
-    if (year() == 0 || scenario.current_age == 0 || !birth_known_) {
+    if (year() == 0 || !birth_known_) {
         lblage->clear();
         return;
     }
-    lblage->setNum(shown_age(scenario.birth_date, month(), year(), module.today()));
+    lblage->setNum(shown_age(birth_, month(), year(), module.today()));
 }
 
 void FirstPaymentLists::clear_age() {

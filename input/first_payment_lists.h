@@ -25,7 +25,7 @@ public:
     // also a month that has passed since it was chosen: Next says so.
     void follow_day();
     // Lists and age follow a new date of birth.
-    void follow_birth();
+    void follow_birth(Date birth);
     // The date of birth is refused or taken away: neither the age nor the latest month is known. What
     // was offered for the last one stays.
     void clear_age();
@@ -56,7 +56,8 @@ private:
     QLabel* lblchanged = nullptr;
     int wished_month_ = 1;  // what the user last chose, also while the lists do not offer it
     int wished_year_ = 0;   // 0 while none was chosen
-    bool birth_known_ = true;
+    Date birth_ = no_date;  // the last one accepted on this screen
+    bool birth_known_ = false;
 };
 
 }  // namespace kelvar

@@ -121,7 +121,7 @@ bool frmdist1::chk_birth() {
 void frmdist1::take_birth(const BirthCheck& check) {
     scenario.birth_date = *check.date;
     scenario.current_age = check.age;
-    first_payment_->follow_birth();
+    first_payment_->follow_birth(scenario.birth_date);
 }
 
 void frmdist1::chk_curvalue() {

@@ -569,6 +569,14 @@ TEST_F(Periodic, ReturnToTheMenuStartsAfresh) {
     EXPECT_EQ(find<QLineEdit>("mskbirth")->displayText(), u"__/__/____"_s);
     EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->count(), 0) << "of the date of birth before";
     EXPECT_EQ(text_of("lbllatest") + text_of("lblage"), QString());
+    // A menu that starts afresh beside an open screen takes nothing from what its box still holds.
+    enter("mskbirth", u"06151950"_s);
+    window->close(ScreenId::frmdist);
+    window->show(ScreenId::frmdist);
+    window->show(ScreenId::frmdist1);
+    EXPECT_EQ(find<QLineEdit>("mskbirth")->text(), u"06/15/1950"_s);
+    EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->count(), 2);
+    EXPECT_EQ(text_of("lblage"), u"69"_s);
 }
 
 // The fee eats a tiny account before payments begin.
