@@ -52,7 +52,7 @@ void CommencementLists::build() {
     row->addWidget(cmbscnyear);
     row->addStretch(1);
     lblnomonth = control::paragraph(
-        u"The payment of the amount certain is in the last month in which payments may begin, so that no month is left for the remaining payments. Go back and choose an earlier month for it."_s,
+        u"The first amount is paid in the last month allowed; none is left for the other payments. Go back and choose an earlier month."_s,
         "lblnomonth");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

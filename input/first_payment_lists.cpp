@@ -99,7 +99,7 @@ void FirstPaymentLists::get_year() {
 void FirstPaymentLists::show_latest(Date birth) {
     QString latest;
     if (const auto month = latest_first_month(birth, module.today())) {
-        latest = u"Payments may begin up to %1."_s.arg(to_qt(month_year_text(*month)));
+        latest = u"This program lets payments begin up to %1."_s.arg(to_qt(month_year_text(*month)));
     }
     if (const auto deadline = passed_deadline(birth, module.today())) {
         latest += u" The deadline of %1 has passed."_s.arg(to_qt(month_year_text(*deadline)));

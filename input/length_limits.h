@@ -10,7 +10,8 @@ namespace kelvar {
 class LifeOptions;
 
 QString number_limit(Module1& module);  // "At most 349 monthly payments"
-// "At least $715.93 a month. Entered: $2,500.00", with what becomes of an amount above the balance.
+// "At least $715.93 a month, more if the account grows. Entered: $2,500.00", with what becomes of an
+// amount above the balance.
 QString amount_limit(Module1& module, const QString& typed);
 
 // When a spouse for joint life is born: "More than ten years younger: born after 11/02/1965; ...".

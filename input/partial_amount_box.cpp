@@ -91,7 +91,7 @@ void PartialAmountBox::follow_balance() {
 
 void PartialAmountBox::show_least() {
     const auto least = least_partial_amount(scenario, module.database(), module.today());
-    const QString limit = least ? u"At least %1, the minimum distribution for that year"_s.arg(
+    const QString limit = least ? u"At least %1, this program's minimum for that year"_s.arg(
                                       to_qt(format_number(*least, pattern::dollars)))
                                 : QString();
     show_limit(lblleastpartial, limit, {txtpartial, cmbPercent});

@@ -310,7 +310,7 @@ TEST_F(Partial, RemainingPaymentsAreOfferedFromThePresentYearOn) {
 
 // Paid at 73, of divisor 26.5, which is also that of the rest from January 2021 on.
 TEST_F(Partial, LeastAmountIsNamedWhereTheMinimumDistributionIsChecked) {
-    const QString least = u"At least $9,433.97, the minimum distribution for that year"_s;
+    const QString least = u"At least $9,433.97, this program's minimum for that year"_s;
     go_to_method(u"06151947"_s);
     click("optmethod_2");
     EXPECT_EQ(text_of("lblleastpartial"), QString());
@@ -330,13 +330,13 @@ TEST_F(Partial, LeastAmountIsNamedWhereTheMinimumDistributionIsChecked) {
         click("Cmdnext");
     }
     EXPECT_EQ(take_messages().size(), 1u);
-    EXPECT_EQ(text_of("lblamountlimit"), u"At least $756.50 a month"_s);
+    EXPECT_EQ(text_of("lblamountlimit"), u"At least $756.50 a month, more if the account grows"_s);
     click("cmdprev");
     click("cmdprev");
     enter("txtcurvalue", u"100000"_s);
     click("Cmdnext");
     EXPECT_EQ(text_of("lblleastpartial"),
-              u"At least $3,773.59, the minimum distribution for that year"_s);
+              u"At least $3,773.59, this program's minimum for that year"_s);
 }
 
 // Past 70½, with the first payment in the last month that the plan allows.

@@ -234,11 +234,12 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     click("optlength_1");
     enter("txtfixamount", u"2,500"_s);
     EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"2500.00"_s);
-    EXPECT_EQ(text_of("lblamountlimit"), u"At least $715.93 a month. Entered: $2,500.00"_s);
+    EXPECT_EQ(text_of("lblamountlimit"),
+              u"At least $715.93 a month, more if the account grows. Entered: $2,500.00"_s);
     enter("txtfixamount", u"250000.01"_s);
     EXPECT_EQ(
         text_of("lblamountlimit"),
-        u"At least $715.93 a month. Entered: $250,000.01, above the balance; $250,000.00 counts"_s);
+        u"At least $715.93 a month, more if the account grows. Entered: $250,000.01, above the balance; $250,000.00 counts"_s);
     click("Cmdnext");
     click("cmdprev");
     EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"250000.00"_s) << "no more than there is";
@@ -614,11 +615,12 @@ TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
     EXPECT_TRUE(stands_out("lblbirthlimit"));
     enter("mskbirth", u"06151940"_s);
     EXPECT_FALSE(stands_out("lblbirthlimit"));
-    EXPECT_EQ(text_of("lbllatest"),
-              u"Payments may begin up to March, 2021. The deadline of March, 2011 has passed."_s);
+    EXPECT_EQ(
+        text_of("lbllatest"),
+        u"This program lets payments begin up to March, 2021. The deadline of March, 2011 has passed."_s);
     enter("mskbirth", u"06151950"_s);
     auto* months = find<QComboBox>("Cmbfrstmonth");
-    EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2021."_s);
+    EXPECT_EQ(text_of("lbllatest"), u"This program lets payments begin up to March, 2021."_s);
     EXPECT_EQ(months->accessibleDescription(), text_of("lbllatest"));
     choose("Cmbfrstmonth", u"July"_s);
     choose("Cmbfrstyear", u"2021"_s);
@@ -649,13 +651,13 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     enter("mskbirth", u"06151960"_s);
     EXPECT_EQ(find<QComboBox>("Cmbfrstyear")->currentText(), u"2025"_s);
     EXPECT_EQ(text_of("lblchanged"), QString());
-    EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
+    EXPECT_EQ(text_of("lbllatest"), u"This program lets payments begin up to March, 2031."_s);
     for (const QString& no_birth : {QString(), u"02301960"_s}) {
         enter("mskbirth", no_birth);
         choose("Cmbfrstmonth", u"July"_s);
         EXPECT_EQ(text_of("lbllatest") + text_of("lblage"), QString());
         enter("mskbirth", u"06151960"_s);
-        EXPECT_EQ(text_of("lbllatest"), u"Payments may begin up to March, 2031."_s);
+        EXPECT_EQ(text_of("lbllatest"), u"This program lets payments begin up to March, 2031."_s);
         EXPECT_EQ(text_of("lblage"), u"65"_s);
     }
     EXPECT_EQ(take_messages().size(), 1u);
