@@ -9,8 +9,8 @@ class QProcess;
 
 namespace kelvar {
 
-// The first argument with which a program only looks for printers: the toolkit waits for their server
-// for minutes, which a process of its own can do. What it is started with goes to look_for_printers.
+// The toolkit may wait for the server for minutes, which a process of its own can do: a program whose
+// first argument this is hands what it was started with to look_for_printers, and ends.
 inline constexpr const char* looks_for_printers = "--look-for-printers";
 int look_for_printers(int argc, char** argv);
 // Starts that process; once it has ended, the server answers.
