@@ -28,6 +28,10 @@ std::int16_t age_in_month(Date birth, int month, int year) {
     return whole_years(year - year_of(birth) - (month < month_of(birth) ? 1 : 0));
 }
 
+std::int16_t age_in_month(Date birth, Date date) {
+    return age_in_month(birth, month_of(date), year_of(date));
+}
+
 std::int16_t age_at_payment(Date birth, int month, int year) {
     return whole_years(year - year_of(birth) - (month <= month_of(birth) ? 1 : 0));
 }

@@ -16,6 +16,7 @@ Date last_birth_at_age(int age, Date day);
 
 // Age in a month: the birth month counts as reached from its first day.
 std::int16_t age_in_month(Date birth, int month, int year);
+std::int16_t age_in_month(Date birth, Date date);  // in the month of a date
 
 // Age at a payment on the first of a month: in the birth month the birthday is not yet reached.
 std::int16_t age_at_payment(Date birth, int month, int year);

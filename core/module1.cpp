@@ -65,7 +65,7 @@ void Module1::reset_scenario() {
 }
 
 std::string_view Module1::frequency_name() const {
-    return plan::frequency_name(scenario.frequency);
+    return plan::frequency(scenario.frequency).name;
 }
 
 int Module1::check_payments_exceed_life() {

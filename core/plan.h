@@ -42,38 +42,28 @@ inline constexpr double lump_sum_fee = 50.0;
 // Growth is compounded and fees are charged by the day, on this many days a year, also in leap years.
 inline constexpr double days_per_year = 365.0;
 
-// Name of 1, 2, 4 or 12 payments a year: "Annually", "Semi-Annually", "Quarterly", "Monthly"; "" for
-// any other number.
-constexpr std::string_view frequency_name(int payments_per_year) {
-    switch (payments_per_year) {
-        case 1:
-            return "Annually";
-        case 2:
-            return "Semi-Annually";
-        case 4:
-            return "Quarterly";
-        case 12:
-            return "Monthly";
-        default:
-            return "";
-    }
-}
+// How often payments are made, in the order of the screens' boxes.
+struct Frequency {
+    std::int16_t payments_per_year = 0;
+    std::string_view name;       // "Monthly", "Annually"
+    std::string_view heading;    // "Monthly", "Annual"
+    std::string_view adjective;  // "monthly", "annual"
+    std::string_view period;     // from payment to payment, to be read after "a"
+};
+inline constexpr Frequency frequencies[] = {
+    {12, "Monthly", "Monthly", "monthly", "month"},
+    {4, "Quarterly", "Quarterly", "quarterly", "quarter"},
+    {2, "Semi-Annually", "Semi-Annual", "semi-annual", "half-year"},
+    {1, "Annually", "Annual", "annual", "year"}};
 
-// The time from payment to payment, to be read after "a": "year", "half-year", "quarter", "month"; ""
-// for any other number of payments a year.
-constexpr std::string_view period_name(int payments_per_year) {
-    switch (payments_per_year) {
-        case 1:
-            return "year";
-        case 2:
-            return "half-year";
-        case 4:
-            return "quarter";
-        case 12:
-            return "month";
-        default:
-            return "";
+// Without words for any other number of payments a year.
+constexpr Frequency frequency(int payments_per_year) {
+    for (const Frequency& known : frequencies) {
+        if (known.payments_per_year == payments_per_year) {
+            return known;
+        }
     }
+    return {};
 }
 
 }  // namespace kelvar::plan

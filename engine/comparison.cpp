@@ -49,7 +49,7 @@ ComparedRate compared(const Scenario& scenario, double rate, Date today) {
     column.full_year_amount = amount_in_last_full_year(schedule, years, scenario.frequency);
     column.payments = schedule.number_of_payments;
     column.last_payment = last.date;
-    column.last_age = age_in_month(scenario.birth_date, month_of(last.date), year_of(last.date));
+    column.last_age = age_in_month(scenario.birth_date, last.date);
     column.earnings = projection.ledger.earnings;
     column.fees = projection.ledger.fees;
     column.total = projection.total_paid;
@@ -70,6 +70,27 @@ std::vector<LumpSumValue> lump_sum_values(const Scenario& scenario, Date today) 
         values.push_back({rate, value, round_to_cents(value - scenario.present_value)});
     }
     return values;
+}
+
+RateTexts rate_texts(const ComparedRate& rate, bool plain) {
+    RateTexts texts{rate_text(rate.rate, lump_sum)};
+    if (rate.outcome != Outcome::complete) {
+        texts[1] = no_result_text(rate.outcome);
+        return texts;
+    }
+    const auto money = [&](double dollars) {
+        return format_number(dollars, plain ? pattern::plain_amount : pattern::dollars);
+    };
+    return {texts[0],
+            money(rate.first_value),
+            money(rate.first_amount),
+            rate.full_year_amount != 0.0 ? money(rate.full_year_amount) : "",
+            std::to_string(rate.payments),
+            fmt::format("{}/{}", month_of(rate.last_payment), year_of(rate.last_payment)),
+            std::to_string(rate.last_age),
+            money(rate.earnings),
+            money(rate.fees),
+            money(rate.total)};
 }
 
 Comparison compare(const Scenario& scenario, Date today) {
@@ -108,7 +129,8 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
                             longer > 0 ? "later" : "earlier");
     }
     if (const double first = high.first_amount - low.first_amount; first != 0.0) {
-        text += fmt::format(", {} a {} at first", change(first), plan::period_name(scenario.frequency));
+        text += fmt::format(", {} a {} at first", change(first),
+                            plan::frequency(scenario.frequency).period);
     }
     return text + fmt::format("; {} also means more risk.", rate_text(high.rate, lump_sum));
 }

@@ -1,6 +1,7 @@
 // The chosen rates side by side.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -39,6 +40,13 @@ struct Comparison {
     int first_year = 0;               // in which the periodic payments begin
     std::vector<ComparedRate> rates;  // in the order chosen
 };
+
+// A rate in words, in the order of its columns: rate, value at the first payment, first amount, amount
+// in the last full year, number of payments, month of the last one as "7/2049", age, earnings, fees,
+// total. Without payments the second text says why, and the others are empty. `plain` is for other
+// programs: as "734.30" for "$734.30".
+using RateTexts = std::array<std::string, 10>;
+RateTexts rate_texts(const ComparedRate& rate, bool plain = false);
 
 // Projects the scenario at each of its chosen rates.
 Comparison compare(const Scenario& scenario, Date today);

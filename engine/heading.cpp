@@ -13,7 +13,7 @@ void add_titles(Heading& heading, const Scenario& scenario) {
     if (scenario.method == partial_lump_sum) {
         heading.emplace_back("dtitle", std::string{method_title(scenario.method)});
         heading.emplace_back("dsubtitle", "Lump Sum  + Remaining Paid " +
-                                              std::string{plan::frequency_name(scenario.frequency)});
+                                              std::string{plan::frequency(scenario.frequency).name});
     } else if (scenario.method == periodic_payments) {
         heading.emplace_back("dtitle", title_with_frequency(scenario));
     }
@@ -77,7 +77,7 @@ std::string_view method_title(std::int16_t method) {
 
 std::string title_with_frequency(const Scenario& scenario) {
     return fmt::format("{} - {}", method_title(scenario.method),
-                       plan::frequency_name(scenario.frequency));
+                       plan::frequency(scenario.frequency).name);
 }
 
 std::string_view table_name(const Scenario& scenario) {

@@ -13,13 +13,13 @@ namespace kelvar {
 namespace {
 
 std::string age_text(const Scenario& scenario, Date date) {
-    return fmt::format("age {}", age_in_month(scenario.birth_date, month_of(date), year_of(date)));
+    return fmt::format("age {}", age_in_month(scenario.birth_date, date));
 }
 
 // "$734.30 a month from July, 2020"
 std::string first_amount(const Scenario& scenario, const PaymentRow& first) {
     return fmt::format("{} a {} from {}", money_text(first.payment),
-                       plan::period_name(scenario.frequency), month_year_text(first.date));
+                       plan::frequency(scenario.frequency).period, month_year_text(first.date));
 }
 
 std::string fixed_amount_text(const Scenario& scenario, const PaymentSchedule& schedule) {
@@ -57,7 +57,7 @@ std::string payments_text(const Scenario& scenario, const PaymentSchedule& sched
     if (first.payment == 0.0) {
         const PaymentRow& last = schedule.rows.back();
         return fmt::format("{} in all, too little for a cent a {}; last payment {}, {}.",
-                           money_text(schedule.total_paid), plan::period_name(scenario.frequency),
+                           money_text(schedule.total_paid), plan::frequency(scenario.frequency).period,
                            month_year_text(last.date), age_text(scenario, last.date));
     }
     return scenario.length_option == by_dollar_amount ? fixed_amount_text(scenario, schedule)

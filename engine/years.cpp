@@ -13,7 +13,7 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
     if (projection.dates.second_date != no_date && !schedule.rows.empty()) {
         const Date date = projection.dates.first.date;
         years.push_back({.year = year_of(date),
-                         .age = age_in_month(birth, month_of(date), year_of(date)),
+                         .age = age_in_month(birth, date),
                          .beginning = ledger.opening,
                          .earnings = ledger.earnings_before,
                          .fees = ledger.fees_before,
@@ -35,7 +35,7 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
         ++year.payments;
         year.paid = round_to_cents(year.paid + row.payment);
         year.ending = round_to_cents(row.remainbalance);
-        year.age = age_in_month(birth, month_of(row.date), year.year);
+        year.age = age_in_month(birth, row.date);
         if (ends_year(schedule, i)) {
             year.fees = round_to_cents(round_to_cents(fees) - counted);
             counted = round_to_cents(fees);

@@ -37,7 +37,7 @@ QString amount_limit(Module1& module, const QString& typed) {
     QStringList sentences;
     if (const auto least = least_amount(module.scenario, module.database(), module.today())) {
         sentences << u"At least %1 a %2, more if the account grows"_s.arg(
-            dollars(*least), to_qt(plan::period_name(module.scenario.frequency)));
+            dollars(*least), to_qt(plan::frequency(module.scenario.frequency).period));
     }
     const double amount = round_to_cents(get_num(to_utf8(typed)).value_or(0.0));
     const double balance = module.scenario.present_value;

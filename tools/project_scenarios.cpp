@@ -129,7 +129,7 @@ void check(const Input& input) {
     if (dates.first.date < input.today) {
         throw Refused("first_pay_year", "the first payment lies before today");
     }
-    if (scenario.method != lump_sum && plan::frequency_name(scenario.frequency).empty()) {
+    if (scenario.method != lump_sum && plan::frequency(scenario.frequency).name.empty()) {
         throw Refused("frequency", "must be 1, 2, 4 or 12 for this method");
     }
     if (scenario.method == partial_lump_sum &&

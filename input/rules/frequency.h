@@ -12,8 +12,7 @@ namespace kelvar {
 // Payments per year of the boxes Monthly, Quarterly, Semi-Annually, Annually, index 0 to 3.
 std::int16_t frequency_of_box(int index);
 
-// "349 monthly payments", "1 annual payment". Thrown is std::out_of_range where payments are not made
-// 1, 2, 4 or 12 times a year.
+// "349 monthly payments", "1 annual payment".
 std::string payments_text(int number, int payments_per_year);
 
 // Refuses 0 payments a year, with the first of the boxes as the field to correct.

@@ -40,7 +40,7 @@ Check check_partial(Scenario& scenario, Database& database, std::string_view par
     if (const Check check = check_frequency(scenario.frequency, "chkpartial_0")) {
         return check;
     }
-    scenario.current_age = age_in_month(scenario.birth_date, month_of(today), year_of(today));
+    scenario.current_age = age_in_month(scenario.birth_date, today);
     scenario.lookup_age = participant_lookup_age(scenario, today);
     if (const auto end = single_life_expectancy(database, scenario.lookup_age)) {
         scenario.life_expectancy_age = *end;

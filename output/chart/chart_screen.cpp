@@ -5,6 +5,7 @@
 
 #include "core/ages.h"
 #include "core/numbers.h"
+#include "core/plan.h"
 #include "engine/axis.h"
 #include "engine/yearly_chart.h"
 #include "output/report/chart_page.h"
@@ -20,19 +21,6 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 namespace {
-
-QString frequency_word(int payments_per_year) {
-    switch (payments_per_year) {
-        case 1:
-            return u"Annual"_s;
-        case 2:
-            return u"Semi-Annual"_s;
-        case 4:
-            return u"Quarterly"_s;
-        default:
-            return u"Monthly"_s;
-    }
-}
 
 // Month and year of the current row.
 QString month_and_year(const Recordset& schedule) {
@@ -94,7 +82,7 @@ void ChartScreen::get_headings() {
     const QString start = month_and_year(schedule);
     schedule.MoveLast();
     const QString end = month_and_year(schedule);
-    add_line(frequency_word(scenario.frequency) + u" Payments"_s, "lblfrequency");
+    add_line(to_qt(plan::frequency(scenario.frequency).heading) + u" Payments"_s, "lblfrequency");
     add_line(u"("_s + start + u" - "_s + end + u")"_s, "lblperiod");
     add_line(u"Number of Payments: "_s + to_qt(distrib.text("payments")), "lblnumber");
     add_line(u"BASED ON "_s + to_qt(distrib.text("rate")) + u" ANNUAL RETURN "_s, "lblrate");

@@ -12,8 +12,14 @@ inline TextTableModel::Cell money_cell(double dollars) {
     return {to_qt(money_text(dollars)), to_qt(format_number(dollars, pattern::plain_amount))};
 }
 
-inline TextTableModel::Cell number_cell(int number) {
-    return {QString::number(number)};
+// A row of texts, each with what other programs get of it.
+template <class Texts>
+std::vector<TextTableModel::Cell> text_cells(const Texts& shown, const Texts& plain) {
+    std::vector<TextTableModel::Cell> cells;
+    for (std::size_t column = 0; column < shown.size(); ++column) {
+        cells.push_back({to_qt(shown[column]), to_qt(plain[column])});
+    }
+    return cells;
 }
 
 }  // namespace kelvar

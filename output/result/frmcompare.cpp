@@ -31,27 +31,6 @@ std::vector<TextTableModel::Column> columns() {
             {u"Fees"_s},         {u"Total Paid"_s}};
 }
 
-std::vector<TextTableModel::Cell> cells(const ComparedRate& at_rate) {
-    const TextTableModel::Cell rate{to_qt(rate_text(at_rate.rate, lump_sum))};
-    if (at_rate.outcome != Outcome::complete) {
-        std::vector<TextTableModel::Cell> row(columns().size());
-        row[0] = rate;
-        row[1] = {to_qt(no_result_text(at_rate.outcome))};
-        return row;
-    }
-    const bool full_year = at_rate.full_year_amount != 0.0;
-    return {rate,
-            money_cell(at_rate.first_value),
-            money_cell(at_rate.first_amount),
-            full_year ? money_cell(at_rate.full_year_amount) : TextTableModel::Cell{},
-            number_cell(at_rate.payments),
-            {u"%1/%2"_s.arg(month_of(at_rate.last_payment)).arg(year_of(at_rate.last_payment))},
-            number_cell(at_rate.last_age),
-            money_cell(at_rate.earnings),
-            money_cell(at_rate.fees),
-            money_cell(at_rate.total)};
-}
-
 bool is_complete(const ComparedRate& rate) {
     return rate.outcome == Outcome::complete;
 }
@@ -116,7 +95,7 @@ void frmcompare::load() {
 void frmcompare::show_rates() {
     std::vector<std::vector<TextTableModel::Cell>> rows;
     for (const ComparedRate& rate : comparison_.rates) {
-        rows.push_back(cells(rate));
+        rows.push_back(text_cells(rate_texts(rate), rate_texts(rate, true)));
     }
     rows_->show_rows(std::move(rows));
     for (int row = 0; row < rows_->rowCount(); ++row) {

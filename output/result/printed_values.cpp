@@ -5,6 +5,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cmath>
 #include <memory>
@@ -29,7 +30,7 @@ namespace kelvar {
 namespace {
 
 std::string age_text(const Scenario& scenario, Date date) {
-    return std::to_string(age_in_month(scenario.birth_date, month_of(date), year_of(date)));
+    return std::to_string(age_in_month(scenario.birth_date, date));
 }
 
 ReportValues heading_values(const Scenario& scenario) {
@@ -109,6 +110,18 @@ void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& le
     add("= Left", ledger.closing);
 }
 
+template <std::size_t size>
+NamedTexts named(const char* const (&names)[size], const std::array<std::string, size>& texts) {
+    NamedTexts all;
+    for (std::size_t i = 0; i < size; ++i) {
+        all.emplace_back(names[i], texts[i]);
+    }
+    return all;
+}
+
+constexpr const char* rate_columns[] = {"rate",     "first_value", "first_amount", "full_year_amount",
+                                        "payments", "last_month",  "last_age",     "earnings",
+                                        "fees",     "paid"};
 constexpr const char* year_columns[] = {"year",     "age",  "payments", "beginning",
                                         "earnings", "fees", "paid",     "ending"};
 
@@ -119,11 +132,7 @@ int count_of_years(const std::vector<YearRow>& years) {
 
 void add_years(ReportValues& values, const std::vector<YearRow>& years) {
     for (const YearRow& year : years) {
-        NamedTexts& named = values.years.emplace_back();
-        const YearTexts texts = year_texts(year);
-        for (std::size_t column = 0; column < texts.size(); ++column) {
-            named.emplace_back(year_columns[column], texts[column]);
-        }
+        values.years.push_back(named(year_columns, year_texts(year)));
     }
     const YearRow total = total_of(years);
     values.total_years = count_text(count_of_years(years), "year");
@@ -198,23 +207,10 @@ ReportValues printed_comparison(const Scenario& scenario, const Comparison& comp
     ReportValues values = heading_values(scenario);
     values.spread = spread_text(scenario, comparison);
     for (const ComparedRate& at_rate : comparison.rates) {
-        NamedTexts texts{{"rate", rate_text(at_rate.rate, lump_sum)},
-                         {"reason", std::string(no_result_text(at_rate.outcome))}};
-        if (at_rate.outcome == Outcome::complete) {
-            const bool full_year = at_rate.full_year_amount != 0.0;
-            const Date last = at_rate.last_payment;
-            texts.insert(texts.end(),
-                         {{"first_value", money_text(at_rate.first_value)},
-                          {"first_amount", money_text(at_rate.first_amount)},
-                          {"full_year_amount", full_year ? money_text(at_rate.full_year_amount) : ""},
-                          {"payments", std::to_string(at_rate.payments)},
-                          {"last_month", fmt::format("{}/{}", month_of(last), year_of(last))},
-                          {"last_age", std::to_string(at_rate.last_age)},
-                          {"earnings", money_text(at_rate.earnings)},
-                          {"fees", money_text(at_rate.fees)},
-                          {"paid", money_text(at_rate.total)}});
-        }
-        values.rates.push_back(std::move(texts));
+        const RateTexts texts = rate_texts(at_rate);
+        const bool complete = at_rate.outcome == Outcome::complete;
+        values.rates.push_back(complete ? named(rate_columns, texts) : NamedTexts{{"rate", texts[0]}});
+        values.rates.back().emplace_back("reason", complete ? "" : texts[1]);
     }
     values.wide = has_long_amount(values.rates);
     return values;

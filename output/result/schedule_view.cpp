@@ -166,12 +166,7 @@ void ScheduleView::show_years() {
     std::vector<YearRow> years = years_of(projection_, scenario.birth_date, scenario.fee_amount);
     mark_below_federal_minimum(years, scenario, projection_, *database_);
     for (const YearRow& year : years) {
-        const YearTexts shown = year_texts(year);
-        const YearTexts plain = year_texts(year, true);
-        auto& cells = rows.emplace_back();
-        for (std::size_t column = 0; column < shown.size(); ++column) {
-            cells.push_back({to_qt(shown[column]), to_qt(plain[column])});
-        }
+        rows.push_back(text_cells(year_texts(year), year_texts(year, true)));
     }
     const int chosen = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
