@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/closing_order.h"
 #include "core/life_limit.h"
 #include "core/numbers.h"
 #include "core/plan.h"
@@ -81,34 +82,16 @@ int Module1::check_payments_exceed_life() {
 }
 
 void Module1::close_all_screens() {
-    switch (scenario.method) {
-        case lump_sum:
-            screens.close(ScreenId::frmlump);
-            break;
-        case periodic_payments:
-            close_in_order({ScreenId::frmperio, ScreenId::frmdist3});
-            break;
-        case partial_lump_sum:
-            close_in_order({ScreenId::frmparti, ScreenId::frmdist3});
-            break;
-        default:
-            break;
+    for (const ScreenId id : order_to_the_end(scenario.method)) {
+        screens.close(id);
     }
-    close_in_order({ScreenId::frmdnote, ScreenId::frmdrate, ScreenId::frmdist2, ScreenId::frmdist1,
-                    ScreenId::frmdist, ScreenId::mdifrmd});
 }
 
 void Module1::return_to_menu() {
-    close_in_order({ScreenId::frmlump, ScreenId::frmperio, ScreenId::frmparti, ScreenId::frmdist3,
-                    ScreenId::frmdnote, ScreenId::frmdrate, ScreenId::frmdist2, ScreenId::frmdist1,
-                    ScreenId::frmdist});
-    screens.show(ScreenId::frmdist);
-}
-
-void Module1::close_in_order(std::initializer_list<ScreenId> ids) {
-    for (const ScreenId id : ids) {
+    for (const ScreenId id : order_to_the_menu()) {
         screens.close(id);
     }
+    screens.show(ScreenId::frmdist);
 }
 
 void Module1::report(std::string_view text) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -55,8 +54,6 @@ public:
     bool ask(std::string_view text);
 
 private:
-    void close_in_order(std::initializer_list<ScreenId> ids);
-
     std::filesystem::path program_folder_;
     Clock clock_;
     std::unique_ptr<Database> database_;

@@ -157,17 +157,8 @@ void Recordset::MoveNext() {
     position_ = std::min(position_ + 1, std::ssize(rows_));
 }
 
-void Recordset::MovePrevious() {
-    current_deleted_ = false;
-    position_ = std::max(position_ - 1, std::ptrdiff_t{-1});
-}
-
 bool Recordset::Eof() const {
     return position_ >= std::ssize(rows_);
-}
-
-bool Recordset::Bof() const {
-    return position_ < 0 || rows_.empty();
 }
 
 void Recordset::FindFirst(std::string_view criterion) {

@@ -51,10 +51,8 @@ public:
     void MoveFirst();
     void MoveLast();
     void MoveNext();
-    void MovePrevious();
-    // Past the last row, before the first one. (EOF itself is a macro of the C library.)
+    // Past the last row. (EOF itself is a macro of the C library.)
     bool Eof() const;
-    bool Bof() const;
     std::size_t RecordCount() const { return rows_.size(); }
 
     // Moves to the first row that satisfies the criterion (see core/criterion.h); when none does, the

@@ -1,6 +1,9 @@
 #include "engine/first_payment.h"
 
+#include <cmath>
+
 #include "core/numbers.h"
+#include "core/plan.h"
 #include "engine/accrual.h"
 
 namespace kelvar {
@@ -19,6 +22,12 @@ double value_at_first_payment(double present_value, double rate, double fee, Dat
         return round_to_cents(present_value);
     }
     return Accrual(rate, fee).grown_less_fee(present_value, days_between(today, first.date));
+}
+
+double get_startvalue(double present_value, double rate, int days) {
+    const double fee = days * (plan::lump_sum_fee / plan::days_per_year);
+    const double growth = std::pow(1.0 + rate * 0.01 / plan::days_per_year, days);
+    return round_to_cents(growth * present_value - fee);
 }
 
 }  // namespace kelvar

@@ -1,4 +1,5 @@
-// The date of the first payment, and what the account is worth on it. Growth and fee from today on.
+// The date of the first payment, and what the account is worth on it, also where a lump sum is all.
+// Growth and fee from today on.
 #pragma once
 
 #include "core/dates.h"
@@ -17,5 +18,10 @@ FirstPayment first_payment(Date today, int month, int year);
 // for rounding to cents, when payments start this month.
 double value_at_first_payment(double present_value, double rate, double fee, Date today,
                               const FirstPayment& first);
+
+// Value of the account (dollars) when a lump sum is paid after `days` days (0 or more) at `rate`
+// percent per year, less a prorated fee; rounded to cents. The fee of this projection is 50 dollars a
+// year, whatever yearly fee the screen shows.
+double get_startvalue(double present_value, double rate, int days);
 
 }  // namespace kelvar

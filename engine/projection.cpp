@@ -1,7 +1,5 @@
 #include "engine/projection.h"
 
-#include "engine/lump_sum.h"
-
 namespace kelvar {
 
 namespace {

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "input/rules/commencement.h"
-#include "input/rules/offered.h"
+#include "input/rules/first_payment.h"
 #include "widgets/controls.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"

@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "input/first_payment_lists.h"
 #include "input/limit_line.h"
+#include "input/rules/account_value.h"
 #include "input/rules/limits.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/typed_numbers.h"
@@ -69,8 +70,8 @@ void frmdist1::build_value() {
     row->addStretch(1);
     content()->addWidget(framvalue);
     connect(txtcurvalue, &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (!can_become_amount(to_utf8(text))) {
-            chk_curvalue();
+        if (const Check check = check_typing(to_utf8(text))) {
+            chk_curvalue(*check);
         }
     });
     on_leave(txtcurvalue, [this](Leaving) { value_left(); });
@@ -124,13 +125,13 @@ void frmdist1::take_birth(const BirthCheck& check) {
     first_payment_->follow_birth(scenario.birth_date);
 }
 
-void frmdist1::chk_curvalue() {
+void frmdist1::chk_curvalue(const Refusal& refusal) {
     if (error_shown()) {
         return;
     }
     txtcurvalue->clear();
     scenario.present_value = 0.0;
-    err_box("Invalid present value of the account", txtcurvalue);
+    err_box(refusal.text, txtcurvalue);
 }
 
 void frmdist1::value_left() {

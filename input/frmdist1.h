@@ -31,7 +31,7 @@ private:
 
     bool chk_birth();
     void take_birth(const BirthCheck& check);
-    void chk_curvalue();
+    void chk_curvalue(const Refusal& refusal);
     void value_left();
 
     void err_box(std::string_view text, QWidget* field) { report_once(text, field); }

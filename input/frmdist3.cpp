@@ -11,7 +11,6 @@
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
 #include "input/limited_box.h"
-#include "input/rules/joint_life.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/spouse.h"

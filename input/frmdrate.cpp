@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "input/rules/first_payment.h"
-#include "input/rules/rates.h"
 #include "shell/notes/portfolios.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -133,13 +132,20 @@ void frmdrate::activate() {
     lblstep->setText(scenario.method == lump_sum ? u"Step 3 of 3"_s : u"Step 4 of 4"_s);
 }
 
+RateTicks frmdrate::ticks() const {
+    RateTicks ticked{};
+    std::ranges::transform(chkrate, ticked.begin(),
+                           [](const QCheckBox* box) { return box->isChecked(); });
+    return ticked;
+}
+
 bool frmdrate::chk_rate() {
     clear_error();
-    if (std::ranges::any_of(chkrate, [](const QCheckBox* box) { return box->isChecked(); })) {
-        return true;
+    const Check check = check_rates(ticks());
+    if (check) {
+        refuse(check->text, check->field);
     }
-    report_once("Select one or more annual rate of return.", chkrate[0]);
-    return false;
+    return !check;
 }
 
 // The day can have changed since the month was chosen; then it leads back there. The months after an
@@ -157,10 +163,7 @@ bool frmdrate::chk_month() {
 }
 
 void frmdrate::pick_one() {
-    RateTicks ticks{};
-    std::ranges::transform(chkrate, ticks.begin(),
-                           [](const QCheckBox* box) { return box->isChecked(); });
-    scenario.selected_rates = rate_list(module.database().rate(), ticks);
+    scenario.selected_rates = rate_list(module.database().rate(), ticks());
     switch (scenario.method) {
         case lump_sum:
             module.screens.show(ScreenId::frmlump);

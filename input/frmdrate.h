@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "input/rules/refusal.h"
+#include "input/rules/rates.h"
 #include "shell/screen.h"
 
 class QCheckBox;
@@ -28,6 +28,7 @@ private:
     void build_rates(QBoxLayout* column);
     void build_portfolios(QBoxLayout* column);
     void rate_ticked(int index);
+    RateTicks ticks() const;
     bool chk_rate();
     bool chk_month();
     void pick_one();

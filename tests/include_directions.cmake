@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 get_filename_component(root ${root} ABSOLUTE)
 set(folders core engine input/rules widgets shell shell/notes input output/report output/chart
-            output/result output)
+            output/result)
 set(may_include_core)
 set(may_include_engine core)
 set(may_include_input/rules core)
@@ -14,7 +14,6 @@ set(may_include_input core input/rules widgets shell shell/notes)
 set(may_include_output/report core widgets)
 set(may_include_output/chart core engine widgets shell output/report)
 set(may_include_output/result core engine widgets shell output/report)
-set(may_include_output core widgets shell)
 set(without_qt core engine input/rules)
 
 set(broken 0)

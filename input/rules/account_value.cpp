@@ -5,6 +5,13 @@
 
 namespace kelvar {
 
+Check check_typing(std::string_view text) {
+    if (can_become_amount(text)) {
+        return std::nullopt;
+    }
+    return Refusal{"Invalid present value of the account", "txtcurvalue"};
+}
+
 Check check_account_value(std::string_view text) {
     if (round_to_cents(get_num(text).value_or(0.0)) != 0.0) {
         return std::nullopt;

@@ -7,6 +7,9 @@
 
 namespace kelvar {
 
+// While it is typed: refuses what can become no amount. The text differs by its missing full stop.
+Check check_typing(std::string_view text);
+
 // Refuses what is no amount and what is 0 when rounded to cents. The sign does not count.
 Check check_account_value(std::string_view text);
 

@@ -6,7 +6,6 @@
 #include "core/plan.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/first_payment.h"
-#include "input/rules/offered.h"
 
 namespace kelvar {
 

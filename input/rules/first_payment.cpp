@@ -3,7 +3,6 @@
 #include "core/ages.h"
 #include "core/plan.h"
 #include "input/rules/birth_date.h"
-#include "input/rules/offered.h"
 
 namespace kelvar {
 

@@ -1,6 +1,8 @@
 // The month and year of the first payment: what is offered, and whether it is still to come.
 #pragma once
 
+#include <algorithm>
+#include <numeric>
 #include <string_view>
 #include <vector>
 
@@ -30,5 +32,16 @@ Check check_month_to_come(int month, int year, Date today);
 // is a first payment month that has passed, and any month when the clock was set back: ages and months
 // on offer were those of a later day.
 Check check_first_payment(const Scenario& scenario, Date today);
+
+// The whole numbers from the first to the last, both included; none when the last comes before it.
+inline std::vector<int> all_from(int first, int last) {
+    std::vector<int> all(static_cast<std::size_t>(std::max(0, last - first + 1)));
+    std::iota(all.begin(), all.end(), first);
+    return all;
+}
+
+inline bool is_offered(const std::vector<int>& offered, int chosen) {
+    return std::ranges::find(offered, chosen) != offered.end();
+}
 
 }  // namespace kelvar

@@ -72,7 +72,7 @@ Check chk_fld(const LengthEntry& entry, Scenario& scenario, Database& database, 
             return chk_life(entry.joint ? by_joint_life_expectancy : by_life_expectancy, scenario,
                             database, today);
         default:
-            return Refusal{"Invalid mumber of payments.", "optlength_0"};
+            return Refusal{invalid_number, "optlength_0"};
     }
 }
 

@@ -13,7 +13,7 @@ namespace kelvar {
 Check take_number(Scenario& scenario, std::string_view text) {
     const double number = std::round(read_unsigned(text).value_or(0.0));
     if (number < 1.0) {
-        return Refusal{"Invalid mumber of payments.", "txtnumber"};
+        return Refusal{invalid_number, "txtnumber"};
     }
     constexpr double most = std::numeric_limits<std::int16_t>::max();
     scenario.number_of_payments = static_cast<std::int16_t>(std::min(number, most));

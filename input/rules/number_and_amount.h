@@ -8,6 +8,8 @@
 
 namespace kelvar {
 
+inline constexpr std::string_view invalid_number = "Invalid mumber of payments.";
+
 // Each stores what is typed, unless it is refused: a whole number of payments from 1 on, kept up to
 // 32767; an amount of at least a cent, cut to the present value.
 Check take_number(Scenario& scenario, std::string_view text);

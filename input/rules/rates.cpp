@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "core/numbers.h"
 
 namespace kelvar {
@@ -24,6 +26,13 @@ RateCaptions rate_captions(Recordset& rates) {
         }
     }
     return captions;
+}
+
+Check check_rates(const RateTicks& ticks) {
+    if (std::ranges::find(ticks, true) != ticks.end()) {
+        return std::nullopt;
+    }
+    return Refusal{"Select one or more annual rate of return.", "chkrate_0"};
 }
 
 std::vector<double> rate_list(Recordset& rates, const RateTicks& ticks) {

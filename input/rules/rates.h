@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/records.h"
+#include "input/rules/refusal.h"
 
 namespace kelvar {
 
@@ -16,6 +17,9 @@ using RateTicks = std::array<bool, 5>;
 // for "all" and for a rate without a row.
 using RateCaptions = std::array<std::string, 5>;
 RateCaptions rate_captions(Recordset& rates);
+
+// Refuses that none is ticked.
+Check check_rates(const RateTicks& ticks);
 
 // The ticked rates in percent per year, by ascending identifier. A rate without a row is left out.
 std::vector<double> rate_list(Recordset& rates, const RateTicks& ticks);

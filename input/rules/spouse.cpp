@@ -26,6 +26,15 @@ Check check_ages(int age, int participant_age) {
 
 }  // namespace
 
+Check check_joint_life(Date birth, Date today) {
+    if (currentage(birth, today) <= plan::oldest_for_joint_life) {
+        return std::nullopt;
+    }
+    return Refusal{
+        "Join Life Expectancy is not available when either you or your spouse is older than 90 years!",
+        "oplifeexp_0"};
+}
+
 SpouseCheck check_spouse(std::string_view mask_text, int participant_age, Date today) {
     const auto birth = read_masked_date(mask_text);
     const int years = birth ? year_of(today) - year_of(*birth) : 0;

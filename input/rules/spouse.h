@@ -1,4 +1,4 @@
-// The spouse with whom joint life can be chosen.
+// Whether joint life can be chosen at all, and with which spouse.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,9 @@ namespace kelvar {
 
 // What is said where the spouse's date of birth is missing, or cannot be looked up.
 inline constexpr std::string_view enter_spouse = "Please enter the birthdate of your spouse.";
+
+// Joint life is offered up to age 90 at the nearest birthday.
+Check check_joint_life(Date birth, Date today);
 
 struct SpouseCheck {
     std::optional<Date> birth_date{};  // when the box holds an acceptable date

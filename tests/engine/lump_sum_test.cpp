@@ -1,4 +1,4 @@
-#include "engine/lump_sum.h"
+#include "engine/first_payment.h"
 
 #include <gtest/gtest.h>
 

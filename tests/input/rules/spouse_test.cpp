@@ -49,5 +49,13 @@ TEST(Spouse, IsOf35AndMoreThanTenYearsYounger) {
     }
 }
 
+TEST(Spouse, IsAskedForUpToAge90AtTheNearestBirthday) {
+    EXPECT_EQ(told(check_joint_life(1936y / 1 / 1, today)), accepted) << "90 and a half";
+    EXPECT_EQ(told(check_joint_life(1935y / 12 / 31, today)),
+              "Join Life Expectancy is not available when either you or your spouse is older than 90 "
+              "years! [oplifeexp_0]")
+        << "a month more";
+}
+
 }  // namespace
 }  // namespace kelvar::test

@@ -1,4 +1,4 @@
-#include "output/frmlife.h"
+#include "shell/notes/frmlife.h"
 
 #include "core/numbers.h"
 #include "widgets/grid.h"
