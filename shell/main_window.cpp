@@ -14,6 +14,7 @@
 #include "widgets/accessible_button.h"
 #include "widgets/accessible_scroll_area.h"
 #include "widgets/message_dialog.h"
+#include "widgets/screen_room.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
@@ -23,7 +24,6 @@ namespace kelvar {
 namespace {
 
 constexpr double twips_per_pixel = 10.0;
-constexpr QSize usual_frame(4, 40);  // around a window, with its title; not known before it is shown
 
 int pixels(int twips) {
     return static_cast<int>(std::lround(twips / twips_per_pixel));
@@ -38,6 +38,7 @@ MainWindow::MainWindow() : stack_(new QStackedWidget), blank_(new QWidget) {
     setCentralWidget(stack_);
     make_buttons_accessible();
     make_scroll_areas_accessible();
+    new ScreenRoom(this);
 }
 
 MainWindow::~MainWindow() = default;
@@ -63,9 +64,7 @@ void MainWindow::load(Module1& module) {
 
 // Never smaller than the standard size, unless the display itself is: then the contents scroll.
 void MainWindow::fit_to_display() {
-    const QSize frame = frameGeometry().size() - geometry().size();
-    const QSize room = screen()->availableGeometry().size() - frame.expandedTo(usual_frame);
-    stack_->setMinimumSize(standard_.boundedTo(room));
+    stack_->setMinimumSize(standard_.boundedTo(room_on_screen(*this)));
 }
 
 // Where notes that open at the pointer reckon from.

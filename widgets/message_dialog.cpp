@@ -1,10 +1,10 @@
 #include "widgets/message_dialog.h"
 
 #include <QApplication>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "widgets/controls.h"
 #include "widgets/theme.h"
@@ -29,18 +29,20 @@ MessageDialog::MessageDialog(Kind kind, const QString& text, QWidget* parent) : 
     lblmsg->setMinimumWidth(fontMetrics().averageCharWidth() * 46);
     lblmsg->setAccessibleName(text);
 
-    auto* layout = new QGridLayout(this);
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(3 * theme::grid, 3 * theme::grid, 3 * theme::grid, 2 * theme::grid);
-    layout->setHorizontalSpacing(2 * theme::grid);
-    layout->setVerticalSpacing(3 * theme::grid);
-    layout->setColumnStretch(1, 1);
+    layout->setSpacing(3 * theme::grid);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(sign, 0, 0, Qt::AlignTop);
-    layout->addWidget(lblmsg, 0, 1);
+    auto* said = new QHBoxLayout;
+    said->setSpacing(2 * theme::grid);
+    said->addWidget(sign, 0, Qt::AlignTop);
+    said->addWidget(lblmsg, 1);
+    layout->addLayout(said);
 
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::grid);
     buttons->addStretch(1);
-    layout->addLayout(buttons, 1, 0, 1, 2);
+    layout->addLayout(buttons);
     if (question) {
         auto* cmdyes = control::button(u"&YES"_s, "cmdyes");
         auto* cmdNo = control::button(u"&NO"_s, "cmdNo");

@@ -1,7 +1,12 @@
 #include "widgets/scrolled_page.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QLayout>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,9 +18,31 @@ ScrolledPage::ScrolledPage() {
 
 bool ScrolledPage::event(QEvent* event) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
-        setMinimumHeight(layout()->minimumHeightForWidth(width()));
+        setMinimumHeight(std::max(0, layout()->minimumHeightForWidth(width())));
     }
     return QWidget::event(event);
+}
+
+void ScrolledView::say_when_more_is_below() {
+    if (more_below_ != nullptr) {
+        return;
+    }
+    more_below_ = new QLabel(this);
+    more_below_->setObjectName(u"lblmorebelow"_s);
+    more_below_->setPixmap(theme::picture(u"down"_s, 2 * theme::grid));
+    more_below_->setAccessibleName(u"More below"_s);
+    more_below_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    more_below_->setAlignment(Qt::AlignCenter);
+    more_below_->setFixedSize(5 * theme::grid / 2, 5 * theme::grid / 2);
+    more_below_->hide();
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { show_more_below(); });
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { show_more_below(); });
+}
+
+void ScrolledView::show_more_below() {
+    more_below_->move(viewport()->width() - more_below_->width() - 2,  // in the margin, if there is one
+                      viewport()->height() - more_below_->height() - 2);
+    more_below_->setVisible(verticalScrollBar()->value() < verticalScrollBar()->maximum());
 }
 
 }  // namespace kelvar

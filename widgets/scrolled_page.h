@@ -4,6 +4,8 @@
 #include <QScrollArea>
 #include <QWidget>
 
+class QLabel;
+
 namespace kelvar {
 
 // What scrolls in a scroll area. It is as high as its wrapped texts need at its width; left to itself
@@ -18,13 +20,22 @@ protected:
     bool event(QEvent* event) override;
 };
 
-// Leaves it to its screen to keep the focus in view: the toolkit takes the current row of a table for
-// the place of the focus, also when it is out of the table's own sight.
+// Leaves it to its screen to keep the focus in view: the toolkit takes
+// the current row of a table for the place of the focus, also when it is out of the table's own sight.
 class ScrolledView : public QScrollArea {
     Q_OBJECT
 
+public:
+    // For running text: a sign at the lower edge while there is more of it below.
+    void say_when_more_is_below();
+
 protected:
     bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+
+private:
+    void show_more_below();
+
+    QLabel* more_below_ = nullptr;
 };
 
 }  // namespace kelvar

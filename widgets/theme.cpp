@@ -97,6 +97,7 @@ QString style_sheet(const QFont& font) {
         QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
         QLabel[role="value"] { font-weight: 600; }
         QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QLabel#lblmorebelow { background: %12; border: 1px solid %4; border-radius: 10px; }
         QMenu { border: 1px solid %4; }
         QToolButton::menu-indicator { image: none; }
         QComboBox { combobox-popup: 0; }

@@ -26,7 +26,11 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     offer(u"Print with &Options..."_s, Destination::print_dialog);
     offer(u"Pre&view..."_s, Destination::preview);
     offer(u"&Save as PDF..."_s, Destination::pdf_file);
-    cmdprintmenu = control::picture(u"down"_s, u"Print or save as PDF"_s, "cmdprintmenu");
+    cmdprintmenu = control::picture(u"down"_s, u"More: print or save as PDF"_s, "cmdprintmenu");
+    if (!theme::large_text()) {
+        cmdprintmenu->setText(u"More"_s);
+        cmdprintmenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    }
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
     QWidget* row = navigation->parentWidget();
@@ -48,7 +52,8 @@ void PrintButtons::offer_csv() {
         say({});
         emit csv_chosen();
     });
-    cmdprintmenu->setAccessibleName(u"Print or save as PDF or CSV"_s);
+    cmdprintmenu->setAccessibleName(u"More: print or save as PDF or CSV"_s);
+    cmdprintmenu->setToolTip(cmdprintmenu->accessibleName());
 }
 
 void PrintButtons::offer(const QString& text, Destination destination) {

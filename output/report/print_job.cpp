@@ -10,6 +10,8 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QRadioButton>
+#include <QScreen>
+#include <QToolBar>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -111,10 +113,17 @@ bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
             QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
         }
     });
+    // As large as it may be, at the width of a page, and the button that prints first, where a narrow
+    // window shows it.
+    dialog.resize(window->screen()->size());
+    auto* tools = dialog.findChild<QToolBar*>();
     for (QAction* action : dialog.findChildren<QAction*>()) {
-        if (action->text() == u"Print") {
+        if (action->text() == u"Fit width") {
+            action->trigger();
+        } else if (action->text() == u"Print") {
             QObject::disconnect(action, &QAction::triggered, &dialog, nullptr);
             QObject::connect(action, &QAction::triggered, &dialog, &QDialog::accept);
+            tools->insertAction(tools->actions().constFirst(), action);
         }
     }
     const bool wants_print = dialog.exec() == QDialog::Accepted;

@@ -12,9 +12,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "core/numbers.h"
 #include "widgets/message_dialog.h"
@@ -178,6 +180,14 @@ void UiTest::choose(const char* list, const QString& entry) {
     ASSERT_GE(index, 0) << list << " does not offer " << entry.toStdString();
     box->setCurrentIndex(index);
     emit box->activated(index);  // as by a user, also where the entry was chosen already
+    settle();
+}
+
+void UiTest::go_to_small_display() {
+    QScreen* small = QGuiApplication::screens().at(1);
+    window->windowHandle()->setScreen(small);
+    settle();
+    window->resize(small->size() - QSize(10, 40));
     settle();
 }
 

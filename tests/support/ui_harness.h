@@ -44,6 +44,8 @@ public:
     // Texts of the messages and questions shown since the last call.
     std::vector<std::string> take_messages();
 
+    // To a display of 683 by 384, which is 1366 by 768 at twice the size.
+    void go_to_small_display();
     // From the title screen to the menu, the participant screen, the method screen, and so on; without
     // the moment that the title's Next takes.
     void go_to_menu();

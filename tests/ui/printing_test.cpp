@@ -20,9 +20,16 @@
 #include <QLineEdit>
 #include <QPageRanges>
 #include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QThread>
+#include <QToolBar>
+#include <QToolButton>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -324,6 +331,55 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 3);
     EXPECT_TRUE(take_messages().empty());
+}
+
+// Whatever the size of the texts: no dialog is larger than the display, and what ends it is in sight.
+TEST_F(Printing, DialogsFitASmallDisplay) {
+    go_to_small_display();
+    const QSize room = QGuiApplication::screens().at(1)->availableSize();
+    const QStringList ends{u"OK"_s, u"NO"_s, u"Cancel"_s};
+    QStringList seen;
+    look_at_dialog = [&](QDialog& dialog) {
+        seen << dialog.objectName();
+        EXPECT_EQ(dialog.size().boundedTo(room), dialog.size()) << seen.last().toStdString();
+        for (const auto* button : dialog.findChildren<QPushButton*>()) {
+            EXPECT_TRUE(!ends.contains(button->text().remove(u'&')) ||
+                        button->visibleRegion().boundingRect() == button->rect())
+                << seen.last().toStdString();
+        }
+        if (auto* pages = dialog.findChild<QPrintPreviewWidget*>()) {
+            EXPECT_EQ(pages->zoomMode(), QPrintPreviewWidget::FitToWidth);
+            EXPECT_GT(dialog.width(), room.width() * 9 / 10);
+            const auto* tools = dialog.findChild<QToolBar*>();
+            EXPECT_EQ(tools->actions().constFirst()->text(), u"Print"_s);
+        }
+    };
+    save_as.clear();
+    std::string long_text;
+    for (int line = 0; line < 30; ++line) {
+        long_text += "The report template is missing.\n";
+    }
+    go_to_participant();
+    module->report(long_text);
+    module->ask(long_text);
+    window->show(ScreenId::frmPortfolios);
+    QPrinter printer;
+    QPrintDialog options(&printer, window);
+    for (auto* button : options.findChildren<QPushButton*>()) {
+        if (button->text() == u"&Options >>"_s) {
+            button->click();
+        }
+    }
+    options.exec();
+    go_to_partial_result();
+    for (const QString& entry : {u"&Save as PDF..."_s, u"Pre&view..."_s}) {
+        menu_entry = entry;
+        click("cmdprintmenu");
+    }
+    EXPECT_EQ(seen.join(u' ').toStdString(),
+              "frmmsg frmmsg1 frmPortfolios  frmclaim savepdf printpreview");
+    EXPECT_EQ(find<QToolButton>("cmdprintmenu")->text(), u"More"_s);
+    EXPECT_TRUE(find<QToolButton>("cmdprintmenu")->accessibleName().startsWith(u"More"_s));
 }
 
 // Pages that take long are shown to do so; Escape cancels.
