@@ -3,6 +3,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QToolButton>
+#include <algorithm>
+#include <vector>
 
 #include "widgets/controls.h"
 #include "widgets/theme.h"
@@ -13,7 +15,8 @@ namespace kelvar {
 
 NavigationRow::NavigationRow(const ScreenLayout& layout) : row_(new QHBoxLayout(this)) {
     setObjectName(u"navigation"_s);
-    row_->setContentsMargins(3 * theme::grid, theme::grid, 3 * theme::grid, theme::grid);
+    const int side = theme::side_margin();
+    row_->setContentsMargins(side, theme::grid, side, theme::grid);
     row_->setSpacing(theme::grid);
     if (layout.is_note()) {
         row_->addStretch(1);
@@ -49,6 +52,27 @@ QToolButton* NavigationRow::add_picture(const QString& icon, const QString& acce
     QToolButton* picture = control::picture(icon, accessible_name, name);
     row_->addWidget(picture);
     return picture;
+}
+
+void NavigationRow::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    int needed = 2 * theme::side_margin();
+    std::vector<QToolButton*> pictures;
+    for (int place = 0; place < row_->count(); ++place) {
+        QWidget* control = row_->itemAt(place)->widget();
+        auto* picture = qobject_cast<QToolButton*>(control);
+        if (picture != nullptr && picture->menu() == nullptr) {
+            pictures.push_back(picture);
+        }
+        if (control != nullptr) {
+            needed +=
+                std::max(control->minimumWidth(), picture != nullptr ? picture->sizeHint().width() : 0);
+        }
+        needed += theme::grid;
+    }
+    for (QToolButton* picture : pictures) {
+        picture->setVisible(needed <= width());
+    }
 }
 
 }  // namespace kelvar

@@ -30,6 +30,10 @@ public:
     QToolButton* picnext = nullptr;
     QPushButton* cmdclose = nullptr;
 
+protected:
+    // Where there is no room for all, pictures that say the same as a button give way to the captions.
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QPushButton* add_button(const QString& text, const char* name);
     QToolButton* add_picture(const QString& icon, const QString& accessible_name, const char* name);

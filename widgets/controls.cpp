@@ -39,6 +39,10 @@ QPushButton* button(const QString& text, const char* name) {
     auto* button = new QPushButton(text);
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(true);
+    if (theme::large_text()) {  // the style's least width leaves no room for longer captions beside it
+        button->setMinimumWidth(button->fontMetrics().size(Qt::TextShowMnemonic, text).width() +
+                                2 * theme::grid);
+    }
     return button;
 }
 

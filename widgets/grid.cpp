@@ -9,9 +9,9 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 #include <algorithm>
-#include <numeric>
 
 #include "widgets/table_roles.h"
 #include "widgets/table_text.h"
@@ -45,7 +45,7 @@ protected:
 };
 
 // Width of the longest text among the first rows, where every month occurs, and some spread over the
-// column; one more digit for those not looked at.
+// column; one more digit for amounts not looked at.
 int contents_width(const QTableView& grid, int column, const QFont& font) {
     constexpr int looked_at = 24;
     const QAbstractItemModel& model = *grid.model();
@@ -62,20 +62,40 @@ int contents_width(const QTableView& grid, int column, const QFont& font) {
         longest = text.size() > longest.size() ? text : longest;
         changed = changed || cell.data(changed_role).toBool();
     }
-    if (step > 1) {
+    if (step > 1 && longest.contains(u'.')) {
         longest += u'0';
     }
     return QFontMetrics(changed ? bold(font) : font).horizontalAdvance(longest) + 1;
 }
 
-// A heading wraps at its blanks, so its longest word decides.
-int heading_width(const QString& heading, const QFontMetrics& metrics) {
+// A heading wraps at its blanks, so its longest word decides, or its longest beginning.
+int heading_width(const QString& heading, const QFontMetrics& metrics, qsizetype letters) {
     int widest = 0;
-    for (const QString& word : heading.split(QLatin1Char(' '))) {
-        widest = std::max(widest, metrics.horizontalAdvance(word));
+    for (const QString& word : heading.split(u' ')) {
+        const QString beginning = word.left(letters) + u'\u2026';
+        const int whole = metrics.horizontalAdvance(word);
+        widest = std::max(widest, std::min(whole, metrics.horizontalAdvance(beginning)));
     }
     return widest;
 }
+
+// Shortens words that are wider than their column. The model has them whole, for the pointer and for
+// screen readers.
+class Header : public QHeaderView {
+public:
+    Header() : QHeaderView(Qt::Horizontal) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
+        QHeaderView::initStyleOptionForIndex(option, column);
+        QStringList words = option->text.split(u' ');
+        for (QString& word : words) {
+            word = QFontMetrics(bold(font()))
+                       .elidedText(word, Qt::ElideRight, sectionSize(column) - theme::grid);
+        }
+        option->text = words.join(u' ');
+    }
+};
 
 }  // namespace
 
@@ -94,10 +114,8 @@ Grid::Grid(const char* name, const QString& accessible_name) {
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(row_height());
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setFixedHeight(2 * fontMetrics().height() + 2 * theme::grid);
-    setMinimumHeight(horizontalHeader()->height() + 4 * row_height());
+    setHorizontalHeader(new Header);
+    horizontalHeader()->setMinimumSectionSize(1);
 }
 
 void Grid::setModel(QAbstractItemModel* model) {
@@ -137,6 +155,10 @@ void Grid::show_all_rows() {
     fit_height();
 }
 
+void Grid::show_at_least(int rows) {
+    least_rows_ = rows;
+}
+
 // Headings take the lines that they need, at least two, so that tables look alike.
 void Grid::fit_height() {
     const QFontMetrics metrics(bold(font()));
@@ -148,13 +170,12 @@ void Grid::fit_height() {
         lines = std::max(lines, metrics.boundingRect(room, Qt::TextWordWrap, heading).height());
     }
     horizontalHeader()->setFixedHeight(lines + 2 * theme::grid);
-    if (!shows_all_rows_) {
-        return;
-    }
-    const int rows = std::max(1, model()->rowCount());
+    const int rows = shows_all_rows_ ? std::max(1, model()->rowCount()) : least_rows_;
     const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
-    setFixedHeight(horizontalHeader()->height() + rows * row_height() + 2 * frameWidth() +
-                   (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
+    const int height = horizontalHeader()->height() + rows * row_height() + 2 * frameWidth() +
+                       (scrolls ? horizontalScrollBar()->sizeHint().height() : 0);
+    setMinimumHeight(height);
+    setMaximumHeight(shows_all_rows_ ? height : QWIDGETSIZE_MAX);
 }
 
 // Whole rows are chosen, so the ends of a row are no place to go to.
@@ -257,12 +278,15 @@ void Grid::copy() const {
 }
 
 void Grid::measure_columns() {
+    constexpr qsizetype all = 100;
+    constexpr qsizetype least = 2;  // letters of a word
     const QFontMetrics heading_metrics(bold(font()));
-    needed_widths_.clear();
+    widths_.clear();
     for (int column = 0; column < model()->columnCount(); ++column) {
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
-        needed_widths_.push_back(
-            std::max(heading_width(heading, heading_metrics), contents_width(*this, column, font())));
+        const int contents = contents_width(*this, column, font());
+        widths_.push_back({std::max(heading_width(heading, heading_metrics, all), contents),
+                           std::max(heading_width(heading, heading_metrics, least), contents)});
     }
     spread_columns();
     fit_height();
@@ -270,21 +294,28 @@ void Grid::measure_columns() {
 }
 
 // Shares out the room that is left. Where there is none, the columns move closer; where that does not
-// do, the grid scrolls sideways.
+// do, headings are shortened, as few as will do, and only then the grid scrolls sideways.
 void Grid::spread_columns() {
-    if (needed_widths_.empty()) {
+    if (widths_.empty()) {
         return;
     }
-    const int texts = std::accumulate(needed_widths_.begin(), needed_widths_.end(), 0);
-    const int columns = static_cast<int>(needed_widths_.size());
-    const int room = viewport()->width();
+    int texts = 0;
+    for (const ColumnWidth& width : widths_) {
+        texts += width.whole;
+    }
+    const int columns = static_cast<int>(widths_.size());
     const int usual_padding = 2 * theme::grid;
-    move_closer(texts + columns * usual_padding > room);
+    move_closer(texts + columns * usual_padding > viewport()->width());
     const int padding = close_ ? theme::grid : usual_padding;
-    const int spare = std::max(0, room - texts - columns * padding);
+    const int room = viewport()->width() - columns * padding;
+    const int spare = std::max(0, room - texts);
+    int missing = std::max(0, texts - room);
     for (int column = 0; column < columns; ++column) {
+        const auto [whole, least] = widths_[static_cast<std::size_t>(column)];
+        const int less = std::min(missing, whole - least);
+        missing -= less;
         const int share = spare * (column + 1) / columns - spare * column / columns;
-        setColumnWidth(column, needed_widths_[static_cast<std::size_t>(column)] + padding + share);
+        setColumnWidth(column, whole - less + padding + share);
     }
 }
 

@@ -1,8 +1,8 @@
 // A read-only table of records: header that stays, alternating rows, columns wide enough for their
-// contents, groups of rows parted by a fine line, changed cells marked (see table_roles.h). Arrow keys
-// move inside, Home and End go to the first and last row, Tab leaves it. Typing goes to the first row
-// whose entry in the search column begins so. Rows are chosen as in other lists and copied with their
-// headings, for spreadsheets and for mail.
+// contents, headings shortened where else it would scroll sideways, groups of rows parted by a fine
+// line, changed cells marked (see table_roles.h). Arrow keys move inside, Home and End go to the first
+// and last row, Tab leaves it. Typing goes to the first row whose entry in the search column begins so.
+// Rows are chosen as in other lists and copied with their headings, for spreadsheets and for mail.
 #pragma once
 
 #include <QElapsedTimer>
@@ -24,6 +24,8 @@ public:
     void join_cells(int row, int first_column);
     // Takes the height of all rows, for a table that is short.
     void show_all_rows();
+    // Is never so low that fewer rows are to be seen; at first 4.
+    void show_at_least(int rows);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -43,8 +45,14 @@ private:
     QList<int> rows_to_copy() const;
     void copy() const;
 
-    std::vector<int> needed_widths_;  // without what stands left and right of the texts
-    bool close_ = false;              // the columns
+    struct ColumnWidth {
+        int whole;  // of the cells and the longest word of the heading
+        int least;  // of the cells and the beginnings of its words
+    };
+
+    std::vector<ColumnWidth> widths_;  // without what stands left and right of the texts
+    bool close_ = false;               // the columns
+    int least_rows_ = 4;
     bool shows_all_rows_ = false;
     int search_column_ = 0;
     QString sought_;  // what was typed so far

@@ -23,12 +23,26 @@ namespace kelvar {
 
 namespace {
 
+// What is paid in all stands beside the rate where large text leaves no room for every column.
+template <class Part>
+std::vector<Part> in_order(std::vector<Part> row) {
+    if (theme::large_text()) {
+        std::rotate(row.begin() + 1, row.end() - 1, row.end());
+    }
+    return row;
+}
+
 std::vector<TextTableModel::Column> columns() {
-    return {{u"Rate"_s},         {u"Value at First Payment"_s},
-            {u"First Amount"_s}, {u"Amount in Last Full Year"_s},
-            {u"Number"_s},       {u"Last Payment"_s},
-            {u"Age"_s},          {u"Earnings"_s},
-            {u"Fees"_s},         {u"Total Paid"_s}};
+    return in_order<TextTableModel::Column>({{u"Rate"_s},
+                                             {u"Value at First Payment"_s},
+                                             {u"First Amount"_s},
+                                             {u"Amount in Last Full Year"_s},
+                                             {u"Number"_s},
+                                             {u"Last Payment"_s},
+                                             {u"Age"_s},
+                                             {u"Earnings"_s},
+                                             {u"Fees"_s},
+                                             {u"Total Paid"_s}});
 }
 
 bool is_complete(const ComparedRate& rate) {
@@ -95,7 +109,8 @@ void frmcompare::load() {
 void frmcompare::show_rates() {
     std::vector<std::vector<TextTableModel::Cell>> rows;
     for (const ComparedRate& rate : comparison_.rates) {
-        rows.push_back(text_cells(rate_texts(rate), rate_texts(rate, true)));
+        const auto cells = text_cells(rate_texts(rate), rate_texts(rate, true));
+        rows.push_back(is_complete(rate) ? in_order(cells) : cells);
     }
     rows_->show_rows(std::move(rows));
     for (int row = 0; row < rows_->rowCount(); ++row) {

@@ -1,6 +1,5 @@
 #include "output/result/schedule_view.h"
 
-#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QStackedWidget>
@@ -81,10 +80,7 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     grdyear = new Grid("grdyear", u"Years of the schedule"_s);
     for (Grid* grid : {grddist, grdyear}) {
         grids_->addWidget(grid);
-        if (!theme::large_text()) {  // so that the panel below stays in sight at somewhat larger text
-            grid->setMinimumHeight(grid->minimumHeight() -
-                                   grid->verticalHeader()->defaultSectionSize());
-        }
+        grid->show_at_least(6);
     }
     column->addWidget(grids_, 1);
     column->addWidget(build_panel());

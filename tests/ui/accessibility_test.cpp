@@ -293,6 +293,32 @@ TEST_P(LargeText, IsNotClipped) {
     }
 }
 
+// Of the tables, what matters most.
+TEST_P(LargeText, ShowsRowsAndTheTotal) {
+    for (Grid* grid : visible<Grid>()) {
+        const int rows = grid->viewport()->height() / grid->rowHeight(0);
+        EXPECT_GE(rows, grid->objectName() == u"grddist" ? 6 : std::min(4, grid->model()->rowCount()));
+        if (grid->objectName() == u"grdcompare") {
+            EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal), u"Total Paid"_s);
+            EXPECT_TRUE(
+                grid->viewport()->rect().contains(grid->visualRect(grid->model()->index(0, 1))));
+        }
+    }
+}
+
+// About 3 times the usual size, for such a display.
+TEST_P(LargeText, CaptionsOfButtonsAreWholeOnASmallDisplay) {
+    go_to_small_display();
+    window->centralWidget()->setMinimumWidth(1);  // not what its pages would like
+    settle();
+    window->resize(620, 344);
+    settle();
+    for (const QPushButton* button : visible<QPushButton>()) {
+        const int caption = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        EXPECT_GE(button->width(), caption + theme::grid) << name_of(button);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, LargeText, ::testing::ValuesIn(stations()), station_name);
 
 double luminance(const QColor& color) {

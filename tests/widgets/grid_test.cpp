@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
@@ -166,6 +167,23 @@ TEST(GridMarks, PartGroupsByALineAndSayWhatChanged) {
         EXPECT_TRUE(line(5) && line(10)) << selected;
         EXPECT_FALSE(line(0) || line(4) || line(6)) << selected;
     }
+}
+
+TEST(GridHeadings, AreShortenedBeforeItScrolls) {
+    TextTableModel model({{u"Payments Remaining"_s}, {u"Year"_s}}, nullptr);
+    model.show_rows({{{u"9"_s}, {u"2026"_s}}});
+    Grid grid("grid", u"Numbers"_s);
+    grid.setModel(&model);
+    const auto columns_at = [&](int width) {
+        grid.resize(width, 300);
+        grid.grab();
+        return grid.horizontalHeader()->length();
+    };
+    const int narrow = grid.fontMetrics().horizontalAdvance(u"Remaining Year"_s);
+    EXPECT_GT(columns_at(2 * narrow), narrow);
+    EXPECT_LE(columns_at(narrow), narrow);
+    EXPECT_EQ(grid.horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(model.headerData(0, Qt::Horizontal, Qt::ToolTipRole), u"Payments Remaining"_s);
 }
 
 // Texts stay whole while the columns move closer, and only then is there something to scroll.
