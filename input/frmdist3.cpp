@@ -74,6 +74,9 @@ void frmdist3::build_life_options(QBoxLayout* column) {
     column->addWidget(life_options_);
     belongs_to(optlength[2], life_options_->single());
     belongs_to(optlength[2], life_options_->joint());
+    for (QAbstractButton* option : {optlength[2], life_options_->joint()}) {
+        belongs_to(option, mskbenebirth->parentWidget());
+    }
     connect(life_options_, &LifeOptions::chosen, this, [this] { choose_life(); });
     connect(mskbenebirth, &QLineEdit::textChanged, this, [this] { show_limits(); });
     on_leave(mskbenebirth, [this](Leaving leaving) {

@@ -45,7 +45,8 @@ void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
     auto* band = new QFrame;
     band->setObjectName(u"titleband"_s);
     auto* row = new QHBoxLayout(band);
-    row->setContentsMargins(3 * theme::grid, 2 * theme::grid, 3 * theme::grid, 2 * theme::grid);
+    const int above = theme::large_text() ? theme::grid / 2 : 2 * theme::grid;  // leaves room for rows
+    row->setContentsMargins(3 * theme::grid, above, 3 * theme::grid, above);
     lbltitle = theme::label(layout.title, theme::Role::title, "lbltitle");
     lbltitle->setWordWrap(true);
     row->addWidget(lbltitle, 1);
@@ -63,6 +64,7 @@ void Screen::build_page(QVBoxLayout* column) {
     content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
     content_->setSpacing(2 * theme::grid);
     scroll_ = new ScrolledView;
+    scroll_->setObjectName(u"page"_s);
     scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(page);
@@ -143,7 +145,9 @@ void Screen::set_first_field(QWidget* field) {
     focus_->set_last(field);
 }
 
-void Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
+QLabel* Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
+    scroll_->say_when_more_is_below();
+    QLabel* running = nullptr;
     // A maximum width of the label would do, but its height would then be reckoned for the full width.
     const int empty_share = theme::large_text() ? 0 : 1;
     for (const auto& [heading, text] : paragraphs) {
@@ -151,7 +155,7 @@ void Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
             content_->addWidget(theme::label(heading, theme::Role::section));
         }
         if (!text.isEmpty()) {
-            auto* running = theme::label(text, theme::Role::body);
+            running = theme::label(text, theme::Role::body);
             running->setWordWrap(true);
             auto* row = new QHBoxLayout;
             row->addWidget(running, 4);
@@ -159,6 +163,7 @@ void Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
             content_->addLayout(row);
         }
     }
+    return running;
 }
 
 void Screen::help_but() {
@@ -197,6 +202,7 @@ void Screen::on_leave(QWidget* field, std::function<void(Leaving)> action) {
 
 void Screen::belongs_to(QAbstractButton* option, QWidget* widget) {
     pointer_->add(option, widget);
+    connect(option, &QAbstractButton::clicked, this, [this, widget] { focus_->show_opened(widget); });
 }
 
 void Screen::words_clicked(QToolButton* picture, QPoint) {

@@ -18,7 +18,6 @@
 class QAbstractButton;
 class QLabel;
 class QPushButton;
-class QScrollArea;
 
 namespace kelvar {
 
@@ -27,6 +26,7 @@ class NavigationRow;
 class OptionPointer;
 class PictureWords;
 class PointerSlips;
+class ScrolledView;
 class ScreenKeys;
 
 // A paragraph of a note; either part may be empty.
@@ -81,10 +81,11 @@ protected:
     void on_leave(QWidget* field, std::function<void(Leaving)> action);
 
     // A click on the widget, or on anything in it, points at the option while the widget is disabled.
+    // Choosing the option scrolls the widget into view.
     void belongs_to(QAbstractButton* option, QWidget* widget);
 
-    // Adds headed running text at a line length that reads well.
-    void add_paragraphs(const std::vector<Paragraph>& paragraphs);
+    // Adds headed running text at a line length that reads well. Gives the last text.
+    QLabel* add_paragraphs(const std::vector<Paragraph>& paragraphs);
     QVBoxLayout* content() const { return content_; }
     QHBoxLayout* navigation() const;
 
@@ -116,7 +117,7 @@ private:
 
     QVBoxLayout* content_ = nullptr;
     NavigationRow* navigation_ = nullptr;
-    QScrollArea* scroll_ = nullptr;
+    ScrolledView* scroll_ = nullptr;
     std::unique_ptr<FocusMarker> focus_;
     std::unique_ptr<FieldLeaving> leaving_;
     std::unique_ptr<PictureWords> words_;

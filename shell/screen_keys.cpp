@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "widgets/entry_box.h"
 #include "widgets/field_leaving.h"
@@ -41,10 +42,10 @@ bool ScreenKeys::press(const QKeyEvent& key) {
             buttons_.escape->click();
             return true;
         case Qt::Key_PageUp:
-            page_->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepSub);
+            turn_page(-1);
             return true;
         case Qt::Key_PageDown:
-            page_->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+            turn_page(1);
             return true;
         case Qt::Key_F1:
             if (buttons_.help == nullptr) {
@@ -59,6 +60,14 @@ bool ScreenKeys::press(const QKeyEvent& key) {
         default:
             return false;
     }
+}
+
+// A row that was cut off at the edge is whole on the next page.
+void ScreenKeys::turn_page(int direction) {
+    QScrollBar* place = page_->verticalScrollBar();
+    const int page = place->pageStep();
+    const int two_rows = 2 * page_->fontMetrics().lineSpacing();
+    place->setValue(place->value() + direction * std::max(page / 2, page - two_rows));
 }
 
 void ScreenKeys::press_enter() {

@@ -32,6 +32,7 @@ public:
     bool takes(QWidget* widget, const QEvent& event);
 
 private:
+    void turn_page(int direction);
     void press_enter();
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
     bool select_by_shortcut(const QWidget& caption);

@@ -81,16 +81,21 @@ void FocusMarker::move_ring(const QWidget* moved) {
     }
 }
 
+QRect FocusMarker::place_of(const QWidget* widget) const {
+    return {widget->mapTo(page_->widget(), QPoint()), widget->size()};
+}
+
 void FocusMarker::keep_in_view(QWidget* focus) {
-    const auto place_of = [this](const QWidget* widget) {
-        return QRect(widget->mapTo(page_->widget(), QPoint()), widget->size());
-    };
     QRect place = place_of(focus);
     const auto* words = focus->property(words_property).value<QWidget*>();
     if (words != nullptr && words->isVisible()) {
         place |= place_of(words);
     }
-    // Its beginning, where it is higher than the view.
+    scroll_to(place);
+}
+
+// To its beginning, where it is higher than the view.
+void FocusMarker::scroll_to(const QRect& place) {
     page_->ensureVisible(place.right(), place.bottom(), theme::grid, theme::grid);
     page_->ensureVisible(place.left(), place.top(), theme::grid, theme::grid);
 }
@@ -98,11 +103,23 @@ void FocusMarker::keep_in_view(QWidget* focus) {
 // Controls come and go, also above the focus; later, when they have their places.
 void FocusMarker::keep_in_view_later() {
     QMetaObject::invokeMethod(
+        page_, [this] { keep_focus_in_view(); }, Qt::QueuedConnection);
+}
+
+void FocusMarker::keep_focus_in_view() {
+    QWidget* focus = QApplication::focusWidget();
+    if (focus != nullptr && page_->widget()->isAncestorOf(focus)) {
+        keep_in_view(focus);
+    }
+}
+
+void FocusMarker::show_opened(const QWidget* opened) {
+    QMetaObject::invokeMethod(
         page_,
-        [this] {
-            QWidget* focus = QApplication::focusWidget();
-            if (focus != nullptr && page_->widget()->isAncestorOf(focus)) {
-                keep_in_view(focus);
+        [this, opened] {
+            if (opened->isVisible()) {
+                scroll_to(place_of(opened));
+                keep_focus_in_view();
             }
         },
         Qt::QueuedConnection);

@@ -22,6 +22,10 @@ public:
     // Looks at an event of the application; keeps none back.
     void follow(QObject* watched, const QEvent& event);
 
+    // Scrolls what has just opened into view, once it has its place, and back to the focus where there
+    // is no room for both.
+    void show_opened(const QWidget* opened);
+
     // Where the focus last was on the page, buttons apart, because Enter would press one that it came
     // back to. Null when there was none or it is gone.
     QWidget* last() const { return last_; }
@@ -30,7 +34,10 @@ public:
 private:
     void got_focus(QWidget* control);
     void mark(QWidget* control);
+    QRect place_of(const QWidget* widget) const;
+    void scroll_to(const QRect& place);
     void keep_in_view(QWidget* focus);
+    void keep_focus_in_view();
     void keep_in_view_later();
     void move_ring(const QWidget* moved);
 

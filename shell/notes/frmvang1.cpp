@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "shell/notes/duration_table.h"
+#include "widgets/focus_marker.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -21,15 +22,17 @@ const QString how_to_read =
 frmvang1::frmvang1(Module1& module1)
     : Screen(module1, "frmvang1",
              {.title = u"How to make your distribution payments last longer"_s, .step = {}}) {
-    add_paragraphs({{{}, how_to_read}});
-    build_table();
+    QLabel* instructions = add_paragraphs({{{}, how_to_read}});
+    QWidget* table = build_table();
+    keep_in_view_with(table, instructions);
+    set_first_field(table);
     auto* pichart = control::picture(u"chart"_s, u"Life expectancy table"_s, "pichart");
     connect(pichart, &QToolButton::clicked, this, [this] { go_next(); });
     navigation()->insertWidget(1, pichart);
     content()->addStretch(1);
 }
 
-void frmvang1::build_table() {
+QWidget* frmvang1::build_table() {
     auto* table = new QTableView;
     table->setObjectName(u"grdduration"_s);
     table->setAccessibleName(u"Years that payments last"_s);
@@ -56,7 +59,7 @@ void frmvang1::build_table() {
     content()->addWidget(table);
     content()->addWidget(lblcell);
     table->setCurrentIndex(model->index(1, 1));
-    set_first_field(table);
+    return table;
 }
 
 void frmvang1::go_next() {

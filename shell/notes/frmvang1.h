@@ -16,7 +16,7 @@ protected:
     void go_previous() override;
 
 private:
-    void build_table();
+    QWidget* build_table();
 };
 
 }  // namespace kelvar

@@ -5,12 +5,15 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
 #include "shell/notes/frmPortfolios.h"
 #include "tests/support/ui_harness.h"
+#include "widgets/theme.h"
 
 namespace kelvar::test {
 
@@ -117,6 +120,27 @@ TEST_F(Notes, DurationTableSaysACellInWords) {
               "Taking out 5% of today's balance each year, earning 8%: would not run out");
     table->setCurrentIndex(table->model()->index(0, 3));
     EXPECT_EQ(text_of("lblcell"), QString());
+}
+
+TEST_F(Notes, ShowTheirBeginningAndThatThereIsMore) {
+    click("Cmdnext");
+    click("piclast");
+    const auto scrolled = [this] { return find<QScrollArea>("page")->verticalScrollBar(); };
+    const auto more_below = [this] { return find<QLabel>("lblmorebelow")->isVisible(); };
+    EXPECT_TRUE(more_below());
+    go_to_small_display();
+    const int page = scrolled()->pageStep();
+    press(Qt::Key_PageDown);
+    EXPECT_LT(scrolled()->value(), page - window->fontMetrics().height()) << "a row was cut off";
+    EXPECT_TRUE(more_below());
+    scrolled()->setValue(scrolled()->maximum());
+    EXPECT_FALSE(more_below());
+    press(Qt::Key_PageUp);
+    EXPECT_GT(scrolled()->value(), scrolled()->maximum() - page);
+    click("Cmdnext");
+    ASSERT_EQ(focus_name(), u"grdduration"_s);
+    EXPECT_GT(scrolled()->maximum(), 0);
+    EXPECT_LE(scrolled()->value(), theme::grid) << "opens at its instructions";
 }
 
 TEST_F(Notes, LifeTableShowsTheWholeTableInItsOwnOrder) {

@@ -214,6 +214,24 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
     EXPECT_TRUE(take_messages().empty());
 }
 
+// Also where it was chosen before, and the focus stays on the option.
+TEST_F(ScreenTest, WhatAnOptionOpensIsInSight) {
+    go_to_small_display();
+    window->resize(869, 500);
+    go_to_length();
+    const auto in_sight = [this](const char* name) {
+        const auto* opened = find<QWidget>(name);
+        return opened->visibleRegion().boundingRect() == opened->rect();
+    };
+    click("optlength_2");
+    click("oplifeexp_1");
+    EXPECT_TRUE(in_sight("frame3"));
+    click("optlength_0");
+    EXPECT_FALSE(find<QWidget>("frame3")->isVisible());
+    press(Qt::Key_L, Qt::AltModifier);
+    EXPECT_TRUE(in_sight("frame3"));
+}
+
 TEST_F(ScreenTest, EnterIsNextAfterANoteAndNoOtherScreenWakesOnTheWay) {
     go_to_length();
     click("optlength_2");
