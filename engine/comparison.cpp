@@ -8,7 +8,7 @@
 #include "core/ages.h"
 #include "core/numbers.h"
 #include "core/plan.h"
-#include "engine/heading.h"
+#include "engine/result_texts.h"
 #include "engine/years.h"
 
 namespace kelvar {

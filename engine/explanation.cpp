@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "engine/heading.h"
-#include "engine/interval.h"
+#include "engine/result_texts.h"
+#include "engine/schedule.h"
 
 namespace kelvar {
 

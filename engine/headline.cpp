@@ -6,7 +6,7 @@
 
 #include "core/ages.h"
 #include "core/plan.h"
-#include "engine/heading.h"
+#include "engine/result_texts.h"
 
 namespace kelvar {
 

@@ -1,6 +1,6 @@
 #include "engine/ledger.h"
 
-#include "engine/interval.h"
+#include "engine/schedule.h"
 
 namespace kelvar {
 

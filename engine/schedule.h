@@ -5,11 +5,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "core/dates.h"
 #include "core/life_limit.h"
+#include "engine/accrual.h"
 
 namespace kelvar {
 
@@ -55,5 +57,22 @@ PaymentSchedule FixedAmountSchedule(const PaymentTerms& terms, double fixed_amou
 // The rate in the text of a rate list, such as " 6%": the number before the last character; 0 when
 // there is none.
 double parse_rate(std::string_view text);
+
+struct Interval {
+    int days = 0;
+    double growth = 0.0;  // dollars, rounded to cents; negative at a rate below 0
+    double fee = 0.0;     // dollars, not rounded
+    bool fee_charged = false;
+};
+
+// After the payment with this index; nothing after the last one, and nothing once the account is empty.
+// `accrual` has the rate and the fee of the schedule.
+std::optional<Interval> interval_after(const PaymentSchedule& schedule, std::size_t index,
+                                       Accrual& accrual);
+
+// True for the first payment of a calendar year after the first one, and for the last payment of a
+// year.
+bool begins_year(const PaymentSchedule& schedule, std::size_t index);
+bool ends_year(const PaymentSchedule& schedule, std::size_t index);
 
 }  // namespace kelvar

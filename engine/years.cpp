@@ -2,7 +2,7 @@
 
 #include "core/ages.h"
 #include "core/numbers.h"
-#include "engine/interval.h"
+#include "engine/schedule.h"
 
 namespace kelvar {
 

@@ -6,7 +6,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "input/limit_line.h"
+#include "input/limit_lines.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/limits.h"
 #include "input/rules/lookup_ages.h"

@@ -6,7 +6,7 @@
 
 #include "core/numbers.h"
 #include "input/first_payment_lists.h"
-#include "input/limit_line.h"
+#include "input/limit_lines.h"
 #include "input/rules/account_value.h"
 #include "input/rules/limits.h"
 #include "input/rules/next_checks.h"

@@ -10,7 +10,7 @@
 #include "input/length_limits.h"
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
-#include "input/limited_box.h"
+#include "input/limit_lines.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/spouse.h"

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "input/limit_line.h"
+#include "input/limit_lines.h"
 #include "widgets/controls.h"
 #include "widgets/masked_date_edit.h"
 #include "widgets/theme.h"

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 
 #include "core/numbers.h"
-#include "input/limit_line.h"
+#include "input/limit_lines.h"
 #include "input/rules/limits.h"
 #include "input/rules/partial_amount.h"
 #include "widgets/controls.h"

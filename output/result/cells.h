@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/numbers.h"
-#include "engine/heading.h"
+#include "engine/result_texts.h"
 #include "widgets/text.h"
 #include "widgets/text_table_model.h"
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/axis.h"
+#include "engine/chart_rules.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/saved_file.h"

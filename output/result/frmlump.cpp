@@ -3,9 +3,10 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "engine/axis.h"
+#include "engine/chart_rules.h"
 #include "engine/comparison.h"
-#include "engine/heading.h"
+#include "engine/result_texts.h"
+#include "engine/store.h"
 #include "output/result/cells.h"
 #include "widgets/bar_chart.h"
 #include "widgets/grid.h"

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
-#include "engine/heading.h"
 #include "engine/headline.h"
+#include "engine/result_texts.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/report_templates.h"

@@ -5,8 +5,9 @@
 #include <QPushButton>
 #include <utility>
 
-#include "engine/heading.h"
-#include "engine/yearly_chart.h"
+#include "engine/chart_rules.h"
+#include "engine/result_texts.h"
+#include "engine/store.h"
 #include "output/result/schedule_view.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"

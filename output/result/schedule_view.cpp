@@ -9,7 +9,7 @@
 #include "core/numbers.h"
 #include "engine/explanation.h"
 #include "engine/federal_minimum.h"
-#include "engine/interval.h"
+#include "engine/schedule.h"
 #include "engine/years.h"
 #include "output/report/page_painter.h"
 #include "output/result/cells.h"

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "engine/accrual.h"
-#include "engine/axis.h"
+#include "engine/chart_rules.h"
 #include "engine/duration.h"
 #include "engine/schedule.h"
 

@@ -7,7 +7,8 @@
 #include <filesystem>
 
 #include "engine/federal_minimum.h"
-#include "engine/heading.h"
+#include "engine/result_texts.h"
+#include "engine/store.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
 #include "output/report/report_pages.h"

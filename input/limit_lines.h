@@ -1,12 +1,11 @@
 // Quiet lines that name, beside a control, the limit that Next will apply to it.
 #pragma once
 
-#include <QString>
+#include <QWidget>
 #include <initializer_list>
 
 class QLabel;
 class QLineEdit;
-class QWidget;
 
 namespace kelvar {
 
@@ -18,5 +17,21 @@ void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidge
 
 // After a refusal by its limit a line stands out until the entry changes.
 void stand_out(QLabel* line, const QLineEdit* entry);
+
+// A box below an option, with the sign that belongs before it, if any, and the limit of what may be
+// typed under it.
+class LimitedBox : public QWidget {
+    Q_OBJECT
+
+public:
+    LimitedBox(const QString& sign, QLineEdit* box, const char* limit_name);
+
+    void show_limit(const QString& limit);
+    void stand_out();  // the limit, until the entry changes
+
+private:
+    QLineEdit* box_ = nullptr;
+    QLabel* limit_ = nullptr;
+};
 
 }  // namespace kelvar

@@ -1,4 +1,4 @@
-#include "engine/heading.h"
+#include "engine/result_texts.h"
 
 #include <fmt/format.h>
 
@@ -6,32 +6,6 @@
 #include "core/plan.h"
 
 namespace kelvar {
-
-namespace {
-
-void add_titles(Heading& heading, const Scenario& scenario) {
-    if (scenario.method == partial_lump_sum) {
-        heading.emplace_back("dtitle", std::string{method_title(scenario.method)});
-        heading.emplace_back("dsubtitle", "Lump Sum  + Remaining Paid " +
-                                              std::string{plan::frequency(scenario.frequency).name});
-    } else if (scenario.method == periodic_payments) {
-        heading.emplace_back("dtitle", title_with_frequency(scenario));
-    }
-}
-
-void add_length(Heading& heading, const Scenario& scenario, const Projection& projection) {
-    if (scenario.method == lump_sum) {
-        heading.emplace_back("payments", std::int64_t{scenario.number_of_payments});
-        return;
-    }
-    heading.emplace_back("payments", std::int64_t{projection.schedule.number_of_payments});
-    if (scenario.length_option == by_dollar_amount) {
-        heading.emplace_back("fixamount", scenario.fixed_amount);
-    }
-    heading.emplace_back("paylength", std::int64_t{scenario.length_option});
-}
-
-}  // namespace
 
 std::string money_text(double dollars) {
     return format_number(dollars, pattern::dollars);
@@ -113,27 +87,6 @@ std::string_view no_result_text(Outcome outcome) {
         default:
             return "";
     }
-}
-
-Heading heading_of(const Scenario& scenario, const Projection& projection) {
-    Heading heading;
-    if (projection.outcome != Outcome::complete) {
-        return heading;
-    }
-    add_titles(heading, scenario);
-    heading.emplace_back("curvalue", scenario.present_value);
-    heading.emplace_back("startvalue", projection.start_value);
-    heading.emplace_back("frstdate", month_year_text(projection.dates.first.date));
-    if (scenario.method == partial_lump_sum) {
-        heading.emplace_back("scnddate", month_year_text(projection.dates.second_date));
-        heading.emplace_back("scndvalue", projection.second_value);
-        heading.emplace_back("partial", projection.lump_sum);
-    }
-    add_length(heading, scenario, projection);
-    heading.emplace_back("totalvalue", money_text(projection.total_paid));
-    heading.emplace_back("rate", rate_text(projection.rate, scenario.method));
-    heading.emplace_back("fee", fee_text(scenario.fee_amount));
-    return heading;
 }
 
 }  // namespace kelvar

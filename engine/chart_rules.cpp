@@ -1,9 +1,18 @@
-#include "engine/yearly_chart.h"
+#include "engine/chart_rules.h"
+
+#include <algorithm>
+#include <cmath>
 
 #include "core/dates.h"
 #include "core/numbers.h"
 
 namespace kelvar {
+
+namespace {
+
+constexpr double largest_bounded = 1e300;  // beyond it the reckoning below leaves the doubles
+
+}  // namespace
 
 std::string_view refused_chart(Recordset& schedule) {
     schedule.MoveFirst();
@@ -50,6 +59,16 @@ YearlyTotals yearly_totals(Recordset& schedule) {
         totals.last_months.push_back(month_number(as_text(schedule.cell(row, month_column))));
     }
     return totals;
+}
+
+double y_max(double largest) {
+    const double value = largest > 0.0 ? std::min(largest, largest_bounded) : 0.0;
+    double power = 10.0;  // 10 to the number of digits before the point
+    while (power <= std::floor(value)) {
+        power *= 10.0;
+    }
+    const double bound = std::floor((value * 100.0 + power) / power) * power / 100.0;
+    return std::max(1.0, std::round(bound));
 }
 
 }  // namespace kelvar

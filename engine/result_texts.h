@@ -1,4 +1,4 @@
-// The heading row of the work tables, and the texts that it shares with the labels of the results.
+// Texts of results that screens, work tables and paper share.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "engine/projection.h"
-#include "engine/store.h"
 
 namespace kelvar {
 
@@ -30,9 +29,5 @@ std::string_view table_name(const Scenario& scenario);
 std::string_view table_source(const Scenario& scenario);
 // Why there are no payments to show; empty for a complete projection.
 std::string_view no_result_text(Outcome outcome);
-
-// What is written to the heading row: the fields of the scenario's method in their order. Empty unless
-// the projection is complete, so that the row keeps the last result.
-Heading heading_of(const Scenario& scenario, const Projection& projection);
 
 }  // namespace kelvar

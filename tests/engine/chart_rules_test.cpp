@@ -1,8 +1,7 @@
-#include "engine/yearly_chart.h"
+#include "engine/chart_rules.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/axis.h"
 #include "engine/store.h"
 #include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"

@@ -1,4 +1,5 @@
-// The yearly chart of a schedule: when there can be one, and its payments by calendar year.
+// What charts are drawn from: whether a schedule has one, its payments by calendar year, and the upper
+// bound of the value axis, which starts at 0.
 #pragma once
 
 #include <string_view>
@@ -27,5 +28,10 @@ struct YearlyTotals {
 
 // Empty when there are no rows. Moves to the last row.
 YearlyTotals yearly_totals(Recordset& schedule);
+
+// The bound for a largest value in dollars: rounded up to its first two digits, always to the next
+// step, then to a whole number, at least 1: 123,456.78 and 120,000 give 130,000, 5.5 gives 6. A
+// negative value counts as 0, and so does what is no number; an infinite one gives a finite bound.
+double y_max(double largest);
 
 }  // namespace kelvar
