@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <QBuffer>
-#include <QPaintEngine>
 #include <QPdfWriter>
 #include <QTextBlock>
 #include <QTextFrame>
@@ -354,56 +353,6 @@ TEST_F(Reports, UseImagesBesideTheirTemplate) {
 TEST_F(Reports, DeviceThatRefusesIsAnError) {
     QPdfWriter nowhere(u"/no/such/folder/report.pdf"_s);
     EXPECT_THROW(draw_reports({shipped("lumpsum.rpt")}, 2026y / 11 / 21, nowhere), PrintError);
-}
-
-// A device that takes the texts of its pages instead of drawing them.
-class Words : public QPdfWriter {
-public:
-    explicit Words(QIODevice* unwritten) : QPdfWriter(unwritten) {}
-
-    std::vector<QStringList> pages;
-
-    bool newPage() override {
-        pages.emplace_back();
-        return true;
-    }
-
-protected:
-    QPaintEngine* paintEngine() const override { return &taker_; }
-
-private:
-    class Taker : public QPaintEngine {
-    public:
-        explicit Taker(std::vector<QStringList>& pages) : QPaintEngine(AllFeatures), pages_(pages) {}
-        bool begin(QPaintDevice*) override {
-            pages_.emplace_back();
-            return true;
-        }
-        bool end() override { return true; }
-        void updateState(const QPaintEngineState&) override {}
-        void drawPath(const QPainterPath&) override {}
-        void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-        void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-        void drawTextItem(const QPointF&, const QTextItem& item) override {
-            pages_.back() << item.text();
-        }
-        Type type() const override { return User; }
-
-    private:
-        std::vector<QStringList>& pages_;
-    };
-    mutable Taker taker_{pages};
-};
-
-TEST_F(Reports, PagesCloseWithDayTitleAndNumber) {
-    QBuffer unwritten;
-    Words words(&unwritten);
-    draw_reports({shipped("partial.rpt"), shipped("schedule.rpt")}, 2026y / 11 / 21, words);
-    ASSERT_EQ(words.pages.size(), 2U);
-    EXPECT_EQ(words.pages[0].first(4).join(u'|').toStdString(),
-              "Printed 11/21/2026|Partial Lump Sum Payments|Page 1 of 2|"
-              "Estimates for illustration, not guaranteed, before taxes and penalties.");
-    EXPECT_EQ(words.pages[1].value(2).toStdString(), "Page 2 of 2");
 }
 
 TEST_F(Reports, ReportsFollowEachOtherOnNewPages) {
