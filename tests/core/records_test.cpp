@@ -65,6 +65,28 @@ TEST_F(Records, FindFirstFollowsTheCriterion) {
     }
 }
 
+// The tables of IRS Publication 590-B in force since 2022: some divisors as printed there, and the sums
+// of all that these tables have here, where it matters too which age a divisor belongs to.
+TEST_F(Records, DivisorsAreThoseOfThePublishedTables) {
+    const std::pair<int, double> printed[] = {
+        {16, 69.0}, {30, 55.3}, {50, 36.2}, {60, 27.1}, {65, 22.9}, {69, 19.6}, {72, 27.4}, {73, 26.5},
+        {75, 24.6}, {80, 20.2}, {85, 16.0}, {90, 12.2}, {95, 8.9},  {100, 6.4}, {110, 3.5}, {120, 2.0}};
+    for (const auto& [age, divisor] : printed) {
+        database.lifexp().FindFirst("age=" + std::to_string(age));
+        EXPECT_EQ(database.lifexp().number("multiple"), divisor) << age;
+    }
+    const std::pair<std::string, std::string> sums[] = {
+        {"count(*), round(sum(multiple), 1), round(sum(age * multiple), 1) FROM lifexp",
+         "105 2944.0 137662.7"},
+        {"count(*), round(sum(LifeAge), 1), round(sum((131 * PartAge + BeneAge) * LifeAge), 1) "
+         "FROM joinlife",
+         "2343 74450.7 823623471.9"},
+        {"count(*), sum(rate), sum(rateid * rate) FROM rate", "4 26.0 70.0"}};
+    for (const auto& [sum, expected] : sums) {
+        EXPECT_EQ(sql_rows(folder.database(), "SELECT " + sum), std::vector<std::string>{expected});
+    }
+}
+
 TEST_F(Records, FindFirstWithoutAMatchStaysWhereItWas) {
     database.rate().FindFirst("rateid = 2");
     database.rate().FindFirst("rateid = 5");

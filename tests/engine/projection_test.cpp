@@ -325,6 +325,10 @@ TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
                       cents(l.rounding),
                   cents(l.closing));
         EXPECT_EQ(cents(l.opening), cents(scenario.present_value));
+        for (const double entry : {l.opening, l.earnings, l.fees, l.payments, l.earnings_before,
+                                   l.fees_before, l.rounding}) {
+            EXPECT_EQ(entry, round_to_cents(entry));
+        }
         const bool complete = p.outcome == Outcome::complete;
         EXPECT_TRUE(!complete || (l.closing == 0.0 && l.payments == round_to_cents(p.total_paid)));
         const long long payments = static_cast<long long>(p.schedule.rows.size()) +
@@ -468,6 +472,8 @@ TEST(Comparison, ShowsWhatComesOfEachRate) {
               "payments would end 5 years and 3 months later; 5% also means more risk.");
     comparison.rates.resize(1);
     EXPECT_EQ(spread_text(scenario, comparison), "");
+    comparison.rates.push_back(comparison.rates[0]);
+    EXPECT_EQ(spread_text(scenario, comparison), "") << "the same rate twice";
     scenario.frequency = 4;
     scenario.fixed_amount = 4200.0;
     EXPECT_EQ(spread_text(scenario, compare(scenario, today)),

@@ -145,11 +145,17 @@ mkdir -p "$own/.installed"
 for file in vestoraq.mdb yearly.rpt .installed/yearly.rpt; do
     ln -s "$work/planted" "$own/$file.new"
 done
+# A version before lay elsewhere; what is installed can be read only.
+mkdir "$work/older"
+ln -s "$work/older" "$own/vestoraq.hlp"
+chmod a-w "$installed"/*.rpt
 open_program
+chmod u+w "$installed"/*.rpt
 for file in vestoraq.hlp "${reports[@]}"; do
     cmp "$installed/$file" "$own/$file" || fail "$file of the user is not the one installed"
 done
 [ ! -s "$work/planted" ] || fail "something is written through a planted link"
+[ "$(stat -c %a "$own/periodic.rpt")" = 600 ] || fail "its user cannot edit a template"
 [ "$(stat -c %a "$own" "$own/vestoraq.mdb" | tr '\n' ' ')" = '700 600 ' ] || fail "others may read the database"
 ! "$launcher" 2>"$work/errors" || fail "a second program opens"
 grep -q 'already open' "$work/errors" || fail "the second program only says $(cat "$work/errors")"

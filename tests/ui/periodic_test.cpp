@@ -171,6 +171,10 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     }
     EXPECT_EQ(last, u"$0.00"_s);
     EXPECT_NEAR(fees, 2361.42, 0.001);
+    find<Grid>("grdyear")->setCurrentIndex(years->index(9, 0));
+    choose("cmbrate", u" 8%"_s);
+    EXPECT_EQ(find<Grid>("grdyear")->currentIndex().row(), 9) << "the chosen year stays";
+    choose("cmbrate", u" 5%"_s);
     EXPECT_EQ(
         text_of("lblledger"),
         u"$250,000.00 today + $331,157.41 earned - $2,361.42 fees - $578,796.05 paid to you + $0.06 rounding = $0.00 left. Of this, before the first payment: $6,310.79 earned, $39.89 fees."_s);

@@ -21,6 +21,7 @@
 #include <QPageRanges>
 #include <QPdfWriter>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
@@ -60,7 +61,11 @@ public:
             if (qobject_cast<QFileDialog*>(&dialog) != nullptr) {
                 offered = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
                 offered_by = dialog.windowTitle();
+                offered_in = static_cast<QFileDialog&>(dialog).directory().absolutePath();
                 EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
+            }
+            if (auto* preview = qobject_cast<QPrintPreviewDialog*>(&dialog)) {
+                previewed = preview->printer()->pageLayout().orientation();
             }
             for (QAction* action : dialog.findChildren<QAction*>()) {
                 if (print_from_preview && action->text() == u"Print") {
@@ -76,9 +81,11 @@ public:
         EXPECT_FALSE(there && history.readAll().contains(folder.path().c_str()));
     }
     bool print_from_preview = false;
-    // The name and the title of the last file dialog.
+    QPageLayout::Orientation previewed = QPageLayout::Portrait;
+    // The name, the title and the folder of the last file dialog.
     QString offered;
     QString offered_by;
+    QString offered_in;
 
     // The line about the saved file is there, as long as its place allows, and whole to a screen
     // reader.
@@ -133,6 +140,9 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
     EXPECT_EQ(offered, u"Periodic Payments Comparison 2020-01-15.pdf"_s);
+    menu_entry = u"Pre&view..."_s;
+    click("cmdprintmenu");
+    EXPECT_EQ(previewed, QPageLayout::Landscape);
     click("cmdprev");
     choose("cmbrate", u" 6%"_s);
     EXPECT_FALSE(find<QLabel>("lblsaved")->isVisible());
@@ -615,7 +625,8 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     fs::create_symlink(folder.path() / "vestoraq.mdb-journal", elsewhere.path() / "journal.pdf");
     fs::create_symlink(fs::read_symlink("/proc/self/exe"), elsewhere.path() / "program.pdf");
     for (const fs::path& own :
-         {folder.database(), folder.path() / "vestoraq.mdb-journal", folder.path() / "vestoraq.hlp",
+         {folder.database(), folder.path() / "vestoraq.mdb-journal", folder.path() / "vestoraq.mdb-wal",
+          folder.path() / "vestoraq.mdb-shm", folder.path() / "vestoraq.hlp",
           folder.path() / "lumpsum.rpt", folder.path() / "schelife.rpt",
           elsewhere.path() / "symbolic.pdf", elsewhere.path() / "hard.pdf",
           elsewhere.path() / "folder" / "vestoraq.mdb", elsewhere.path() / "journal.pdf",
@@ -642,6 +653,7 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
 
     save_as.clear();
     click("cmdprint");
+    EXPECT_EQ(offered_in.toStdString(), elsewhere.path()) << "where something was saved last";
     EXPECT_TRUE(take_messages().empty());
     EXPECT_FALSE(QFile::exists(good));
 

@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -127,6 +129,20 @@ TEST_F(ScreenTest, HaveTheStandardSizeUnlessTheDisplayIsSmaller) {
         const auto* shown = find<QWidget>(control);
         EXPECT_EQ(shown->visibleRegion().boundingRect(), shown->rect()) << control;
     }
+    enter("mskbirth", u"06151950"_s);
+    enter("txtcurvalue", u"250000"_s);
+    click("Cmdnext");
+    click("optmethod_2");
+    window->resize(small.size() - QSize(10, 40));
+    settle();
+    const QScrollBar* scrolled =
+        window->visible_screen()->findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(scrolled->maximum(), 0);
+    find<QWidget>("cmdclose")->setFocus();  // below what scrolls
+    press(Qt::Key_PageDown);
+    EXPECT_GT(scrolled->value(), 0);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(scrolled->value(), 0);
 }
 
 // What was in a box is gone with the first key, unless a click has set the cursor.
@@ -174,6 +190,8 @@ TEST_F(ScreenTest, TypingReplacesWhatABoxHeld) {
     EXPECT_EQ(take_messages().size(), 1U);
     EXPECT_EQ(birth->text(), u"13/01/1950"_s);
     type("2");
+    EXPECT_EQ(birth->displayText(), u"2_/__/____"_s);
+    QTest::keyClick(birth, Qt::Key_3, Qt::AltModifier);  // no text, also where it leads nowhere
     EXPECT_EQ(birth->displayText(), u"2_/__/____"_s);
 }
 

@@ -29,10 +29,10 @@ TEST(TableText, IsWhatOtherProgramsRead) {
     TextTableModel model({{u"Payment  #"_s}, {u"Amount, \"net\""_s}, {u"Month"_s, Qt::AlignLeft}},
                          nullptr);
     model.show_rows({{{u"1"_s}, {u"$1,734.30"_s, u"1734.30"_s}, {u"July"_s}},
-                     {{u"2"_s}, {u"-$5.00"_s, u"-5.00"_s}, {u"a \"b\", <c>\r\nd é"_s}}});
+                     {{u"2\n3"_s}, {u"-$5.00"_s, u"-5.00"_s}, {u"a \"b\", <c>\r\nd é"_s}}});
     EXPECT_EQ(csv(model).toStdString(),
               "Payment #,\"Amount, \"\"net\"\"\",Month\r\n1,1734.30,July\r\n"
-              "2,-5.00,\"a \"\"b\"\", <c>\r\nd \xC3\xA9\"\r\n");
+              "\"2\n3\",-5.00,\"a \"\"b\"\", <c>\r\nd \xC3\xA9\"\r\n");
     EXPECT_EQ(tab_separated(model, {0}).toStdString(),
               "Payment #\tAmount, \"net\"\tMonth\n1\t$1,734.30\tJuly\n");
     const std::string html = html_table(model, {1}).toStdString();
