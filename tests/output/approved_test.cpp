@@ -252,7 +252,7 @@ TEST_P(Approved, ScreensTablesAndPages) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, Approved, ::testing::ValuesIn(all_choices()),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& choices) { return std::string(choices.param.name); });
 
 }  // namespace
 
