@@ -1,4 +1,5 @@
-// A bar chart on a screen: Left and Right, Home and End, or the pointer go from bar to bar.
+// A bar chart on a screen, a group of bars for each label: Left and Right, Home and End, or the pointer
+// go from bar to bar. Values stand above the bars where there is room.
 #pragma once
 
 #include "widgets/chart.h"
@@ -15,7 +16,7 @@ public:
     BarChart(const char* name, const QString& accessible_name) : Chart(name, accessible_name) {}
 
     // May be called again. Each set has a value for every label.
-    void show_bars(const BarData& bars) { show_data(bars); }
+    void show_bars(const BarData& bars) { show_data(bars, Order::by_label); }
     // After show_bars: the keys go on from the first bar of this label, from 0 on; with the focus it is
     // said at once.
     void choose(int label);
@@ -23,7 +24,7 @@ public:
     QString sentence(int place) const override;
 
 protected:
-    ChartDrawing* new_drawing(const ChartDrawing::Look& look) const override;
+    std::unique_ptr<ChartDrawing> new_drawing(const ChartLook& look) const override;
     std::optional<int> place_after(int key) const override;
 };
 

@@ -1,17 +1,14 @@
 #include "widgets/chart.h"
 
 #include <QAccessible>
-#include <QChartView>
-#include <QGraphicsLayout>
-#include <QGraphicsScene>
-#include <QGraphicsSimpleTextItem>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <limits>
 
 #include "widgets/accessible_chart.h"
+#include "widgets/chart_drawing.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -20,7 +17,7 @@ namespace kelvar {
 
 namespace {
 
-ChartDrawing::Look screen_look(const QWidget& chart) {
+ChartLook screen_look(const QWidget& chart) {
     return {.font = chart.font(),
             .paper = chart.palette().color(QPalette::Base),
             .text = chart.palette().color(QPalette::WindowText),
@@ -30,7 +27,7 @@ ChartDrawing::Look screen_look(const QWidget& chart) {
 }
 
 // Black on white with a grid that survives a copier, whatever the screen's colours are.
-ChartDrawing::Look paper_look(QFont font, bool small) {
+ChartLook paper_look(QFont font, bool small) {
     font.setPointSizeF(11.0);  // also where the screen's texts are larger
     return {.font = font,
             .paper = Qt::white,
@@ -41,206 +38,117 @@ ChartDrawing::Look paper_look(QFont font, bool small) {
             .turn_values_beyond = small ? 0 : 8};  // nobody can point at a bar on paper
 }
 
-QPixmap picture(QGraphicsItem* key, double density) {
-    QGraphicsScene scene;
-    scene.addItem(key);
-    const QRectF area = scene.itemsBoundingRect();
-    QPixmap pixmap((area.size() * density).toSize());
-    pixmap.setDevicePixelRatio(density);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    scene.render(&painter, QRectF(QPointF(), area.size()), area);
-    return pixmap;
-}
-
-// Keys and names of the sets in a row of this width; gives its height.
-double add_legend(QGraphicsScene& scene, const ChartDrawing& drawing, const ChartData& data,
-                  const QFont& font, double width) {
-    const double slot = width / static_cast<double>(data.sets.size());
-    double height = 0.0;
-    for (std::size_t set = 0; set < data.sets.size(); ++set) {
-        QGraphicsItem* key = drawing.new_key(set);
-        scene.addItem(key);
-        key->setPos(slot * static_cast<double>(set) + theme::grid, 0.0);
-        auto* name = scene.addSimpleText(data.sets[set].name.trimmed(), font);
-        const QRectF place =
-            key->sceneBoundingRect() | key->mapRectToScene(key->childrenBoundingRect());
-        name->setPos(place.right() + theme::grid, 0.0);
-        height = std::max(height, name->boundingRect().height() + theme::grid);
-        key->setY(name->boundingRect().height() / 2 - place.center().y());
-    }
-    return height;
-}
-
 }  // namespace
 
 Chart::Chart(const char* name, const QString& accessible_name)
-    : readout_(theme::label({}, theme::Role::value, "lblreadout")), column_(new QVBoxLayout(this)) {
+    : readout_(theme::label({}, theme::Role::value, "lblreadout")) {
     make_charts_accessible();
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    readout_->setAttribute(Qt::WA_TransparentForMouseEvents);
     readout_->setAlignment(Qt::AlignCenter);
     readout_->setWordWrap(true);
-    column_->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
-    column_->setSpacing(theme::grid / 2);
-    column_->addWidget(readout_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
+    column->setSpacing(theme::grid / 2);
+    column->addWidget(readout_);
 }
 
-void Chart::show_data(const ChartData& data) {
+Chart::~Chart() = default;
+
+void Chart::show_data(const ChartData& data, Order order) {
     const QString selected = places() == 0 ? QString() : label_of(selected_);
     data_ = data;
+    points_.clear();
+    for (std::size_t set = 0; set < data.sets.size(); ++set) {
+        for (std::size_t label = 0; label < data.sets[set].values.size(); ++label) {
+            points_.push_back({set, label});
+        }
+    }
+    if (order == Order::by_label) {
+        std::ranges::stable_sort(points_, {}, &ChartPoint::label);
+    }
     if (data_.whole.isEmpty()) {
         data_.whole = accessibleName();
     }
     const int lines = (theme::large_text() ? 12 : 16) + (data.value_title.isEmpty() ? 0 : 1) +
                       (data.label_title.isEmpty() ? 0 : 1) + (data.notes.isEmpty() ? 0 : 1);
     setMinimumHeight(lines * fontMetrics().height());
-    show_drawing();
-    show_legend();
-    go_on_from(first_place_of(selected));
-}
-
-QString Chart::label_of(int place) const {
-    return data_.labels.at(static_cast<qsizetype>(drawing_->point(place).label));
-}
-
-int Chart::first_place_of(const QString& label) const {
+    drawing_ = new_drawing(screen_look(*this));
+    static_cast<QBoxLayout*>(layout())->insertWidget(0, drawing_.get(), 1);
     int place = 0;
-    while (place < places() && label_of(place) != label) {
+    while (place < places() && label_of(place) != selected) {
         ++place;
     }
-    return place < places() ? place : 0;
-}
-
-void Chart::show_drawing() {
-    drawing_ = new_drawing(screen_look(*this));
-    drawing_->draw(data_);
-    if (view_ != nullptr) {
-        const std::unique_ptr<QChart> before(view_->chart());
-        view_->setChart(drawing_);
-        return;
-    }
-    view_ = new QChartView(drawing_);
-    view_->setRenderHint(QPainter::Antialiasing);
-    view_->setFocusPolicy(Qt::NoFocus);
-    view_->setFrameShape(QFrame::NoFrame);
-    view_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // else never smaller than it was
-    view_->viewport()->setMouseTracking(true);
-    view_->viewport()->installEventFilter(this);
-    column_->insertWidget(0, view_, 1);
-}
-
-void Chart::show_legend() {
-    constexpr int always_there = 600;  // this width, also in the narrowest window
-    delete legend_;
-    legend_ = nullptr;
-    if (data_.sets.size() < 2) {
-        return;
-    }
-    legend_ = new QWidget;
-    auto* keys = new QBoxLayout(QBoxLayout::LeftToRight, legend_);
-    keys->setContentsMargins(0, 0, 0, 0);
-    keys->addStretch(1);
-    for (std::size_t set = 0; set < data_.sets.size(); ++set) {
-        auto* key = new QLabel;
-        key->setPixmap(picture(drawing_->new_key(set), devicePixelRatioF()));
-        auto* entry = new QHBoxLayout;
-        entry->addWidget(key);
-        entry->addWidget(theme::label(data_.sets[set].name, theme::Role::body));
-        entry->addStretch(1);
-        keys->addLayout(entry);
-        keys->addStretch(1);
-    }
-    if (legend_->sizeHint().width() > always_there) {
-        keys->setDirection(QBoxLayout::TopToBottom);
-    }
-    column_->insertWidget(0, legend_);
+    go_on_from(place < places() ? place : 0);
 }
 
 void Chart::paint_on_paper(QPainter& painter, const QRectF& area, double width) const {
     constexpr double small_below = 600.0;
-    const double height = width * area.height() / area.width();
-    const ChartDrawing::Look look = paper_look(font(), width < small_below);
-    QGraphicsScene scene;
-    ChartDrawing* drawing = new_drawing(look);
-    scene.addItem(drawing);
-    drawing->draw(data_);
-    const double top =
-        data_.sets.size() < 2 ? 0.0 : add_legend(scene, *drawing, data_, look.font, width);
-    drawing->setPos(0.0, top);
-    drawing->resize(width, height - top);
-    drawing->layout()->activate();
-    scene.render(&painter, area, QRectF(0.0, 0.0, width, height));
+    new_drawing(paper_look(font(), width < small_below))->paint(painter, area, qRound(width));
 }
 
 QString Chart::detail(int place) const {
-    const QString note = data_.notes.value(static_cast<qsizetype>(drawing_->point(place).label));
+    const QString note = data_.notes.value(static_cast<qsizetype>(point(place).label));
     return note.isEmpty() ? QString() : data_.notes_title + u' ' + note;
-}
-
-void Chart::select(int place) {
-    if (places() > 0) {
-        selected_ = std::clamp(place, 0, places() - 1);
-        say_selected();
-    }
 }
 
 void Chart::go_on_from(int place) {
     selected_ = std::clamp(place, 0, std::max(0, places() - 1));
-    say();
+    say_selected();
 }
 
-void Chart::say() {
-    if (hasFocus()) {
-        say_selected();
-    } else {
-        say_whole();
-    }
-}
-
-bool Chart::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove) {
-        const QPoint point = static_cast<QMouseEvent*>(event)->pos();
-        const int place = drawing_->place_at(drawing_->mapFromScene(view_->mapToScene(point)));
-        if (place < 0) {
-            say();
-        } else if (readout_->text() != sentence(place)) {
-            select(place);
-        }
-    } else if (event->type() == QEvent::Leave) {
-        say();
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void Chart::say_whole() {
+void Chart::say(int place) {
+    const bool whole = place < 0 || place >= places();
+    const QString words = whole ? data_.whole : sentence(place);
+    readout_->setText(words);
+    setAccessibleDescription(words);
     if (drawing_ != nullptr) {
-        drawing_->mark(-1);
+        drawing_->mark(whole ? nullptr : &point(place));
+        drawing_->replot(QCustomPlot::rpQueuedReplot);
     }
-    readout_->setText(data_.whole);
-    setAccessibleDescription(data_.whole);
-}
-
-void Chart::say_selected() {
-    if (places() == 0) {
-        return;
-    }
-    drawing_->mark(selected_);
-    readout_->setText(sentence(selected_));
-    setAccessibleDescription(sentence(selected_));
-    if (hasFocus()) {
+    if (hasFocus() && !whole) {
         QAccessibleEvent event(this, QAccessible::Focus);
-        event.setChild(selected_);
+        event.setChild(place);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+// The nearest one inside the axes.
+int Chart::place_at(const QPoint& spot) const {
+    int nearest = no_place;
+    double least = std::numeric_limits<double>::max();
+    const bool inside = drawing_ != nullptr && drawing_->axisRect()->rect().contains(spot);
+    for (int place = 0; inside && place < places(); ++place) {
+        const double distance = drawing_->distance(point(place), spot);
+        if (distance < least) {
+            least = distance;
+            nearest = place;
+        }
+    }
+    return nearest;
+}
+
+void Chart::mouseMoveEvent(QMouseEvent* event) {
+    const int place = drawing_ == nullptr ? no_place : place_at(drawing_->mapFrom(this, event->pos()));
+    if (place == no_place) {
+        say_selected();
+    } else if (readout_->text() != sentence(place)) {
+        selected_ = place;
+        say(place);
+    }
+}
+
+void Chart::leaveEvent(QEvent*) {
+    say_selected();
 }
 
 void Chart::keyPressEvent(QKeyEvent* event) {
     const std::optional<int> place = places() == 0 ? std::nullopt : place_after(event->key());
     if (place) {
-        select(*place);
+        go_on_from(*place);
     } else {
         QWidget::keyPressEvent(event);
     }
@@ -248,12 +156,12 @@ void Chart::keyPressEvent(QKeyEvent* event) {
 
 void Chart::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    say();
+    say_selected();
 }
 
 void Chart::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
-    say();
+    say_selected();
 }
 
 }  // namespace kelvar

@@ -1,22 +1,26 @@
 #include "widgets/chart_drawing.h"
 
-#include <QBarCategoryAxis>
-#include <QCategoryAxis>
-#include <QFontMetricsF>
-#include <QGraphicsLayout>
-#include <QGraphicsSimpleTextItem>
-#include <QLegend>
+#include <QPicture>
 #include <algorithm>
 #include <cmath>
 
 #include "core/numbers.h"
-#include "widgets/axis_ticks.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
+
+double tick_step(double bound, int most) {
+    for (double power = 1.0;; power *= 10.0) {
+        for (const double step : {1.0 * power, 2.0 * power, 2.5 * power, 5.0 * power}) {
+            if (step == std::floor(step) && !(bound > step * most)) {
+                return step;
+            }
+        }
+    }
+}
 
 QString short_text(double value, ChartUnit unit) {
     return to_qt(
@@ -28,167 +32,179 @@ QString full_text(double value, ChartUnit unit) {
                                       : short_text(value, unit) + u" years"_s;
 }
 
-ChartDrawing::ChartDrawing(const Look& look)
-    : look_(look), label_axis_(new QBarCategoryAxis), value_axis_(new QCategoryAxis) {
-    legend()->hide();
-    layout()->setContentsMargins(0, 0, 0, 0);
-    setBackgroundBrush(look.paper);
-    setBackgroundRoundness(0);
-    value_axis_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
-    value_axis_->setGridLineColor(look.lines);
-    value_axis_->setLabelsVisible(false);  // they would be cut to dots where the ticks are close
-    value_axis_->setLinePenColor(look.lines);
-    label_axis_->setGridLineVisible(false);
-    label_axis_->setLabelsVisible(false);
-    label_axis_->setLinePenColor(look.lines);
-    addAxis(label_axis_, Qt::AlignBottom);
-    addAxis(value_axis_, Qt::AlignLeft);
-    connect(this, &QChart::plotAreaChanged, this, [this] { place_texts(); });
+ChartDrawing::ChartDrawing(const ChartData& data, const ChartLook& look, int key_width)
+    : data_(data), look_(look), labels_(new QCPAxisTickerText), ticks_(new QCPAxisTickerText) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);  // the chart reads the pointer, the page scrolls
+    setFocusPolicy(Qt::NoFocus);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    setBackground(look.paper);
+    setAutoAddPlottableToLegend(data.sets.size() > 1);
+    plotLayout()->setRowSpacing(0);
+    set_up_axes();
+    add_titles();
+    if (data.sets.size() > 1) {
+        add_legend(key_width);
+    }
 }
 
-void ChartDrawing::draw(const ChartData& data) {
-    data_ = data;
-    label_axis_->setCategories(data.labels);
-    // Room for half a line above the highest tick, and for the labels below, which are texts of ours
-    // and begin below the lowest tick's text.
-    const bool two_lines = data.labels.join(QChar()).contains(u' ') || !data.notes.isEmpty();
-    const int line = line_height();
-    const int above = lines_above() + (data.value_title.isEmpty() ? 0 : 1);
-    const int below = (two_lines ? 2 : 1) + (data.label_title.isEmpty() ? 0 : 1);
-    const int left = set_ticks();
-    setMargins({left, above * line, theme::grid, line / 2 + below * line});
-    add_sets();
-    add_labels();
-    place_texts();
-}
-
-int ChartDrawing::line_height() const {
-    return static_cast<int>(std::ceil(QFontMetricsF(look_.font).height())) + 1;
-}
-
-// Gives the room that their texts need. The upper bound has none unless it is a tick: it would be in
-// the way of the last one.
-int ChartDrawing::set_ticks() {
-    value_axis_->setRange(0.0, data_.upper);
+void ChartDrawing::set_up_axes() {
+    const QFontMetrics metrics(look_.font);
+    for (QCPAxis* axis : {xAxis, yAxis}) {
+        axis->setTickLabelFont(look_.font);
+        axis->setTickLabelColor(look_.text);
+        axis->setBasePen(QPen(look_.lines));
+        axis->setTickPen(QPen(look_.lines));
+        axis->setTickLength(0);
+        axis->setSubTicks(false);
+    }
+    xAxis->setTicker(labels_);
+    xAxis->setRange(-0.5, static_cast<double>(data_.labels.size()) - 0.5);
+    xAxis->setTickLabelPadding(metrics.height() / 2);  // below the text of the lowest tick
+    xAxis->setPadding(0);
+    xAxis->grid()->setVisible(false);
     const double step = tick_step(data_.upper, look_.most_steps);
-    double widest = 0.0;
-    for (int tick = 0; tick * step <= data_.upper; ++tick) {
-        const QString text = short_text(tick * step, data_.unit);
-        value_axis_->append(text, tick * step);
-        tick_texts_.emplace_back(tick * step, add_text(text, look_.font));
-        widest = std::max(widest, tick_texts_.back().second->boundingRect().width());
+    for (double tick = 0.0; tick <= data_.upper; tick += step) {
+        ticks_->addTick(tick, short_text(tick, data_.unit));
     }
-    return 2 * theme::grid + static_cast<int>(widest);
+    yAxis->setTicker(ticks_);
+    yAxis->setRange(0.0, data_.upper);
+    yAxis->setTickLabelPadding(static_cast<int>(gap));
+    yAxis->setPadding(theme::grid);
+    yAxis->grid()->setPen(QPen(look_.lines));
+    yAxis->grid()->setZeroLinePen(Qt::NoPen);
+    const int label = data_.labels.isEmpty() ? 0 : metrics.horizontalAdvance(data_.labels.back());
+    axisRect()->setMinimumMargins({0, 0, std::max(theme::grid, label / 2), 0});
+    add_room_above(1);
 }
 
-void ChartDrawing::add_labels() {
-    for (const QString& label : data_.labels) {
-        label_texts_.push_back(add_text(label, look_.font));
+void ChartDrawing::add_titles() {
+    xAxis->setLabel(data_.label_title);
+    xAxis->setLabelFont(look_.font);
+    xAxis->setLabelColor(look_.text);
+    if (!data_.value_title.isEmpty()) {
+        auto* title = new QCPTextElement(this, data_.value_title, look_.font);
+        title->setTextColor(look_.text);
+        title->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
+        title->setMargins({theme::grid, 0, 0, 0});
+        add_row_above(title);
     }
-    for (const QString& note : data_.notes) {
-        note_texts_.push_back(add_text(note, look_.font));
+    if (!data_.notes.isEmpty()) {
+        QCPItemText* title = add_text(data_.notes_title, look_.font);  // in their line, the lowest
+        title->position->setType(QCPItemPosition::ptViewportRatio);
+        title->position->setCoords(0.0, 1.0);
+        title->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        title->setPadding({theme::grid, 0, 0, 0});
     }
-    value_title_ = add_text(data_.value_title, look_.font);
-    label_title_ = add_text(data_.label_title, look_.font);
-    notes_title_ = add_text(data_.notes_title, look_.font);
 }
 
-QGraphicsSimpleTextItem* ChartDrawing::add_text(const QString& text, const QFont& font) {
-    auto* item = new QGraphicsSimpleTextItem(text, this);
+void ChartDrawing::add_legend(int key_width) {
+    const int line = QFontMetrics(look_.font).height();
+    legend->setVisible(true);
+    legend->setBorderPen(Qt::NoPen);
+    legend->setBrush(Qt::NoBrush);
+    legend->setFont(look_.font);
+    legend->setTextColor(look_.text);
+    legend->setIconSize(std::max(key_width, line), line);
+    add_row_above(legend);
+}
+
+void ChartDrawing::add_row_above(QCPLayoutElement* element) {
+    plotLayout()->insertRow(0);
+    plotLayout()->addElement(0, 0, element);
+    plotLayout()->setRowStretchFactor(0, 0.001);  // no more than it needs
+}
+
+void ChartDrawing::add_room_above(int lines) {
+    const int room = lines * QFontMetrics(look_.font).height();
+    axisRect()->setMinimumMargins(axisRect()->minimumMargins() + QMargins(0, room, 0, 0));
+}
+
+QCPItemText* ChartDrawing::add_text(const QString& text, const QFont& font) {
+    auto* item = new QCPItemText(this);  // owned by this, as every element of it
+    item->setText(text);
     item->setFont(font);
-    item->setBrush(look_.text);
-    item->setZValue(20);
+    item->setColor(look_.text);
+    item->setClipToAxisRect(false);
     return item;
 }
 
 double ChartDrawing::slot() const {
-    return plotArea().width() / static_cast<double>(data_.labels.size());
+    return axisRect()->width() / xAxis->range().size();
 }
 
-QPointF ChartDrawing::position(double label, double value) const {
-    const QRectF plot = plotArea();
-    return {plot.left() + slot() * (label + 0.5), plot.bottom() - plot.height() * value / data_.upper};
-}
-
-int ChartDrawing::label_at(const QPointF& spot) const {
-    const int last = static_cast<int>(data_.labels.size()) - 1;
-    return std::clamp(static_cast<int>((spot.x() - plotArea().left()) / slot()), 0, last);
-}
-
-void ChartDrawing::place_texts() {
-    if (label_texts_.empty()) {
-        return;
+// What fits is only known once the rest is laid out: labels by the width, the upper bound by the
+// height.
+void ChartDrawing::updateLayout() {
+    int needed = 0;
+    for (int set = 0; set < legend->itemCount(); ++set) {
+        needed += legend->item(set)->minimumOuterSizeHint().width() + legend->columnSpacing();
     }
+    legend->setFillOrder(needed > viewport().width() ? QCPLegend::foRowsFirst
+                                                     : QCPLegend::foColumnsFirst);
+    QCustomPlot::updateLayout();
     place_labels();
-    place_ticks();
-    place_titles();
-    place_sets();
+    QCustomPlot::updateLayout();
+    name_upper_bound();
+    fit_sets();
+    QCustomPlot::updateLayout();
 }
 
 // Every label, or every second, fifth, tenth and so on, so that no number, all of one width, touches
-// the next.
-std::size_t ChartDrawing::label_step() const {
-    const double width = label_texts_.back()->boundingRect().width() + gap;
-    std::size_t step = 1;
-    for (const std::size_t larger : {2U, 5U, 10U, 20U, 50U}) {
-        if (width > slot() * static_cast<double>(step)) {
+// the next. A wide label of two words takes two lines; a note stands below its label.
+void ChartDrawing::place_labels() {
+    labels_->clear();
+    const QFontMetricsF metrics(look_.font);
+    const double number = metrics.horizontalAdvance(data_.labels.value(data_.labels.size() - 1)) + gap;
+    qsizetype step = 1;
+    for (const qsizetype larger : {2, 5, 10, 20, 50}) {
+        if (number > slot() * static_cast<double>(step)) {
             step = larger;
         }
     }
-    return step;
-}
-
-// A wide label of two words takes two lines.
-void ChartDrawing::place_labels() {
-    const std::size_t step = label_step();
-    const QRectF plot = plotArea();
-    // A label in words stands for itself; the steps are counted from the first number.
-    const std::size_t first = label_texts_.front()->text().front().isDigit() ? 0 : 1;
-    double free_from = 0.0;
-    for (std::size_t label = 0; label < label_texts_.size(); ++label) {
-        QGraphicsSimpleTextItem* text = label_texts_[label];
-        text->setText(text->text().replace(u'\n', u' '));
-        if (text->boundingRect().width() + gap > slot()) {
-            text->setText(text->text().replace(u' ', u'\n'));
+    double free_from = -axisRect()->left();
+    for (qsizetype label = 0; label < data_.labels.size(); ++label) {
+        QString text = data_.labels[label];
+        if (metrics.horizontalAdvance(text) + gap > slot()) {
+            text.replace(u' ', u'\n');
         }
-        const double width = text->boundingRect().width();
-        const double middle = position(static_cast<double>(label), 0.0).x();
-        const double left = std::clamp(middle - width / 2, 0.0, std::max(0.0, size().width() - width));
-        text->setPos(left, plot.bottom() + line_height() / 2.0);
-        const bool in_step = label < first || (label - first) % step == 0;
-        text->setVisible(in_step && left >= free_from);
-        if (text->isVisible()) {
-            free_from = left + width + gap;
-        }
-        if (label < note_texts_.size()) {
-            place_note(label);
+        const double half = metrics.size(0, text).width() / 2.0;
+        const double middle = slot() * (static_cast<double>(label) + 0.5);
+        // A label in words stands for itself; the steps are counted from the first number.
+        const qsizetype first = data_.labels.front().front().isDigit() ? 0 : 1;
+        if ((label < first || (label - first) % step == 0) && middle - half >= free_from) {
+            const QString note = data_.notes.value(label);
+            labels_->addTick(static_cast<double>(label), note.isEmpty() ? text : text + u'\n' + note);
+            free_from = middle + half + gap;
         }
     }
 }
 
-// Below the middle of its label, and seen where that is; no note is wider than a label.
-void ChartDrawing::place_note(std::size_t label) {
-    const QGraphicsSimpleTextItem* above = label_texts_[label];
-    QGraphicsSimpleTextItem* note = note_texts_[label];
-    const double middle = above->x() + above->boundingRect().width() / 2;
-    note->setPos(middle - note->boundingRect().width() / 2, above->y() + line_height());
-    note->setVisible(above->isVisible());
-}
-
-void ChartDrawing::place_ticks() {
-    for (const auto& [value, text] : tick_texts_) {
-        const QSizeF size = text->boundingRect().size();
-        text->setPos(plotArea().left() - gap - size.width(),
-                     position(0.0, value).y() - size.height() / 2);
+// When there is room above the last round tick.
+void ChartDrawing::name_upper_bound() {
+    const double step = tick_step(data_.upper, look_.most_steps);
+    const double above_last = std::fmod(data_.upper, step);
+    const double room = axisRect()->height() * above_last / data_.upper;
+    if (above_last > 0.0) {
+        const bool named = room >= QFontMetricsF(look_.font).height();
+        ticks_->addTick(data_.upper, named ? short_text(data_.upper, data_.unit) : QString());
     }
 }
 
-void ChartDrawing::place_titles() {
-    const QSizeF size = label_title_->boundingRect().size();
-    value_title_->setPos(theme::grid, 0.0);
-    label_title_->setPos(plotArea().center().x() - size.width() / 2,
-                         this->size().height() - size.height());
-    notes_title_->setPos(theme::grid, plotArea().bottom() + line_height() * 1.5);
+// A picture keeps lines and texts as such, and can be painted anywhere; then it is scaled by itself to
+// the device's resolution.
+void ChartDrawing::paint(QPainter& painter, const QRectF& area, int width) {
+    const double scale = area.width() / width;
+    QPicture picture;
+    QCPPainter recorder(&picture);
+    recorder.setMode(QCPPainter::pmVectorized);
+    toPainter(&recorder, width, qRound(area.height() / scale));
+    recorder.end();
+    painter.save();
+    painter.translate(area.topLeft());
+    const double by_itself = 1.0 * painter.device()->logicalDpiX() / picture.logicalDpiX();
+    painter.scale(scale / by_itself, scale / by_itself);
+    painter.drawPicture(0, 0, picture);
+    painter.restore();
 }
 
 }  // namespace kelvar

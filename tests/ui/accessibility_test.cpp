@@ -1,5 +1,6 @@
 // What people who see little, use no mouse or a screen reader rely on; held for every screen.
 
+#include <qcustomplot.h>
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
@@ -7,8 +8,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QGraphicsSimpleTextItem>
-#include <QGraphicsView>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -24,6 +23,7 @@
 #include <set>
 
 #include "output/report/print_buttons.h"
+#include "tests/support/drawn_texts.h"
 #include "tests/support/stations.h"
 #include "widgets/chart.h"
 #include "widgets/grid.h"
@@ -240,20 +240,18 @@ TEST_P(EveryScreen, PlacesOfAChartAreItsChildren) {
 INSTANTIATE_TEST_SUITE_P(Screens, EveryScreen, ::testing::ValuesIn(stations()), station_name);
 
 // Neither labels nor values nor titles of a drawing lie on each other, nor outside.
-void expect_texts_apart(const QGraphicsView& view) {
-    std::vector<const QGraphicsSimpleTextItem*> texts;
-    for (const QGraphicsItem* item : view.scene()->items()) {
-        const auto* text = dynamic_cast<const QGraphicsSimpleTextItem*>(item);
-        if (text == nullptr || !text->isVisible() || text->text().isEmpty()) {
-            continue;
+void expect_texts_apart(QCustomPlot& drawing) {
+    DrawnTexts drawn(drawing.size());
+    QCPPainter painter(&drawn);
+    drawing.toPainter(&painter, drawing.width(), drawing.height());
+    const QRectF inside = QRectF(drawing.rect()).adjusted(-1.0, -1.0, 1.0, 1.0);
+    EXPECT_GE(drawn.texts.size(), 5U);
+    for (auto text = drawn.texts.begin(); text != drawn.texts.end(); ++text) {
+        EXPECT_TRUE(inside.contains(text->place)) << text->text.toStdString();
+        for (auto other = drawn.texts.begin(); other != text; ++other) {
+            EXPECT_FALSE(text->place.intersects(other->place))
+                << text->text.toStdString() << " lies on " << other->text.toStdString();
         }
-        const QRectF place = text->sceneBoundingRect();
-        EXPECT_TRUE(view.sceneRect().contains(place)) << text->text().toStdString();
-        for (const QGraphicsSimpleTextItem* other : texts) {
-            EXPECT_FALSE(place.intersects(other->sceneBoundingRect()))
-                << text->text().toStdString() << " lies on " << other->text().toStdString();
-        }
-        texts.push_back(text);
     }
 }
 
@@ -284,8 +282,8 @@ TEST_P(LargeText, IsNotClipped) {
         EXPECT_TRUE(needed.width() <= label->width() && needed.height() <= label->height())
             << name_of(label) << ": " << label->text().toStdString();
     }
-    for (const QGraphicsView* chart : visible<QGraphicsView>()) {
-        expect_texts_apart(*chart);
+    for (QCustomPlot* drawing : visible<QCustomPlot>()) {
+        expect_texts_apart(*drawing);
     }
     for (const QAbstractButton* button : visible<QAbstractButton>()) {
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << name_of(button);

@@ -1,6 +1,7 @@
 // Journeys for the lump sum and the partial lump sum. Figures worked out with decimal arithmetic from
 // the rules, for today 15 January 2020.
 
+#include <qcustomplot.h>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -41,6 +42,8 @@ TEST_F(LumpSum, AllFourRates) {
                                                   {u"7%"_s, u"$258,854.30"_s},
                                                   {u"8%"_s, u"$260,148.11"_s}};
     auto* chart = find<BarChart>("grphlump");
+    EXPECT_EQ(chart->findChild<QCustomPlot*>()->yAxis->tickVectorLabels().toList().join(u' '),
+              u"$0 $50,000 $100,000 $150,000 $200,000 $250,000 $270,000"_s);
     chart->setFocus();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the visit began the day before
     for (const auto& [rate, value] : values) {

@@ -3,15 +3,12 @@
 
 #include <sys/resource.h>
 
-#include <QBarSeries>
-#include <QBarSet>
-#include <QChartView>
+#include <qcustomplot.h>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
-#include <QGraphicsPathItem>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -304,11 +301,12 @@ TEST_F(Periodic, FixedAmountThatOutlastsLife) {
 
     click("cmdcompare");
     const auto strong_lines = [this] {
-        const auto* view = find<QWidget>("grphcompare")->findChild<QChartView*>();
-        return std::ranges::count_if(view->chart()->childItems(), [](QGraphicsItem* item) {
-            const auto* path = qgraphicsitem_cast<QGraphicsPathItem*>(item);
-            return path != nullptr && path->pen().widthF() > 3.0;
-        });
+        const auto* drawing = find<QWidget>("grphcompare")->findChild<QCustomPlot*>();
+        int strong = 0;
+        for (int line = 0; line < drawing->graphCount(); ++line) {
+            strong += drawing->graph(line)->pen().widthF() > 3.0 ? 1 : 0;
+        }
+        return strong;
     };
     EXPECT_EQ(strong_lines(), 0) << "at 7% there is no line";
     press(Qt::Key_Up);
@@ -402,19 +400,19 @@ TEST_F(Periodic, ChartSaysTheYearUnderThePointer) {
         click("cmdchart");
         EXPECT_EQ(text_of("lblfrequency"), c.payments);
         EXPECT_EQ(text_of("lblperiod"), c.period);
-        auto* view = window->visible_screen()->findChild<QChartView*>();
-        const QRectF plot = view->chart()->plotArea();
+        auto* chart = find<QWidget>("grphsche");
+        auto* drawing = chart->findChild<QCustomPlot*>();
+        const QRectF plot = drawing->axisRect()->rect().translated(drawing->pos());
         const double slot = plot.width() / static_cast<double>(c.years.size());
         for (std::size_t year = 0; year < c.years.size(); ++year) {
             for (const double part : {0.1, 0.5, 0.9}) {
                 const QPointF spot(plot.left() + slot * (static_cast<double>(year) + part),
                                    plot.center().y());
-                QTest::mouseMove(view->viewport(), view->mapFromScene(view->chart()->mapToScene(spot)));
+                QTest::mouseMove(chart, spot.toPoint());
                 settle();
                 EXPECT_EQ(text_of("lblreadout"), c.years[year]);
             }
-            const auto* series = qobject_cast<QBarSeries*>(view->chart()->series().front());
-            EXPECT_EQ(series->barSets().front()->at(static_cast<int>(year)),
+            EXPECT_EQ(drawing->plottable(0)->interface1D()->dataMainValue(static_cast<int>(year)),
                       money(c.years[year].section(u' ', -1)));
         }
         find<QWidget>("grphsche")->setFocus();

@@ -1,4 +1,4 @@
-#include "widgets/axis_ticks.h"
+#include "widgets/chart_drawing.h"
 
 #include <gtest/gtest.h>
 
