@@ -53,6 +53,7 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"total_paid", &ReportValues::total_paid},
     {"spread", &ReportValues::spread}};
 constexpr std::pair<const char*, std::vector<NamedTexts> ReportValues::*> result_lists[] = {
+    {"notes", &ReportValues::notes},
     {"ledger", &ReportValues::ledger},
     {"years", &ReportValues::years},
     {"rates", &ReportValues::rates}};

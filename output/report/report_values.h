@@ -46,6 +46,7 @@ struct ReportValues {
     std::string total_paid;
     bool wide = false;               // an amount is so long that tables need smaller type
     std::string spread;              // what the spread of several rates means, in one sentence
+    std::vector<NamedTexts> notes;   // note: what the disclaimer says of it
     std::vector<NamedTexts> ledger;  // entry, amount
     // year, age, payments, beginning, earnings, fees, paid, ending
     std::vector<NamedTexts> years;

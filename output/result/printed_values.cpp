@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/ages.h"
+#include "core/disclaimer.h"
 #include "core/numbers.h"
 #include "core/plan.h"
 #include "engine/chart_rules.h"
@@ -79,6 +80,26 @@ void add_life(ReportValues& values, const Scenario& scenario) {
     values.spouse_age = over_joint_life(scenario) ? std::to_string(scenario.spouse_lookup_age) : "";
     values.divisor = number_text(round_to_cents(divisor));
     values.table = table_source(scenario);
+}
+
+// What concerns this result; on paper there is no next screen.
+void add_notes(ReportValues& values, const Scenario& scenario) {
+    constexpr std::size_t on_recalculation = 4;
+    constexpr std::size_t on_life_expectancy = 5;
+    for (std::size_t i = 0; i < std::size(disclaimer); ++i) {
+        const bool concerns_it =
+            i == on_recalculation
+                ? scenario.method != lump_sum && scenario.length_option != by_dollar_amount
+                : i != on_life_expectancy || scenario.method != lump_sum;
+        if (concerns_it) {
+            std::string note = disclaimer[i];
+            constexpr std::string_view elsewhere = "on the next screen";
+            if (const std::size_t at = note.find(elsewhere); at != std::string::npos) {
+                note.replace(at, elsewhere.size(), "in this report");
+            }
+            values.notes.push_back({{"note", note}});
+        }
+    }
 }
 
 bool has_long_amount(const std::vector<NamedTexts>& list) {
@@ -177,6 +198,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
                             Database& database) {
     ReportValues values = heading_values(scenario);
     values.headline = headline(scenario, projection);
+    add_notes(values, scenario);
     add_ledger(values, scenario, projection.ledger);
     if (scenario.method == lump_sum) {
         const Date date = projection.dates.first.date;

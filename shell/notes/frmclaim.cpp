@@ -7,8 +7,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "core/disclaimer.h"
 #include "widgets/controls.h"
 #include "widgets/scrolled_page.h"
+#include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -16,17 +18,6 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 namespace {
-
-// Double and trailing blanks belong to the texts.
-const QString texts[] = {
-    u"The Assumed Rates of Returns for the Future are based on historical returns, volatility and correlations, but not exclusively. They are forward-looking, therefore, they will not match historical returns."_s,
-    u"A change in the method of distribution,  payment date or annual rate of return could substantially change the figures on the next screen."_s,
-    u"The figures on the payment schedule are only estimates and are for illustration purposes only.  The payment schedule is not intended nor shall it in any way be construed as a guarantee of rate of return,  account value or payment amounts."_s,
-    u"The estimated distribution payment is before any taxes, or penalties (if applicable). "_s,
-    u"For periodic payments: In this software, each calendar year, your account's distribution will be recalculated before the 1st payment for that year. This recalculation is necessary in order to reflect any growth in your account.  The annual recalculation will be based on the remaining balance in your account and the number of installment payments left.  Consequently, the dollar amount of each year's installment payments will either increase, decrease or remain the same relative to the previous year's payment(s). "_s,
-    u"This projection is based upon your current life expectancy/joint life expectancy/minimum distribution and does not reflect the fact that under the Plan, your life expectancy will be recalculated annually.  The amount of your total annual distribution may vary significantly from the amounts of this projection due to this recalculation feature and market fluctuation."_s,
-    u"Pursuant to IRS rules, participants who defer distribution until after the close of the year in which they reach age 70 1/2, or sever from City service if older than age 70 1/2, must receive two minimum distribution payments in that year. This software does not incorporate this condition. "_s,
-};
 
 constexpr int characters_in_a_line = 90;
 
@@ -42,7 +33,7 @@ QFont narrow_font(const QFont& base) {
 
 // In pixels; the texts have enough words to tell how wide a character is on average.
 int line_width(const QFont& font) {
-    const QString& text = texts[4];
+    const QString text = to_qt(disclaimer[4]);
     return QFontMetrics(font).horizontalAdvance(text.left(400)) * characters_in_a_line / 400;
 }
 
@@ -64,8 +55,8 @@ frmclaim::frmclaim(QWidget* parent) : QDialog(parent) {
     lines->setContentsMargins(0, 0, theme::grid, 0);
     lines->setSpacing(theme::grid);
     int index = 0;
-    for (const QString& text : texts) {
-        auto* line = theme::label(text, theme::Role::body);
+    for (const char* text : disclaimer) {
+        auto* line = theme::label(to_qt(text), theme::Role::body);
         line->setObjectName(u"lblnote_%1"_s.arg(index++));
         line->setWordWrap(true);
         line->setFont(narrow);

@@ -77,6 +77,22 @@ TEST(PrintedValues, SayWhatTheScreenShows) {
     EXPECT_EQ(values.lump_sum, "");
     EXPECT_TRUE(values.chart);
     EXPECT_FALSE(values.wide);
+    // What is said of recalculation concerns neither dollar amounts nor a lump sum, which has no life
+    // expectancy either.
+    const auto beginnings = [](const Scenario& scenario) {
+        std::string all;
+        for (const NamedTexts& note : values_of(scenario).notes) {
+            all += joined(note).substr(0, 7) + ';';
+        }
+        return all;
+    };
+    Scenario scenario = over_life();
+    EXPECT_EQ(beginnings(scenario), "The Ass;A chang;The fig;The est;For per;This pr;Pursuan;");
+    scenario.length_option = by_dollar_amount;
+    EXPECT_EQ(beginnings(scenario), "The Ass;A chang;The fig;The est;This pr;Pursuan;");
+    scenario.method = lump_sum;
+    EXPECT_EQ(beginnings(scenario), "The Ass;A chang;The fig;The est;Pursuan;");
+    EXPECT_TRUE(joined(values.notes[1]).ends_with(" change the figures in this report. "));
 }
 
 // 11,988.24 dollars are paid in 2028, where 326,296.46 / 26.5 are due. In 2035 it is 17,103.48 of
