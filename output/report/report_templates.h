@@ -1,15 +1,10 @@
 // Which report templates a Print prints, and in which order.
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 namespace kelvar {
-
-inline constexpr std::array all_report_templates{"lumpsum.rpt",  "periodic.rpt", "partial.rpt",
-                                                 "yearly.rpt",   "schedule.rpt", "schefix.rpt",
-                                                 "schelife.rpt", "compare.rpt"};
 
 enum class Parts { everything, summary_and_years, summary };
 

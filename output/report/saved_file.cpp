@@ -12,7 +12,6 @@
 #include <filesystem>
 
 #include "output/report/page_painter.h"
-#include "output/report/report_templates.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 
@@ -31,7 +30,7 @@ std::vector<std::filesystem::path> own_files(const Module1& module) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
         files.push_back(module.program_file(std::string(Module1::database_name) + suffix));
     }
-    for (const char* name : all_report_templates) {
+    for (const char* name : {KELVAR_REPORT_TEMPLATES}) {
         files.push_back(module.program_file(name));
     }
     return files;
