@@ -58,7 +58,7 @@ ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
 
     auto* buttons = new PrintButtons(navigation());
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
-        buttons->say(print(module, this, destination, [this] { return print_job(); }));
+        buttons->say(print(module, this, destination, print_job()));
     });
 }
 
@@ -155,14 +155,17 @@ PrintJob ChartScreen::print_job() const {
     const QString headings =
         u"<h1>"_s + title.toHtmlEscaped() + u"</h1><table width=\"100%\"><tr><td>"_s + printed_lines_ +
         u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
-    const Date today = module.today();
+    const bool balance = view_->is_second();
+    const auto paint = [bars = balance ? balances_ : payments_](QPainter& painter, const QRectF& area) {
+        BarChart chart("", {});
+        chart.show_bars(bars);
+        chart.paint_on_paper(painter, area);
+    };
     return {.title = title + u" - Chart"_s,  // the list of payments has the same title
-            .file_name = proposed_name(
-                method_ + (view_->is_second() ? u" Balance Chart"_s : u" Chart"_s), rate_, today),
+            .file_name = proposed_name(method_ + (balance ? u" Balance Chart"_s : u" Chart"_s), rate_,
+                                       module.today()),
             .orientation = QPageLayout::Landscape,
-            .draw = [this, title, headings, today](QPagedPaintDevice& device) {
-                draw_chart_page(device, today, title, headings, *grphsche);
-            }};
+            .reports = {chart_page(title, headings, paint)}};
 }
 
 }  // namespace kelvar

@@ -1,26 +1,15 @@
 #include "output/report/chart_page.h"
 
-#include <QPagedPaintDevice>
-#include <QTextDocument>
-
-#include "output/report/page_painter.h"
-#include "widgets/chart.h"
+#include "output/report/charted_report.h"
 
 namespace kelvar {
 
-void draw_chart_page(QPagedPaintDevice& device, Date printed, const QString& title,
-                     const QString& above, const Chart& chart) {
-    PagePainter page(device, printed, 1);
-    QTextDocument document;
-    set_style(document);
-    document.setHtml(above);
-    lay_out(document, device);
-    if (page.next_page(title)) {
-        page.draw(document, 0);
-        chart.paint_on_paper(page.painter(),
-                             page.body().adjusted(0.0, document.size().height(), 0.0, 0.0));
-    }
-    page.finish();
+Report chart_page(const QString& title, const QString& above, PaintChart chart) {
+    auto page = std::make_shared<ChartedReport>(std::filesystem::path(), PaintChart());
+    page->setHtml(above);
+    page->setMetaInformation(QTextDocument::DocumentTitle, title);
+    page->chart_below = std::move(chart);
+    return page;
 }
 
 }  // namespace kelvar

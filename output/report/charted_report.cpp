@@ -24,13 +24,9 @@ bool is_chart(const QTextFormat& format) {
 }  // namespace
 
 ChartedReport::ChartedReport(std::filesystem::path folder, PaintChart chart)
-    : ReportDocument(std::move(folder)), chart_(std::move(chart)) {
+    : ReportDocument(std::move(folder)) {
     set_style(*this);
-    new ChartPlace(*this, chart_);
-}
-
-std::unique_ptr<ReportDocument> ChartedReport::blank() const {
-    return std::make_unique<ChartedReport>(folder(), chart_);
+    new ChartPlace(*this, std::move(chart));
 }
 
 QVariant ChartedReport::loadResource(int type, const QUrl& name) {

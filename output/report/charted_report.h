@@ -3,13 +3,10 @@
 
 #include <QObject>
 #include <QTextObjectInterface>
-#include <functional>
 
 #include "output/report/report_document.h"
 
 namespace kelvar {
-
-using PaintChart = std::function<void(QPainter&, const QRectF&)>;
 
 // The image named "result:chart" is painted when its page is, so that it is as sharp as the device. Its
 // width and height count 96 to the inch. Without a chart the place stays empty.
@@ -21,10 +18,6 @@ public:
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
-    std::unique_ptr<ReportDocument> blank() const override;
-
-private:
-    PaintChart chart_;
 };
 
 // Takes the place of what usually draws the images of a document, which draws all others.

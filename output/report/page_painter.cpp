@@ -20,11 +20,11 @@ constexpr double footer_points = 8.0;
 
 const QString style =
     uR"(
-    h1 { font-size: x-large; margin-top: 0px; margin-bottom: 2px; }
+    h1 { font-size: x-large; margin-top: 0px; margin-bottom: 11px; }
     h2 { font-size: large; margin-top: 14px; margin-bottom: 2px; }
     p { margin-top: 2px; margin-bottom: 6px; }
     p.note { font-size: 9pt; }
-    table { margin-top: 6px; margin-bottom: 6px; }
+    table { margin-top: 3px; margin-bottom: 3px; }
     th { font-weight: 600; background-color: #e3ebf2; padding: 2px 6px; }
     td { padding: 1px 6px; }
 )"_s;
@@ -61,17 +61,9 @@ void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     document.setLayoutEnabled(true);
 }
 
-void lay_out_endless(QTextDocument& document, QPagedPaintDevice& device) {
-    constexpr double pages = 50.0;
-    const QSizeF page = body_of(device).size();
-    document.documentLayout()->setPaintDevice(&device);
-    document.setPageSize({page.width(), pages * page.height()});
-    document.setLayoutEnabled(true);
-}
-
-PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count)
+PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count, PageCounter* counter)
     : device_(device),
-      counter_(dynamic_cast<PageCounter*>(&device)),
+      counter_(counter),
       body_(body_of(device)),
       printed_(printed),
       page_count_(page_count) {
@@ -89,7 +81,8 @@ bool PagePainter::next_page(const QString& title) {
     if (!wanted.isEmpty() && !wanted.contains(page_)) {
         return false;
     }
-    if (drawn_++ > 0 && !device_.newPage()) {
+    const bool is_first = drawn_++ == 0;
+    if (!is_first && ((counter_ != nullptr && !counter_->go_on()) || !device_.newPage())) {
         throw PrintError(refused);
     }
     draw_footer(title);
@@ -106,15 +99,12 @@ void PagePainter::finish() {
 }
 
 void PagePainter::draw(const QTextDocument& document, int page) {
-    draw(document, page * body_.height(), (page + 1) * body_.height(), 0.0);
-}
-
-void PagePainter::draw(const QTextDocument& document, double top, double bottom, double y) {
+    const double top = page * body_.height();
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = QRectF(body_.left(), top, body_.width(), bottom - top);
+    context.clip = body_.translated(0.0, top);
     context.palette.setColor(QPalette::Text, Qt::black);
     painter_.save();
-    painter_.translate(0.0, y - top);
+    painter_.translate(0.0, -top);
     painter_.setClipRect(context.clip);
     document.documentLayout()->draw(&painter_, context);
     painter_.restore();

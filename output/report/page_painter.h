@@ -24,8 +24,6 @@ void set_style(QTextDocument& document);
 // Lays a document out in pages for a device, which must outlive its use. Points of fonts and pixels of
 // distances are those of the device.
 void lay_out(QTextDocument& document, QPagedPaintDevice& device);
-// The same on one page without an end.
-void lay_out_endless(QTextDocument& document, QPagedPaintDevice& device);
 
 // The text says what went wrong, for the user.
 class PrintError : public std::runtime_error {
@@ -33,10 +31,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// A device that also is one is told how many pages there will be.
+// Told how far the pages are.
 class PageCounter {
 public:
     virtual void begin(int pages) = 0;
+    // Another page is to follow. False when no more are wanted.
+    virtual bool go_on() = 0;
 
 protected:
     ~PageCounter() = default;
@@ -44,8 +44,9 @@ protected:
 
 class PagePainter {
 public:
-    // Throws PrintError when the device cannot be drawn on, as does every step below.
-    PagePainter(QPagedPaintDevice& device, Date printed, int page_count);
+    // The counter may be null. Throws PrintError when the device cannot be drawn on, as does every step
+    // below.
+    PagePainter(QPagedPaintDevice& device, Date printed, int page_count, PageCounter* counter);
     PagePainter(const PagePainter&) = delete;
     PagePainter& operator=(const PagePainter&) = delete;
 
@@ -61,15 +62,12 @@ public:
 
     // Draws one page, counted from 0, of a document that was laid out for the same device.
     void draw(const QTextDocument& document, int page);
-    // Draws a strip of such a document, as wide as the page and in the document's pixels, `y` below the
-    // top of the page.
-    void draw(const QTextDocument& document, double top, double bottom, double y);
 
 private:
     void draw_footer(const QString& title);
 
     QPagedPaintDevice& device_;
-    PageCounter* counter_;  // the same, or null
+    PageCounter* counter_;
     QPainter painter_;
     QRectF body_;
     Date printed_;

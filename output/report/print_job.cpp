@@ -54,32 +54,32 @@ void set_up(QPrinter& printer, const PrintJob& job) {
     printer.setPageMargins(page_margins, QPageLayout::Point);
 }
 
-void draw_on(QPrinter& printer, const PrintJob& job) {
+void draw_on(QPrinter& printer, const PrintJob& job, Date today) {
     const Hourglass hourglass;
-    job.draw(printer);
+    draw_reports(job.reports, today, printer);
     if (printer.printerState() == QPrinter::Error) {
         throw PrintError("The printer " + to_utf8(printer.printerName()) + " reports an error.");
     }
 }
 
 // Draws all of it where it can be thrown away.
-void rehearse(const QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
+void rehearse(const QPrinter& printer, const PrintJob& job, Date today, PrintProgress& progress) {
     const Hourglass hourglass;
     QBuffer thrown_away;
     thrown_away.open(QIODevice::WriteOnly);
-    CountedPages rehearsal(progress, &thrown_away);
+    QPdfWriter rehearsal(&thrown_away);
     rehearsal.setPageLayout(printer.pageLayout());
     rehearsal.setResolution(printer.resolution());
     rehearsal.setPageRanges(printer.pageRanges());
-    job.draw(rehearsal);
+    draw_reports(job.reports, today, rehearsal, &progress);
 }
 
 // A printing system takes what was drawn so far also of a job that is given up: only a job that the
 // user did not cancel goes to the printer.
-void print_on(QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
-    rehearse(printer, job, progress);
+void print_on(QPrinter& printer, const PrintJob& job, Date today, PrintProgress& progress) {
+    rehearse(printer, job, today, progress);
     progress.send();
-    draw_on(printer, job);
+    draw_on(printer, job, today);
 }
 
 // Which pages and how many copies. False when the user does not print.
@@ -93,6 +93,7 @@ bool ask_how(QPrinter& printer, QWidget* window, int pages) {
         return false;
     }
     // A list of pages goes to the printing system, which picks them out of all that it is given.
+    // Neither dialog nor printer tells such a list from a range: both say PageRange.
     const auto* list = dialog.findChild<QRadioButton*>(u"pagesRadioButton"_s);
     if (list != nullptr && list->isChecked()) {
         printer.setPageRanges({});
@@ -101,13 +102,13 @@ bool ask_how(QPrinter& printer, QWidget* window, int pages) {
 }
 
 // The user looks at the pages. True to print them, in the same way as without a look.
-bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
+bool preview(QPrinter& printer, QWidget* window, const PrintJob& job, Date today) {
     QPrintPreviewDialog dialog(&printer, window->window());
     dialog.setObjectName(u"printpreview"_s);
     std::exception_ptr error;  // none may pass through the event loop
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* pages) {
         try {
-            draw_on(*pages, job);
+            draw_on(*pages, job, today);
         } catch (const std::exception&) {
             error = std::current_exception();
             QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
@@ -117,6 +118,7 @@ bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
     // window shows it.
     dialog.resize(window->screen()->size());
     auto* tools = dialog.findChild<QToolBar*>();
+    // The dialog would ask and print by itself, and offers nothing of its Print but the action's text.
     for (QAction* action : dialog.findChildren<QAction*>()) {
         if (action->text() == u"Fit width") {
             action->trigger();
@@ -156,14 +158,14 @@ void write_pdf(const Module1& module, const QString& path, const PrintJob& job,
     const Hourglass hourglass;
     QBuffer pages;
     pages.open(QIODevice::WriteOnly);
-    CountedPages writer(progress, &pages);
+    QPdfWriter writer(&pages);
     writer.setTitle(job.title);
     writer.setCreator(u"Kelvar"_s);
     writer.setDocumentXmpMetadata(description(job));
     writer.setPageSize(QPageSize(QPageSize::Letter));
     writer.setPageOrientation(job.orientation);
     writer.setPageMargins(page_margins, QPageLayout::Point);
-    job.draw(writer);
+    draw_reports(job.reports, module.today(), writer, &progress);
     write_whole(module, path, pages.data());
 }
 
@@ -192,7 +194,7 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
         const std::unique_ptr<QPrinter> pages = paper();
         set_up(*pages, job);
         const QPageLayout offered = pages->pageLayout();
-        if (!preview(*pages, window, job)) {
+        if (!preview(*pages, window, job, module.today())) {
             return {};
         }
         if (pages->pageLayout() != offered) {
@@ -213,27 +215,35 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
         printer.setPageLayout(*wanted);
     }
     if (destination != Destination::printer) {
-        rehearse(printer, job, progress);
+        rehearse(printer, job, module.today(), progress);
         progress.end();
         if (!ask_how(printer, window, progress.pages())) {
             return {};
         }
     }
-    print_on(printer, job, progress);
+    print_on(printer, job, module.today(), progress);
     return u"Sent to the printer "_s + printer.printerName();
 }
 
 }  // namespace
 
-QString print(Module1& module, QWidget* window, Destination destination,
-              const std::function<PrintJob()>& prepare) {
+void add_reports(PrintJob& job, Module1& module, const std::vector<std::string>& templates,
+                 const ReportValues& result) {
+    for (const std::string& name : templates) {
+        try {
+            job.reports.push_back(fill_template(module.program_file(name), module.database(), result));
+        } catch (const PrintError& error) {
+            job.missing += (job.missing.empty() ? "" : "\n\n") + std::string(error.what());
+        }
+    }
+}
+
+QString print(Module1& module, QWidget* window, Destination destination, const PrintJob& job) {
     PrintProgress progress(window);
     try {
-        PrintJob job;
-        {
-            const Hourglass hourglass;
-            require_font();
-            job = prepare();
+        require_font();
+        if (job.reports.empty()) {
+            throw PrintError(job.missing);
         }
         QString printed = print_prepared(module, window, destination, job, progress);
         progress.end();

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QPdfWriter>
 #include <QProgressDialog>
 #include <optional>
 
@@ -10,7 +9,7 @@
 
 namespace kelvar {
 
-class PrintProgress {
+class PrintProgress final : public PageCounter {
 public:
     // Over the main window that `window` is in.
     explicit PrintProgress(QWidget* window) : window_(window) { started_.start(); }
@@ -21,10 +20,9 @@ public:
     // Waits for the print server, at most 3 seconds. False when it does not answer, or when the user
     // has cancelled.
     bool find_printers();
-    void begin(int pages);
-    // Another page is to follow. False once the user has cancelled; what was printed is then to be
-    // thrown away.
-    bool go_on();
+    void begin(int pages) override;
+    // False once the user has cancelled; what was printed is then to be thrown away.
+    bool go_on() override;
     // All pages are drawn and now sent, which can no longer be cancelled.
     void send();
     void end();
@@ -39,18 +37,6 @@ private:
     std::optional<QProgressDialog> dialog_;
     bool cancelled_ = false;
     int pages_ = 0;
-};
-
-// A PDF whose pages are counted. Cancelled, it takes no more of them.
-class CountedPages : public QPdfWriter, public PageCounter {
-public:
-    CountedPages(PrintProgress& progress, QIODevice* file) : QPdfWriter(file), progress_(progress) {}
-
-    void begin(int pages) override { progress_.begin(pages); }
-    bool newPage() override { return progress_.go_on() && QPdfWriter::newPage(); }
-
-private:
-    PrintProgress& progress_;
 };
 
 }  // namespace kelvar

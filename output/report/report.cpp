@@ -8,9 +8,9 @@
 #include <optional>
 
 #include "output/report/charted_report.h"
+#include "output/report/long_table_pages.h"
 #include "output/report/page_painter.h"
 #include "output/report/report_fields.h"
-#include "output/report/report_pages.h"
 #include "output/report/template_tags.h"
 #include "widgets/text.h"
 
@@ -186,18 +186,24 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     return document;
 }
 
-void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device) {
-    std::vector<std::unique_ptr<ReportPages>> parts;
+void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
+                  PageCounter* counter) {
     int page_count = 0;
     for (const Report& report : reports) {
-        parts.push_back(std::make_unique<ReportPages>(*report, device));
-        page_count += parts.back()->count();
+        lay_out_report(*report, device);
+        page_count += report->pageCount();
     }
-    PagePainter pages(device, printed, page_count);
-    for (std::size_t part = 0; part < parts.size(); ++part) {
-        for (int page = 0; page < parts[part]->count(); ++page) {
-            if (pages.next_page(reports[part]->metaInformation(QTextDocument::DocumentTitle))) {
-                parts[part]->draw(pages, page);
+    PagePainter pages(device, printed, page_count, counter);
+    for (const Report& report : reports) {
+        const int last = report->pageCount() - 1;
+        for (int page = 0; page <= last; ++page) {
+            if (!pages.next_page(report->metaInformation(QTextDocument::DocumentTitle))) {
+                continue;
+            }
+            pages.draw(*report, page);
+            if (page == last && report->chart_below) {
+                const double text = report->size().height() - last * report->pageSize().height();
+                report->chart_below(pages.painter(), pages.body().adjusted(0.0, text, 0.0, 0.0));
             }
         }
     }

@@ -28,6 +28,8 @@
 
 namespace kelvar {
 
+class PageCounter;
+
 // One finished report, with all that it shows; reading files is over. What its <title> says is the
 // document's title.
 using Report = std::shared_ptr<ReportDocument>;
@@ -37,7 +39,9 @@ using Report = std::shared_ptr<ReportDocument>;
 Report fill_template(const std::filesystem::path& template_file, Database& database,
                      const ReportValues& result = {});
 
-// Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError.
-void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device);
+// Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError,
+// also when the counter does not go on.
+void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
+                  PageCounter* counter = nullptr);
 
 }  // namespace kelvar

@@ -75,13 +75,7 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
     if (auto why = excess(html)) {
         return why;
     }
-    html_ = html;
-    rows_ = ReportRows::find(html);
-    setHtml(rows_ ? rows_->shortened(html) : html);  // reads style sheets and backgrounds
-    if (rows_ && !rows_->belong_to(*this)) {
-        rows_.reset();
-        setHtml(html);
-    }
+    setHtml(html);  // reads style sheets and backgrounds
     for (const QTextFormat& format : allFormats()) {
         const QString image = format.toImageFormat().name();
         if (format.isImageFormat() && !QUrl(image).isValid()) {
@@ -91,13 +85,6 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
         }
     }
     return refused_;
-}
-
-std::unique_ptr<ReportDocument> ReportDocument::with(const QString& html) const {
-    std::unique_ptr<ReportDocument> document = blank();
-    document->files_ = files_;
-    document->setHtml(html);
-    return document;
 }
 
 // Always gives something: for an image without contents the toolkit would look for a file by itself.

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "output/report/page_painter.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 
@@ -97,15 +96,15 @@ QString saved_to(const QString& path) {
 void write_whole(const Module1& module, const QString& path, const QByteArray& contents) {
     const std::string shown = "The file " + to_utf8(QDir::toNativeSeparators(path));
     if (belongs_to_program(module, path)) {
-        throw PrintError(shown + " belongs to the program and stays as it is.");
+        throw FileError(shown + " belongs to the program and stays as it is.");
     }
     QSaveFile file(path);
     const auto refuse = [&] {
-        throw PrintError(shown + " cannot be written: " + to_utf8(file.errorString()) + ".");
+        throw FileError(shown + " cannot be written: " + to_utf8(file.errorString()) + ".");
     };
     const QFileInfo there(path);
     if (there.exists() && !there.isFile()) {
-        throw PrintError(shown + " cannot be written: it is a device or a folder.");
+        throw FileError(shown + " cannot be written: it is a device or a folder.");
     }
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         refuse();
@@ -134,7 +133,7 @@ QString save_csv(Module1& module, QWidget* window, const QString& name, const QB
         const Hourglass hourglass;
         write_whole(module, path, table);
         remember_folder(window, path);
-    } catch (const PrintError& error) {
+    } catch (const FileError& error) {
         module.screens.show_message(std::string("Nothing was saved.\n\n") + error.what());
         return {};
     }

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <stdexcept>
+
 #include "core/module1.h"
 
 class QWidget;
@@ -14,6 +16,12 @@ namespace kelvar {
 // What a file is called without its suffix, such as "Periodic Payments 5% 2020-01-15"; `rate` may be
 // empty. What no file name can hold becomes a dash.
 QString proposed_name(const QString& title, const QString& rate, Date day);
+
+// The text says why a file was not written, for the user.
+class FileError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 struct FileKind {
     const char* dialog;  // object name of the dialog
@@ -33,7 +41,7 @@ void remember_folder(QWidget* window, const QString& path);
 QString saved_to(const QString& path);
 
 // Writes the file with this path. An existing file is only replaced by a complete one; where the name
-// is a link to another file, that file is replaced and the link stays. Throws PrintError for a file
+// is a link to another file, that file is replaced and the link stays. Throws FileError for a file
 // that belongs to the program, and when the file cannot be written.
 void write_whole(const Module1& module, const QString& path, const QByteArray& contents);
 

@@ -7,7 +7,6 @@
 
 #include "engine/chart_rules.h"
 #include "output/report/page_painter.h"
-#include "output/report/report.h"
 #include "output/report/saved_file.h"
 #include "output/result/cells.h"
 #include "output/result/printed_values.h"
@@ -87,7 +86,7 @@ void frmcompare::build_buttons() {
     auto* buttons = new PrintButtons(navigation());
     buttons->offer_csv();
     connect(buttons, &PrintButtons::chosen, this, [this, buttons](Destination destination) {
-        buttons->say(print(module, this, destination, [this] { return print_job(); }));
+        buttons->say(print(module, this, destination, print_job()));
         grdcompare->setFocus();
     });
     connect(buttons, &PrintButtons::csv_chosen, this, [this, buttons] {
@@ -124,25 +123,25 @@ void frmcompare::show_rates() {
 }
 
 void frmcompare::show_lines() {
-    LineData lines;
+    lines_ = {};
     double highest = 0.0;
     std::size_t years = 0;
     for (const ComparedRate& rate : comparison_.rates) {
         if (is_complete(rate)) {
-            lines.sets.push_back({to_qt(rate_text(rate.rate, lump_sum)), rate.balances});
+            lines_.sets.push_back({to_qt(rate_text(rate.rate, lump_sum)), rate.balances});
             highest = std::max(highest, std::ranges::max(rate.balances));
             years = std::max(years, rate.balances.size());
         }
     }
     for (std::size_t year = 0; year < years; ++year) {
-        lines.labels << QString::number(comparison_.first_year + static_cast<int>(year));
+        lines_.labels << QString::number(comparison_.first_year + static_cast<int>(year));
     }
-    lines.upper = y_max(highest);
-    if (lines.sets.size() == 1) {
-        lines.whole = grphcompare->accessibleName() + u": "_s + lines.sets.front().name;
+    lines_.upper = y_max(highest);
+    if (lines_.sets.size() == 1) {
+        lines_.whole = grphcompare->accessibleName() + u": "_s + lines_.sets.front().name;
     }
     grphcompare->setVisible(years > 1);
-    grphcompare->show_lines(lines);
+    grphcompare->show_lines(lines_);
     constexpr int lines_of_text = 13;  // below them it could not be read; it takes what room there is
     grphcompare->setMinimumHeight(lines_of_text * fontMetrics().height());
 }
@@ -172,20 +171,20 @@ QString frmcompare::file_name() const {
 }
 
 PrintJob frmcompare::print_job() const {
+    const Hourglass hourglass;
     ReportValues result = printed_comparison(scenario, comparison_);
-    if (!grphcompare->isHidden()) {
-        result.chart = [this](QPainter& painter, const QRectF& area) {
-            grphcompare->paint_on_paper(painter, area);
+    if (lines_.labels.size() > 1) {
+        result.chart = [lines = lines_](QPainter& painter, const QRectF& area) {
+            LineChart chart("", {});
+            chart.show_lines(lines);
+            chart.paint_on_paper(painter, area);
         };
     }
-    const Report report = fill_template(module.program_file("compare.rpt"), module.database(), result);
-    const Date printed = module.today();
-    return {.title = to_qt(title_with_frequency(scenario)) + u" - "_s + lbltitle->text(),
-            .file_name = file_name(),
-            .orientation = QPageLayout::Landscape,
-            .draw = [report, printed](QPagedPaintDevice& device) {
-                draw_reports({report}, printed, device);
-            }};
+    PrintJob job{.title = to_qt(title_with_frequency(scenario)) + u" - "_s + lbltitle->text(),
+                 .file_name = file_name(),
+                 .orientation = QPageLayout::Landscape};
+    add_reports(job, module, {"compare.rpt"}, result);
+    return job;
 }
 
 }  // namespace kelvar

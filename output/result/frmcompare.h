@@ -3,11 +3,11 @@
 #include "engine/comparison.h"
 #include "output/report/print_buttons.h"
 #include "shell/screen.h"
+#include "widgets/line_chart.h"
 
 namespace kelvar {
 
 class Grid;
-class LineChart;
 class TextTableModel;
 
 // The payments at each chosen rate side by side, and how the balance goes down. A rate that is picked
@@ -33,6 +33,7 @@ private:
     PrintJob print_job() const;
 
     Comparison comparison_;
+    LineData lines_;
     QLabel* lblsub = nullptr;
     Grid* grdcompare = nullptr;
     LineChart* grphcompare = nullptr;

@@ -9,11 +9,10 @@
 
 #include "engine/headline.h"
 #include "engine/result_texts.h"
-#include "output/report/page_painter.h"
-#include "output/report/report.h"
 #include "output/report/report_templates.h"
 #include "output/report/saved_file.h"
 #include "output/result/printed_values.h"
+#include "widgets/hourglass.h"
 #include "widgets/summary_panel.h"
 #include "widgets/table_text.h"
 #include "widgets/text.h"
@@ -75,7 +74,7 @@ void ResultScreen::build_buttons() {
         print_buttons->offer_parts();
     }
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
-        print_buttons->say(print(module, this, destination, [this] { return print_job(); }));
+        print_buttons->say(print(module, this, destination, print_job()));
     });
     connect(print_buttons, &PrintButtons::csv_chosen, this, [this] {
         const Table table = shown_table();
@@ -104,29 +103,21 @@ QString ResultScreen::file_name(const QString& title) const {
 
 // The summary and what follows it, as one job: also without one of them.
 PrintJob ResultScreen::print_job() const {
-    store_again_if_changed();
-    const ReportValues result = printed_values(scenario, shown_, module.database());
-    std::vector<Report> reports;
-    std::string missing;
-    for (const std::string& name :
-         report_templates(scenario.method, scenario.length_option, print_buttons->parts())) {
-        try {
-            reports.push_back(fill_template(module.program_file(name), module.database(), result));
-        } catch (const PrintError& error) {
-            missing += (missing.empty() ? "" : "\n\n") + std::string(error.what());
-        }
+    const Hourglass hourglass;
+    PrintJob job;
+    try {
+        store_again_if_changed();
+        add_reports(job, module,
+                    report_templates(scenario.method, scenario.length_option, print_buttons->parts()),
+                    printed_values(scenario, shown_, module.database()));
+    } catch (const std::exception& error) {  // of the database
+        job.missing = error.what();
     }
-    if (reports.empty()) {
-        throw PrintError(missing);
+    if (!job.reports.empty()) {
+        job.title = job.reports.front()->metaInformation(QTextDocument::DocumentTitle);
+        job.file_name = file_name(job.title);
     }
-    const QString title = reports.front()->metaInformation(QTextDocument::DocumentTitle);
-    const Date printed = module.today();
-    return {.title = title,
-            .file_name = file_name(title),
-            .missing = missing,
-            .draw = [reports, printed](QPagedPaintDevice& device) {
-                draw_reports(reports, printed, device);
-            }};
+    return job;
 }
 
 void ResultScreen::store_result(std::function<void()> store) {

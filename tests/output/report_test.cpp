@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QTextBlock>
@@ -13,8 +14,9 @@
 
 #include "core/scenario.h"
 #include "engine/store.h"
+#include "output/report/long_table_pages.h"
 #include "output/report/page_painter.h"
-#include "output/report/report_pages.h"
+#include "tests/support/page_words.h"
 #include "tests/support/temporary_program_folder.h"
 #include "widgets/text.h"
 
@@ -24,6 +26,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+std::string nested(int times, const std::string& open, const std::string& close) {
+    std::string text;
+    for (int i = 0; i < times; ++i) {
+        text.insert(0, open).append(close);
+    }
+    return text;
+}
 
 class Reports : public ::testing::Test {
 protected:
@@ -50,23 +60,12 @@ protected:
         return fill_template(std::filesystem::path(KELVAR_REPORTS) / name, database);
     }
     // What is printed, cells in their order, each in a line.
-    QString printed(const char* name) {
-        const Report report = shipped(name);
-        QString text = report->toPlainText();
-        const ReportPages pages(*report, paper);
-        const int rows = pages.list() == nullptr ? 0 : static_cast<int>(pages.list()->rows().size());
-        for (int row = 0; row < rows; ++row) {
-            text += u'\n' + cells(pages, row).join(u'\n');
-        }
-        return text;
+    QString printed(const char* name) { return shipped(name)->toPlainText(); }
+    static QTextTable& table_of(const Report& report) {
+        return *qobject_cast<QTextTable*>(report->rootFrame()->childFrames().front());
     }
-    static QStringList cells(const ReportPages& pages, int number) {
-        const ReportList::Row& row = pages.list()->rows()[static_cast<std::size_t>(number)];
-        QStringList texts;
-        for (std::size_t cell = 0; cell < pages.list()->cells(row).size(); ++cell) {
-            texts.append(pages.list()->text(row, cell).text());
-        }
-        return texts;
+    static QString cell(const QTextTable& table, int row, int column) {
+        return table.cellAt(row, column).firstCursorPosition().block().text();
     }
     Report own_report(const std::string& text, const ReportValues& result) {
         const auto file = folder.path() / "own.rpt";
@@ -168,88 +167,71 @@ TEST_F(Reports, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
 TEST_F(Reports, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
     for (const char* name : {"schedule.rpt", "schefix.rpt", "schelife.rpt"}) {
         const Report report = shipped(name);
-        const ReportPages pages(*report, paper);
-        ASSERT_NE(pages.list(), nullptr) << name;
-        EXPECT_EQ(pages.list()->heading_rows(), 1) << name;
-        EXPECT_EQ(pages.list()->rows().size(), 1 + 30 + 4 + 1)
-            << name;  // heading, payments, years, total
-        const auto text = [&pages](int row, int cell) { return cells(pages, row).value(cell); };
+        const QTextTable& table = table_of(report);
+        EXPECT_EQ(table.format().headerRowCount(), 1) << name;
+        EXPECT_EQ(table.rows(), 1 + 30 + 4 + 1) << name;  // heading, payments, years, total
+        const auto text = [&table](int row, int column) { return cell(table, row, column); };
         EXPECT_EQ(text(3, 0), u"2026: 2 payments"_s) << name;
         EXPECT_EQ(text(33, 0), u"30"_s) << name;
         EXPECT_EQ(text(34, 0), u"2029: 4 payments"_s) << name;
         const auto cents = [&text](int row) {
-            return text(row, row == 34 ? 1 : 5).remove(u'$').remove(u',').remove(u'.').toInt();
+            return text(row, 5).remove(u'$').remove(u',').remove(u'.').toInt();
         };
         EXPECT_EQ(cents(34), cents(30) + cents(31) + cents(32) + cents(33)) << name;
     }
 }
 
-// Whether a row is imported or only its texts are taken.
-TEST_F(Reports, TextsOfAListAreThoseThatItsHtmlShows) {
-    for (const char* cell : {
-             "<td>{{distrib.dtitle}} &quot;</td>",
-             "<td style='white-space: nowrap'><b>{{distrib.dtitle}}</b></td>",
-             "<td>{{#last_of_year}}{{Year}}{{/last_of_year}}</td>",
-             "<td> {{Month}}&nbsp;&eacute;\n {{Year}}</td>",
-             "<td class='{{number}}'>{{number}}",
-             "<td>{{number}}</td><!-- </tr> -->",
-         }) {
-        const Report report = own_report(std::string("<table cellspacing='0'><thead><tr><th>x</th></tr>"
-                                                     "</thead>{{#schedule}}<tr>") +
-                                             cell + "</tr>{{/schedule}}</table>",
-                                         {});
-        const auto whole = report->with(report->html());
-        const auto* table = qobject_cast<QTextTable*>(whole->rootFrame()->childFrames().value(0));
-        const ReportPages pages(*report, paper);
-        ASSERT_NE(pages.list(), nullptr) << cell;
-        ASSERT_EQ(pages.list()->rows().size(), 31) << cell;
-        for (int row = 0; row < 31; ++row) {
-            EXPECT_EQ(cells(pages, row).front(),
-                      table->cellAt(row, 0).firstCursorPosition().block().text())
-                << cell << row;
-        }
-    }
-}
-
-// However the rows fall: no page of the list begins with a sum or holds a single payment.
-TEST_F(Reports, NoRowOfAListStandsAlone) {
+// However the rows fall: no page of the table begins with a sum or holds a single payment.
+TEST_F(Reports, NoRowOfALongTableStandsAlone) {
     std::ofstream(folder.path() / "own.rpt")
         << "<p>before</p><table width='100%' cellspacing='0'><thead><tr><th>#</th></tr></thead>"
            "{{#schedule}}<tr><td>{{number}}</td></tr>"
            "{{#last_of_year}}<tr><td><b>{{year_total_money}}</b></td></tr>{{/last_of_year}}"
            "{{/schedule}}<tr><td><b>{{schedule_total_money}}</b></td></tr></table><p>after</p>";
-    QByteArray pdf;
-    QBuffer buffer(&pdf);
-    ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
-    QPdfWriter writer(&buffer);
     for (int payments = 5; payments < 130; ++payments) {
-        store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, payments), {});
+        store(database,
+              LevelPaymentSchedule({5000.0, 2026y / (payments % 12 + 1) / 15, 12, 6.0, 80.0}, payments),
+              {});
         const Report report = fill_template(folder.path() / "own.rpt", database);
+        const int rows = table_of(report).rows();
         for (const auto size : {QPageSize::Letter, QPageSize::A4}) {
-            writer.setPageSize(QPageSize(size));
-            const ReportPages pages(*report, writer);
-            ASSERT_NE(pages.list(), nullptr) << payments;
-            int row = 1;  // after the heading
-            for (const ReportPages::ListPage& page : pages.list_pages()) {
-                EXPECT_EQ(page.first, row) << payments;
-                for (const int payment : {page.first, page.first == 1 ? 2 : page.first}) {
-                    EXPECT_FALSE(cells(pages, payment).front().startsWith(u'$')) << payments;
+            paper.setPageSize(QPageSize(size));
+            lay_out_report(*report, paper);
+            const QTextTable& table = table_of(report);
+            std::vector<QStringList> pages;
+            for (int row = 1; row < table.rows(); ++row) {
+                const QTextBlock block = table.cellAt(row, 0).firstCursorPosition().block();
+                const double y = report->documentLayout()->blockBoundingRect(block).center().y();
+                pages.resize(static_cast<std::size_t>(y / report->pageSize().height()) + 1);
+                if (!block.text().isEmpty()) {  // else it fills up the page
+                    pages.back() << block.text();
                 }
-                EXPECT_GE(page.end - page.first, 3) << payments;
-                row = page.end;
             }
-            EXPECT_EQ(row, pages.list()->rows().size()) << payments;
-            EXPECT_EQ(pages.count(), pages.list_pages().back().page + 1) << payments;
+            int printed = 1;  // the heading
+            for (const QStringList& page : pages) {
+                ASSERT_GE(page.size(), 3) << payments;
+                EXPECT_FALSE(page.front().startsWith(u'$')) << payments;
+                printed += static_cast<int>(page.size());
+            }
+            EXPECT_EQ(printed, rows) << payments;
         }
     }
-}
-
-std::string nested(int times, const std::string& open, const std::string& close) {
-    std::string text;
-    for (int i = 0; i < times; ++i) {
-        text.insert(0, open).append(close);
+    // Wherever the table begins: its heading has two rows below it.
+    for (int lines = 40; lines < 75; ++lines) {
+        const Report report =
+            own_report("<table><tr><td>" + nested(lines, "x<br>", "") +
+                           "</table><table cellspacing='0'><thead><tr><th>#</th></tr></thead>"
+                           "{{#schedule}}<tr><td>{{number}}</td></tr>{{/schedule}}</table>",
+                       {});
+        lay_out_report(*report, paper);
+        const auto* table = qobject_cast<QTextTable*>(report->rootFrame()->childFrames().back());
+        const auto page_of = [&](int row) {
+            const QTextBlock block = table->cellAt(row, 0).firstCursorPosition().block();
+            return static_cast<int>(report->documentLayout()->blockBoundingRect(block).center().y() /
+                                    report->pageSize().height());
+        };
+        EXPECT_EQ(page_of(0), page_of(2)) << lines;
     }
-    return text;
 }
 
 TEST_F(Reports, BrokenTemplatesAreNamedWithTheirFault) {
@@ -353,6 +335,23 @@ TEST_F(Reports, UseImagesBesideTheirTemplate) {
 TEST_F(Reports, DeviceThatRefusesIsAnError) {
     QPdfWriter nowhere(u"/no/such/folder/report.pdf"_s);
     EXPECT_THROW(draw_reports({shipped("lumpsum.rpt")}, 2026y / 11 / 21, nowhere), PrintError);
+}
+
+// The heading of a long table is on each of its pages, what follows it on the last one.
+TEST_F(Reports, LongTablesAreFollowedByWhatTheirTemplateSays) {
+    store(database, LevelPaymentSchedule({5000.0, 2026y / 11 / 15, 12, 6.0, 80.0}, 100), {});
+    PageWords words;
+    const Report report = own_report(
+        "<table cellspacing='0'><thead><tr><th>heading</th></tr></thead>{{#schedule}}<tr><td>{{number}}"
+        "</td></tr>{{/schedule}}</table><p>after</p>",
+        {});
+    draw_reports({report}, 2026y / 11 / 21, words);
+    ASSERT_GE(words.pages.size(), 2U);
+    for (const auto& page : words.pages) {
+        const QString text = page_text(page);
+        EXPECT_EQ(text.count(u"heading"_s), 1);
+        EXPECT_EQ(text.count(u"after"_s), &page == &words.pages.back() ? 1 : 0);
+    }
 }
 
 TEST_F(Reports, ReportsFollowEachOtherOnNewPages) {

@@ -34,7 +34,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/report/page_painter.h"
+#include "output/report/chart_page.h"
 #include "output/report/print_job.h"
 #include "output/report/saved_file.h"
 #include "tests/support/sql.h"
@@ -395,16 +395,12 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     cancel_prints = true;
     go_to_participant();
     int pages = 0;
-    const PrintJob slow{.title = u"Slow & steady"_s,
-                        .file_name = u"slow"_s,
-                        .draw = [&pages](QPagedPaintDevice& device) {
-                            PagePainter painter(device, {}, 5);
-                            for (int page = 0; page < 5; ++page) {
-                                pages += painter.next_page(u"Slow"_s) ? 1 : 0;
-                                QThread::msleep(300);
-                            }
-                            painter.finish();
-                        }};
+    const Report page = chart_page(u"Slow"_s, {}, [&pages](QPainter&, const QRectF&) {
+        ++pages;
+        QThread::msleep(300);
+    });
+    const PrintJob slow{
+        .title = u"Slow & steady"_s, .file_name = u"slow"_s, .reports = std::vector<Report>(5, page)};
     std::ofstream(save_as.toStdString()) << "older";
     look_at_dialog = [](QDialog& dialog) {
         if (dialog.objectName() == u"printprogress"_s) {
@@ -413,7 +409,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
         }
     };
     const auto print_it = [&](const PrintJob& job) {
-        return print(*module, window->visible_screen(), Destination::pdf_file, [&] { return job; });
+        return print(*module, window->visible_screen(), Destination::pdf_file, job);
     };
     EXPECT_EQ(print_it(slow), QString());
     EXPECT_TRUE(notes_shown.contains(u"printprogress"_s));
@@ -427,11 +423,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     EXPECT_EQ(files, 1);
 
     PrintJob quick = slow;
-    quick.draw = [](QPagedPaintDevice& device) {
-        PagePainter painter(device, {}, 1);
-        painter.next_page({});
-        painter.finish();
-    };
+    quick.reports.resize(1);
     EXPECT_EQ(print_it(quick), u"Saved to "_s + save_as);
     QFile pdf(save_as);
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
@@ -444,7 +436,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     QPdfWriter some_pages(&buffer);
     some_pages.setPageRanges(QPageRanges::fromString(u"2-3"_s));
     pages = 0;
-    slow.draw(some_pages);
+    draw_reports(slow.reports, {}, some_pages);
     EXPECT_EQ(pages, 2);
     EXPECT_EQ(buffer.data().count("/Type /Page\n"), 2);
 }
@@ -506,7 +498,7 @@ TEST_F(Printing, FilesAreWrittenWholeOrNotAtAll) {
             std::string why;
             try {
                 write_whole(*module, to_qt(file.string()), QByteArray(size, 'x'));
-            } catch (const PrintError& error) {
+            } catch (const FileError& error) {
                 why = error.what();
             }
             setrlimit(RLIMIT_FSIZE, &room);
