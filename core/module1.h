@@ -20,6 +20,7 @@ public:
     Module1(Screens& screens, std::filesystem::path program_folder, Clock clock = system_date);
 
     Scenario scenario;
+    Visit visit;
     Screens& screens;
 
     // Full path of a file that lies beside the program.

@@ -60,14 +60,18 @@ struct Scenario {
     std::int16_t lookup_age = 0;         // participant's key into the life expectancy tables
     std::int16_t spouse_lookup_age = 0;  // spouse's key into the joint table
     double life_expectancy_age = 0.0;    // lookup age plus divisor
-    Date projected_on{no_date};          // today of the result that is shown
-    std::int16_t compared_rate = -1;  // of selected_rates, passed to the comparison and back; -1 none
-    std::int16_t answer = 0;          // last yes/no message: 1 yes, 0 no
-    std::string help_file{};          // full path
+    std::int16_t answer = 0;             // last yes/no message: 1 yes, 0 no
+    std::string help_file{};             // full path
 
     Date spouse_birth_date{no_date};
     std::int16_t spouse_current_age = 0;
     std::int16_t payment_start_age = 0;  // when periodic payments start
+};
+
+// What one screen hands to the next for a moment.
+struct Visit {
+    Date projected_on{no_date};  // today of the result that is shown, for its comparison
+    int compared_rate = -1;      // of selected_rates, to the comparison and back; -1 none
 };
 
 // True when the payments run over the joint table's years; `joint_life` alone can be left from before

@@ -95,6 +95,7 @@ RateTexts rate_texts(const ComparedRate& rate, bool plain) {
 
 Comparison compare(const Scenario& scenario, Date today) {
     Comparison comparison;
+    comparison.today = today;
     for (const double rate : scenario.selected_rates) {
         comparison.rates.push_back(compared(scenario, rate, today));
     }

@@ -37,6 +37,7 @@ struct ComparedRate {
 };
 
 struct Comparison {
+    Date today{no_date};
     int first_year = 0;               // in which the periodic payments begin
     std::vector<ComparedRate> rates;  // in the order chosen
 };

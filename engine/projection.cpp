@@ -94,6 +94,7 @@ Commencement commencement(const Scenario& scenario, Date today) {
 
 Projection project(const Scenario& scenario, double rate, Date today) {
     Projection projection;
+    projection.today = today;
     projection.rate = rate;
     projection.dates = commencement(scenario, today);
     if (scenario.method == lump_sum) {

@@ -24,6 +24,7 @@ struct Commencement {
 Commencement commencement(const Scenario& scenario, Date today);
 
 struct Projection {
+    Date today{no_date};
     double rate = 0.0;  // percent per year
     Commencement dates;
     double start_value = 0.0;   // value of the account at the first date

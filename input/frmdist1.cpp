@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmdist1::frmdist1(Module1& module1)
-    : Screen(module1, "frmdist1",
+    : Screen(module1, ScreenId::frmdist1, "frmdist1",
              {.title = u"Commencement Date of Distribution"_s, .step = u"Step 1 of 4"_s}) {
     build_birth();
     build_value();

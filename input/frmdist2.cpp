@@ -27,7 +27,8 @@ bool is_option(const QWidget* widget) {
 }  // namespace
 
 frmdist2::frmdist2(Module1& module1)
-    : Screen(module1, "frmdist2", {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s}) {
+    : Screen(module1, ScreenId::frmdist2, "frmdist2",
+             {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s}) {
     content()->setSpacing(theme::grid);
     content()->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
     build_methods();
@@ -202,8 +203,8 @@ void frmdist2::wait_for_method(const QString& what_to_do) {
 }
 
 void frmdist2::set_next_enabled(bool enabled) {
-    Cmdnext->setEnabled(enabled);
-    picnext->setEnabled(enabled);
+    navigation()->Cmdnext->setEnabled(enabled);
+    navigation()->picnext->setEnabled(enabled);
 }
 
 void frmdist2::next_screen() {

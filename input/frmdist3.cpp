@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmdist3::frmdist3(Module1& module1)
-    : Screen(module1, "frmdist3",
+    : Screen(module1, ScreenId::frmdist3, "frmdist3",
              {.title = u"Length of Payment (Check only one)"_s, .step = u"Step 3 of 4"_s}) {
     QBoxLayout* columns = control::row();
     columns->setSpacing(3 * theme::grid);

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmdrate::frmdrate(Module1& module1)
-    : Screen(module1, "frmdrate",
+    : Screen(module1, ScreenId::frmdrate, "frmdrate",
              {.title = u"Assumed Annual Rate of Return"_s, .step = u"Step 4 of 4"_s}) {
     auto* Frame1 = control::frame(u"Assumed Annual &Rate of Return* (Select one or more)"_s, "Frame1");
     auto* column = new QVBoxLayout(Frame1);

@@ -12,14 +12,13 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmdist::frmdist(Module1& module1)
-    : Screen(module1, "frmdist",
+    : Screen(module1, ScreenId::frmdist, "frmdist",
              {.title = u"Distribution of Your Deferred Compensation Plan Account"_s,
-              .step = {},
+
               .previous = false}) {
     build_rules();
     build_options();
     content()->addStretch(1);
-    set_first_field(Cmdnext);
 }
 
 void frmdist::build_rules() {

@@ -23,7 +23,7 @@ void pause() {
 }  // namespace
 
 frmkelvd::frmkelvd(Module1& module1)
-    : Screen(module1, "frmkelvd", {.title = {}, .step = {}, .help = false, .previous = false}) {
+    : Screen(module1, ScreenId::frmkelvd, "frmkelvd", {.help = false, .previous = false}) {
     auto* picture = new QLabel;
     picture->setPixmap(theme::picture(u"kelvar"_s, 12 * theme::grid));
     auto* lblkelv = new QPushButton(u"Kelvar"_s);
@@ -49,7 +49,6 @@ frmkelvd::frmkelvd(Module1& module1)
     content()->addStretch(4);
 
     connect(lblkelv, &QPushButton::clicked, this, [this] { module.screens.show(ScreenId::frmdist); });
-    set_first_field(Cmdnext);
 }
 
 void frmkelvd::load() {

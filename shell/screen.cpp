@@ -2,19 +2,16 @@
 
 #include <QApplication>
 #include <QFrame>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <algorithm>
 #include <stdexcept>
 
-#include "shell/navigation_row.h"
 #include "shell/screen_keys.h"
 #include "widgets/entry_box.h"
 #include "widgets/focus_marker.h"
-#include "widgets/option_pointer.h"
-#include "widgets/picture_words.h"
-#include "widgets/pointer_slips.h"
+#include "widgets/pointer_habits.h"
 #include "widgets/scrolled_page.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -23,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-Screen::Screen(Module1& module1, const char* name, const Layout& layout)
-    : module(module1), scenario(module1.scenario) {
+Screen::Screen(Module1& module1, ScreenId id, const char* name, const Layout& layout)
+    : module(module1), scenario(module1.scenario), id_(id) {
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(layout.title.isEmpty() ? u"Kelvar"_s : layout.title.trimmed());
     auto* column = new QVBoxLayout(this);
@@ -33,10 +30,8 @@ Screen::Screen(Module1& module1, const char* name, const Layout& layout)
     build_title_band(layout, column);
     build_page(column);
     build_navigation(layout, column);
-    build_habits(layout);
+    build_habits();
 }
-
-Screen::~Screen() = default;
 
 void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
     if (layout.title.isEmpty()) {
@@ -72,50 +67,41 @@ void Screen::build_page(QVBoxLayout* column) {
 }
 
 void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
-    navigation_ = new NavigationRow(layout);
-    column->addWidget(navigation_);
-    cmdhelp = navigation_->cmdhelp;
-    picprev = navigation_->picprev;
-    cmdprev = navigation_->cmdprev;
-    Cmdnext = navigation_->Cmdnext;
-    picnext = navigation_->picnext;
-    cmdclose = navigation_->cmdclose;
+    navigation_ = new NavigationRow(layout, column);
     const auto run = [this](const QAbstractButton* button, auto action) {
         if (button != nullptr) {
             connect(button, &QAbstractButton::clicked, this, action);
         }
     };
-    run(cmdhelp, [this] { help_but(); });
-    run(picprev, [this] { go_previous(); });
-    run(cmdprev, [this] { go_previous(); });
-    run(Cmdnext, [this] { go_next(); });
-    run(picnext, [this] { go_next(); });
-    run(cmdclose, [this] { module.close_all_screens(); });
-    if (cmdclose != nullptr) {
-        control::press_with(Qt::CTRL | Qt::Key_Q, cmdclose, this);
+    const bool note = layout.is_note();
+    run(navigation_->cmdhelp, [this] { help_but(); });
+    run(navigation_->picprev, [this] { go_previous(); });
+    run(navigation_->cmdprev, [this] { go_previous(); });
+    run(navigation_->Cmdnext, [this, note] { note ? go_previous() : go_next(); });
+    run(navigation_->picnext, [this] { go_next(); });
+    run(navigation_->cmdclose, [this] { module.close_all_screens(); });
+    if (navigation_->cmdclose != nullptr) {
+        control::press_with(Qt::CTRL | Qt::Key_Q, navigation_->cmdclose, this);
     }
 }
 
-void Screen::build_habits(const Layout& layout) {
+void Screen::build_habits() {
     const auto told = [this] { return error_shown_; };
-    QPushButton* back = layout.is_note() ? Cmdnext : cmdprev;
-    focus_ = std::make_unique<FocusMarker>(this, scroll_);
-    leaving_ = std::make_unique<FieldLeaving>(this, navigation_, told);
-    words_ = std::make_unique<PictureWords>(
-        this, [this](QToolButton* picture, QPoint place) { words_clicked(picture, place); });
-    pointer_ = std::make_unique<OptionPointer>();
-    slips_ = std::make_unique<PointerSlips>(this, navigation_);
-    keys_ = std::make_unique<ScreenKeys>(
-        this, scroll_, *leaving_,
-        ScreenKeys::Buttons{
-            .enter = Cmdnext, .escape = layout.is_step() ? nullptr : back, .help = cmdhelp});
-    if (layout.is_note()) {
-        set_first_field(Cmdnext);
-    }
+    const auto clicked = [this](QToolButton* picture, QPoint place) { words_clicked(picture, place); };
+    leaving_ = new FieldLeaving(this, navigation_, told);
+    pointer_ = new OptionPointer(this);
+    focus_ = new FocusMarker(this, scroll_);
+    habits_ = {new PointerSlips(this, navigation_),
+               leaving_,
+               new ScreenKeys(this, scroll_, *leaving_, *navigation_),
+               new PictureWords(this, clicked),
+               pointer_,
+               focus_};
+    set_first_field(navigation_->Cmdnext);
 }
 
-QHBoxLayout* Screen::navigation() const {
-    return navigation_->row();
+void Screen::go_previous() {
+    module.screens.close(id_);
 }
 
 void Screen::arrange_tab_order() {
@@ -125,8 +111,9 @@ void Screen::arrange_tab_order() {
             order.push_back(widget);
         }
     }
-    for (int place = 0; place < navigation()->count(); ++place) {
-        if (QWidget* widget = navigation()->itemAt(place)->widget()) {
+    const QLayout* row = navigation_->layout();
+    for (int place = 0; place < row->count(); ++place) {
+        if (QWidget* widget = row->itemAt(place)->widget()) {
             order.push_back(widget);
         }
     }
@@ -211,35 +198,22 @@ void Screen::words_clicked(QToolButton* picture, QPoint) {
 
 // While the screen is in front it sees every event of the application first.
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
-    auto* widget = qobject_cast<QWidget*>(watched);
-    if (slips_->takes(watched, event)) {
-        return true;
-    }
-    if (widget != nullptr && (leaving_->takes(widget, event) || keys_->takes(widget, *event) ||
-                              words_->takes(widget, *event) || pointer_->takes(widget, *event))) {
+    const auto takes = [&](Habit* habit) { return habit->takes(watched, event); };
+    if (std::ranges::any_of(habits_, takes)) {
         return true;
     }
     const auto type = event->type();
     const bool action = type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
                         type == QEvent::ShortcutOverride;
     // Only keys and clicks on this screen: closing a message is still part of the same action.
-    if (action && widget != nullptr && (widget == this || isAncestorOf(widget))) {
+    if (action && (watched == this || isAncestorOf(qobject_cast<QWidget*>(watched)))) {
         clear_error();
     }
-    focus_->follow(watched, *event);
-    leaving_->follow(watched, *event);
     return QWidget::eventFilter(watched, event);
-}
-
-void Screen::keyPressEvent(QKeyEvent* event) {
-    if (!keys_->press(*event)) {
-        QWidget::keyPressEvent(event);
-    }
 }
 
 void Screen::showEvent(QShowEvent* event) {
     qApp->installEventFilter(this);
-    slips_->begin();
     QWidget::showEvent(event);
 }
 

@@ -1,19 +1,17 @@
 // Base of all screens: title band, content that scrolls when it must, one navigation row, one message
-// per action. How every screen answers keys and the mouse is a class of its own for each habit; the
-// event filter asks them in turn.
+// per action. How every screen answers keys and the mouse is a class of its own for each habit.
 #pragma once
 
 #include <QBoxLayout>
 #include <QToolButton>
 #include <QWidget>
 #include <functional>
-#include <memory>
 #include <string_view>
 
 #include "core/module1.h"
-#include "shell/screen_layout.h"
 #include "widgets/controls.h"
 #include "widgets/field_leaving.h"
+#include "widgets/navigation_row.h"
 
 class QAbstractButton;
 class QLabel;
@@ -22,12 +20,8 @@ class QPushButton;
 namespace kelvar {
 
 class FocusMarker;
-class NavigationRow;
 class OptionPointer;
-class PictureWords;
-class PointerSlips;
 class ScrolledView;
-class ScreenKeys;
 
 // A paragraph of a note; either part may be empty.
 struct Paragraph {
@@ -41,8 +35,8 @@ class Screen : public QWidget {
 public:
     using Layout = ScreenLayout;
 
-    Screen(Module1& module, const char* name, const Layout& layout);
-    ~Screen() override;
+    // The name is that of the id.
+    Screen(Module1& module, ScreenId id, const char* name, const Layout& layout);
 
     // Once, right after creation. May throw DatabaseError; the screen is then not shown.
     virtual void load() {}
@@ -58,10 +52,10 @@ public:
     QWidget* last_focus() const;
 
 protected:
-    // Actions of the navigation row. The one button of a note is Next. Close ends the program through
-    // the fixed closing order.
+    // Actions of the navigation row. Previous, and the one button of a note, close the screen. Close
+    // ends the program through the fixed closing order.
     virtual void go_next() {}
-    virtual void go_previous() {}
+    virtual void go_previous();
     virtual void help_but();
 
     // A user action may produce one message only: reports unless one was shown since the user last
@@ -75,6 +69,7 @@ protected:
 
     static void focus_field(QWidget* field);
 
+    // Next, unless it is said.
     void set_first_field(QWidget* field);
 
     // See FieldLeaving::add.
@@ -87,22 +82,15 @@ protected:
     // Adds headed running text at a line length that reads well. Gives the last text.
     QLabel* add_paragraphs(const std::vector<Paragraph>& paragraphs);
     QVBoxLayout* content() const { return content_; }
-    QHBoxLayout* navigation() const;
+    NavigationRow* navigation() const { return navigation_; }
 
     QLabel* lbltitle = nullptr;
     QLabel* lblstep = nullptr;  // null without a step
-    QPushButton* cmdhelp = nullptr;
-    QToolButton* picprev = nullptr;
-    QPushButton* cmdprev = nullptr;
-    QPushButton* Cmdnext = nullptr;
-    QToolButton* picnext = nullptr;
-    QPushButton* cmdclose = nullptr;
 
     // A click on the words beside a picture, at a place of this screen. Presses the picture.
     virtual void words_clicked(QToolButton* picture, QPoint place);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -113,17 +101,16 @@ private:
     void build_title_band(const Layout& layout, QVBoxLayout* column);
     void build_page(QVBoxLayout* column);
     void build_navigation(const Layout& layout, QVBoxLayout* column);
-    void build_habits(const Layout& layout);
+    void build_habits();
 
+    ScreenId id_;
     QVBoxLayout* content_ = nullptr;
     NavigationRow* navigation_ = nullptr;
     ScrolledView* scroll_ = nullptr;
-    std::unique_ptr<FocusMarker> focus_;
-    std::unique_ptr<FieldLeaving> leaving_;
-    std::unique_ptr<PictureWords> words_;
-    std::unique_ptr<OptionPointer> pointer_;
-    std::unique_ptr<PointerSlips> slips_;
-    std::unique_ptr<ScreenKeys> keys_;
+    FocusMarker* focus_ = nullptr;
+    FieldLeaving* leaving_ = nullptr;
+    OptionPointer* pointer_ = nullptr;
+    std::vector<Habit*> habits_;  // in the order in which they are asked
     bool error_shown_ = false;
 };
 

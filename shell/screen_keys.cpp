@@ -1,10 +1,10 @@
 #include "shell/screen_keys.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
@@ -12,6 +12,7 @@
 
 #include "widgets/entry_box.h"
 #include "widgets/field_leaving.h"
+#include "widgets/navigation_row.h"
 
 namespace kelvar {
 
@@ -29,17 +30,17 @@ bool is_held_enter(const QKeyEvent& key) {
 
 }  // namespace
 
-ScreenKeys::ScreenKeys(const QWidget* screen, QScrollArea* page, FieldLeaving& leaving,
-                       const Buttons& buttons)
-    : screen_(screen), page_(page), leaving_(leaving), buttons_(buttons) {}
+ScreenKeys::ScreenKeys(QWidget* screen, QScrollArea* page, FieldLeaving& leaving,
+                       const NavigationRow& row)
+    : Habit(screen), page_(page), leaving_(leaving), row_(row) {}
 
 bool ScreenKeys::press(const QKeyEvent& key) {
     switch (key.key()) {
         case Qt::Key_Escape:
-            if (buttons_.escape == nullptr || key.isAutoRepeat()) {
+            if (row_.back == nullptr || key.isAutoRepeat()) {
                 return false;
             }
-            buttons_.escape->click();
+            row_.back->click();
             return true;
         case Qt::Key_PageUp:
             turn_page(-1);
@@ -48,10 +49,10 @@ bool ScreenKeys::press(const QKeyEvent& key) {
             turn_page(1);
             return true;
         case Qt::Key_F1:
-            if (buttons_.help == nullptr) {
+            if (row_.cmdhelp == nullptr) {
                 return false;
             }
-            buttons_.help->click();
+            row_.cmdhelp->click();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -73,25 +74,29 @@ void ScreenKeys::turn_page(int direction) {
 void ScreenKeys::press_enter() {
     if (auto* picture = qobject_cast<QToolButton*>(QApplication::focusWidget())) {
         picture->click();
-    } else if (buttons_.enter != nullptr) {
-        buttons_.enter->click();
+    } else if (row_.Cmdnext != nullptr) {
+        row_.Cmdnext->click();
     }
 }
 
-bool ScreenKeys::takes(QWidget* widget, const QEvent& event) {
-    switch (event.type()) {
+bool ScreenKeys::takes(QObject* watched, QEvent* event) {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    switch (event->type()) {
         case QEvent::KeyPress:
-            return (screen_->isAncestorOf(widget) &&
-                    is_held_enter(static_cast<const QKeyEvent&>(event))) ||
-                   (qobject_cast<QLineEdit*>(widget) != nullptr &&
-                    types_with_alt(static_cast<const QKeyEvent&>(event)));
+            return takes_key(widget, static_cast<const QKeyEvent&>(*event));
         case QEvent::Shortcut:
             return screen_->isAncestorOf(widget) &&
-                   (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), event) ||
+                   (press_by_shortcut(qobject_cast<QAbstractButton*>(widget), *event) ||
                     select_by_shortcut(*widget));
         default:
             return false;
     }
+}
+
+// What nothing on the screen has taken comes to the screen itself at last.
+bool ScreenKeys::takes_key(const QWidget* widget, const QKeyEvent& key) {
+    return (widget == screen_ && press(key)) || (screen_->isAncestorOf(widget) && is_held_enter(key)) ||
+           (qobject_cast<const QLineEdit*>(widget) != nullptr && types_with_alt(key));
 }
 
 // Alt and a letter press a button at once, after what leaving the field before has to say; after a

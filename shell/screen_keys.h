@@ -1,7 +1,7 @@
 // The key rules of a screen: what Enter, Escape, F1, the page keys, and Alt with a letter do.
 #pragma once
 
-#include <QWidget>
+#include "widgets/habit.h"
 
 class QAbstractButton;
 class QKeyEvent;
@@ -10,37 +10,28 @@ class QScrollArea;
 namespace kelvar {
 
 class FieldLeaving;
+class NavigationRow;
 
-class ScreenKeys {
+class ScreenKeys : public Habit {
 public:
-    // What the keys press; null for a key that does nothing on the screen.
-    struct Buttons {
-        QAbstractButton* enter = nullptr;
-        QAbstractButton* escape = nullptr;
-        QAbstractButton* help = nullptr;
-    };
+    ScreenKeys(QWidget* screen, QScrollArea* page, FieldLeaving& leaving, const NavigationRow& row);
 
-    ScreenKeys(const QWidget* screen, QScrollArea* page, FieldLeaving& leaving, const Buttons& buttons);
+    bool takes(QObject* watched, QEvent* event) override;
 
+private:
+    bool takes_key(const QWidget* widget, const QKeyEvent& key);
     // A key that nothing on the screen has taken; false when it has no meaning here either. Enter is
     // Next, unless the focus is on another button: then Enter presses that one. Page keys scroll a long
     // text, whatever has the focus.
     bool press(const QKeyEvent& key);
-
-    // Looks at an event of the application; true when it was Alt and a letter that the screen handles
-    // itself.
-    bool takes(QWidget* widget, const QEvent& event);
-
-private:
     void turn_page(int direction);
     void press_enter();
     bool press_by_shortcut(QAbstractButton* button, const QEvent& event);
     bool select_by_shortcut(const QWidget& caption);
 
-    const QWidget* screen_;
     QScrollArea* page_;
     FieldLeaving& leaving_;
-    Buttons buttons_;
+    const NavigationRow& row_;
 };
 
 }  // namespace kelvar

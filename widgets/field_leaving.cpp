@@ -6,7 +6,7 @@
 namespace kelvar {
 
 FieldLeaving::FieldLeaving(QWidget* screen, const QWidget* navigation, std::function<bool()> told)
-    : screen_(screen), navigation_(navigation), told_(std::move(told)) {}
+    : Habit(screen), navigation_(navigation), told_(std::move(told)) {}
 
 void FieldLeaving::add(QWidget* field, Action action) {
     actions_.emplace_back(field, std::move(action));
@@ -16,14 +16,28 @@ void FieldLeaving::finish() {
     QCoreApplication::sendPostedEvents(screen_, QEvent::MetaCall);
 }
 
-bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
-        dropped_ = false;  // a new key; the press of the last one never came, to a window in the back
-    } else if (event->type() == QEvent::KeyPress && std::exchange(dropped_, false)) {
-        return true;
+bool FieldLeaving::takes(QObject* watched, QEvent* event) {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr) {
+        return false;
     }
-    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (!key || to_come_ == 0 || !screen_->isAncestorOf(receiver)) {
+    switch (event->type()) {
+        case QEvent::FocusOut:
+            leave(widget, static_cast<QFocusEvent*>(event)->reason());
+            return false;
+        case QEvent::ShortcutOverride:
+            dropped_ =
+                false;  // a new key; the press of the last one never came, to a window in the back
+            return takes_key(widget, event);
+        case QEvent::KeyPress:
+            return std::exchange(dropped_, false) || takes_key(widget, event);
+        default:
+            return false;
+    }
+}
+
+bool FieldLeaving::takes_key(QWidget* receiver, QEvent* event) {
+    if (to_come_ == 0 || !screen_->isAncestorOf(receiver)) {
         return false;
     }
     const bool told_before = told_();
@@ -41,11 +55,7 @@ bool FieldLeaving::takes(QWidget* receiver, QEvent* event) {
     return true;
 }
 
-void FieldLeaving::follow(const QObject* watched, const QEvent& event) {
-    if (event.type() != QEvent::FocusOut) {
-        return;
-    }
-    const auto reason = static_cast<const QFocusEvent&>(event).reason();
+void FieldLeaving::leave(const QObject* watched, Qt::FocusReason reason) {
     const bool stays = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
                        reason == Qt::ActiveWindowFocusReason;
     for (const auto& [field, action] : actions_) {

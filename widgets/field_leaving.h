@@ -1,10 +1,11 @@
 // Runs what a screen has to say and change when a field is left, and makes the next key wait for it.
 #pragma once
 
-#include <QWidget>
 #include <functional>
 #include <utility>
 #include <vector>
+
+#include "widgets/habit.h"
 
 namespace kelvar {
 
@@ -15,7 +16,7 @@ struct Leaving {
     QWidget* to = nullptr;
 };
 
-class FieldLeaving {
+class FieldLeaving : public Habit {
 public:
     using Action = std::function<void(Leaving)>;
 
@@ -27,20 +28,19 @@ public:
     // from the event loop, so that the click that took the focus away is complete.
     void add(QWidget* field, Action action);
 
-    // Looks at an event of the application; true when it goes no further. However fast the next key
-    // follows, it comes after what leaving the field before has to say and change: to whatever has the
-    // focus then, or to nothing when there was a message that it cannot have meant.
-    bool takes(QWidget* receiver, QEvent* event);
-    // Notes that a field is left.
-    void follow(const QObject* watched, const QEvent& event);
+    // However fast the next key follows, it comes after what leaving the field before has to say and
+    // change: to whatever has the focus then, or to nothing when there was a message that it cannot
+    // have meant.
+    bool takes(QObject* watched, QEvent* event) override;
     // Runs at once what the screen has put off into the event loop, the actions of fields just left
     // among it.
     void finish();
 
 private:
+    bool takes_key(QWidget* receiver, QEvent* event);
+    void leave(const QObject* watched, Qt::FocusReason reason);
     void left(QWidget* field, Qt::FocusReason reason);
 
-    QWidget* screen_;
     const QWidget* navigation_;
     std::function<bool()> told_;
     std::vector<std::pair<QWidget*, Action>> actions_;

@@ -24,11 +24,9 @@ void keep_in_view_with(QWidget* control, QWidget* words) {
     control->setProperty(words_property, QVariant::fromValue(words));
 }
 
-FocusMarker::FocusMarker(const QWidget* screen, QScrollArea* page) : screen_(screen), page_(page) {}
-
-void FocusMarker::follow(QObject* watched, const QEvent& event) {
+bool FocusMarker::takes(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
-    switch (event.type()) {
+    switch (event->type()) {
         case QEvent::FocusIn:
             if (widget != nullptr) {
                 got_focus(widget);
@@ -50,6 +48,7 @@ void FocusMarker::follow(QObject* watched, const QEvent& event) {
         default:
             break;
     }
+    return false;
 }
 
 void FocusMarker::got_focus(QWidget* control) {

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QPointer>
-#include <QWidget>
+
+#include "widgets/habit.h"
 
 class QScrollArea;
 
@@ -14,13 +15,13 @@ class FocusRing;
 // Keeps the words that say something about a control in view with it. They live as long as it does.
 void keep_in_view_with(QWidget* control, QWidget* words);
 
-class FocusMarker {
+class FocusMarker : public Habit {
 public:
     // Marks the focus anywhere in `screen`; `page` is the part of it that scrolls.
-    FocusMarker(const QWidget* screen, QScrollArea* page);
+    FocusMarker(QWidget* screen, QScrollArea* page) : Habit(screen), page_(page) {}
 
-    // Looks at an event of the application; keeps none back.
-    void follow(QObject* watched, const QEvent& event);
+    // Takes none.
+    bool takes(QObject* watched, QEvent* event) override;
 
     // Scrolls what has just opened into view, once it has its place, and back to the focus where there
     // is no room for both.
@@ -41,7 +42,6 @@ private:
     void keep_in_view_later();
     void move_ring(const QWidget* moved);
 
-    const QWidget* screen_;
     QScrollArea* page_;
     QPointer<QWidget> last_;
     QPointer<FocusRing> ring_;

@@ -29,8 +29,7 @@ QString month_and_year(const Recordset& schedule) {
 }  // namespace
 
 ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
-    : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
-      id_(id) {
+    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}) {
     summary_ = new SummaryPanel;
     auto* columns = control::row();
     summary_->setLayout(columns);
@@ -144,10 +143,6 @@ void ChartScreen::period_chart() {
     grphsche->show_bars(balance ? balances_ : payments_);
     const int lines = 13;  // below them it could not be read; it takes what room there is
     grphsche->setMinimumHeight(lines * fontMetrics().height());
-}
-
-void ChartScreen::go_previous() {
-    module.screens.close(id_);
 }
 
 PrintJob ChartScreen::print_job() const {

@@ -23,8 +23,6 @@ public:
 protected:
     ChartScreen(Module1& module, ScreenId id, const char* name);
 
-    void go_previous() override;
-
     // What a screen shows besides what all charts do: points ahead of the years' payments, values of
     // the heading row.
     virtual void add_points(BarData&) {}
@@ -41,7 +39,6 @@ private:
     void period_chart();
     PrintJob print_job() const;
 
-    ScreenId id_;
     SummaryPanel* summary_ = nullptr;
     QVBoxLayout* lines_ = nullptr;
     QGridLayout* values_ = nullptr;

@@ -3,21 +3,20 @@
 #include <QAccessible>
 #include <QActionGroup>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include "widgets/controls.h"
+#include "widgets/navigation_row.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
+PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
     cmdprint = control::button(u"Prin&t"_s, "cmdprint");
     connect(cmdprint, &QPushButton::clicked, this, [this] { start(Destination::printer); });
 
@@ -33,18 +32,16 @@ PrintButtons::PrintButtons(QHBoxLayout* navigation) : QObject(navigation) {
     }
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
-    QWidget* row = navigation->parentWidget();
-    control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, row->parentWidget());
-    navigation->insertWidget(1, cmdprint);
-    navigation->insertWidget(2, cmdprintmenu);
+    control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, navigation->parentWidget());
+    navigation->add(NavigationRow::Place::left, cmdprint);
+    navigation->add(NavigationRow::Place::left, cmdprintmenu);
 
     lblsaved = theme::label({}, theme::Role::body, "lblsaved");
     lblsaved->setContentsMargins(3 * theme::grid, 0, 3 * theme::grid, theme::grid);
     lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
     lblsaved->installEventFilter(this);
     lblsaved->hide();
-    auto* column = static_cast<QVBoxLayout*>(row->parentWidget()->layout());
-    column->insertWidget(column->indexOf(row), lblsaved);
+    navigation->add(NavigationRow::Place::above, lblsaved);
 }
 
 void PrintButtons::offer_csv() {

@@ -7,7 +7,6 @@
 #include "output/report/report_templates.h"
 
 class QActionGroup;
-class QHBoxLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -15,13 +14,15 @@ class QToolButton;
 
 namespace kelvar {
 
+class NavigationRow;
+
 // Print, and beside it a small menu that also offers the system's print dialog, a preview and files.
 class PrintButtons : public QObject {
     Q_OBJECT
 
 public:
-    // Puts them behind the first button of a navigation row, enabled.
-    explicit PrintButtons(QHBoxLayout* navigation);
+    // Puts them into the navigation row of a screen, enabled.
+    explicit PrintButtons(NavigationRow* navigation);
 
     void setEnabled(bool enabled);
     // The menu offers to save what is shown as a CSV file.

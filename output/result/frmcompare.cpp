@@ -51,7 +51,8 @@ bool is_complete(const ComparedRate& rate) {
 }  // namespace
 
 frmcompare::frmcompare(Module1& module1)
-    : Screen(module1, "frmcompare", {.title = u"Comparison of Rates"_s, .step = {}, .next = false}) {
+    : Screen(module1, ScreenId::frmcompare, "frmcompare",
+             {.title = u"Comparison of Rates"_s, .next = false}) {
     content()->setSpacing(theme::grid);
     constexpr int side = theme::grid / 2;  // the table takes the room
     content()->setContentsMargins(side, theme::grid, side, theme::grid);
@@ -97,7 +98,7 @@ void frmcompare::build_buttons() {
 
 void frmcompare::load() {
     const Hourglass hourglass;
-    comparison_ = compare(scenario, scenario.projected_on);
+    comparison_ = compare(scenario, module.visit.projected_on);
     lblsub->setText(to_qt(title_with_frequency(scenario)) + u", "_s +
                     to_qt(money_text(scenario.present_value)) + u" today"_s);
     lblspread->setText(to_qt(spread_text(scenario, comparison_)));
@@ -118,8 +119,7 @@ void frmcompare::show_rates() {
         }
     }
     grdcompare->show_all_rows();
-    grdcompare->setCurrentIndex(
-        rows_->index(std::exchange(scenario.compared_rate, std::int16_t{-1}), 0));
+    grdcompare->setCurrentIndex(rows_->index(std::exchange(module.visit.compared_rate, -1), 0));
 }
 
 void frmcompare::show_lines() {
@@ -158,12 +158,8 @@ void frmcompare::follow_row() {
 }
 
 void frmcompare::show_schedule() {
-    scenario.compared_rate = static_cast<std::int16_t>(grdcompare->currentIndex().row());
-    module.screens.close(ScreenId::frmcompare);
-}
-
-void frmcompare::go_previous() {
-    module.screens.close(ScreenId::frmcompare);
+    module.visit.compared_rate = grdcompare->currentIndex().row();
+    go_previous();
 }
 
 QString frmcompare::file_name() const {

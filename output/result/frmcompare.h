@@ -19,9 +19,6 @@ public:
     explicit frmcompare(Module1& module);
     void load() override;
 
-protected:
-    void go_previous() override;
-
 private:
     void build_table();
     void build_buttons();

@@ -34,11 +34,11 @@ std::string age_text(const Scenario& scenario, Date date) {
     return std::to_string(age_in_month(scenario.birth_date, date));
 }
 
-ReportValues heading_values(const Scenario& scenario) {
+ReportValues heading_values(const Scenario& scenario, Date today) {
     ReportValues values;
     values.title = scenario.method == lump_sum ? std::string(method_title(scenario.method))
                                                : title_with_frequency(scenario);
-    values.date = date_text(scenario.projected_on);
+    values.date = date_text(today);
     values.balance = money_text(scenario.present_value);
     if (scenario.method == partial_lump_sum) {
         values.lump_sum = money_text(scenario.partial_amount);
@@ -196,7 +196,7 @@ void paint_bars(QPainter& painter, const QRectF& area, const BarData& bars) {
 
 ReportValues printed_values(const Scenario& scenario, const Projection& projection,
                             Database& database) {
-    ReportValues values = heading_values(scenario);
+    ReportValues values = heading_values(scenario, projection.today);
     values.headline = headline(scenario, projection);
     add_notes(values, scenario);
     add_ledger(values, scenario, projection.ledger);
@@ -226,7 +226,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
 }
 
 ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison) {
-    ReportValues values = heading_values(scenario);
+    ReportValues values = heading_values(scenario, comparison.today);
     values.spread = spread_text(scenario, comparison);
     for (const ComparedRate& at_rate : comparison.rates) {
         const RateTexts texts = rate_texts(at_rate);

@@ -23,10 +23,9 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
-    : Screen(module1, name, {.title = u"Distribution Schedule "_s, .step = {}, .next = false}),
-      today(module1.today()),
-      id_(id) {
-    scenario.projected_on = today;
+    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}),
+      today(module1.today()) {
+    module.visit.projected_on = today;
     content()->setSpacing(theme::grid);
     content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
@@ -88,11 +87,10 @@ void ResultScreen::add_menu_button() {
         scenario.lookup_age = 0;  // which the life expectancy table would mark
         module.return_to_menu();
     });
-    navigation()->insertWidget(navigation()->indexOf(cmdclose), cmdmenu);
+    navigation()->add(NavigationRow::Place::right, cmdmenu);
     constexpr int twips_per_pixel = 10;
     if (theme::large_text() ||
-        navigation()->minimumSize().width() > scenario.screen_width / twips_per_pixel) {
-        navigation()->removeWidget(cmdmenu);
+        navigation()->minimumSizeHint().width() > scenario.screen_width / twips_per_pixel) {
         content()->addWidget(cmdmenu, 0, Qt::AlignRight);
     }
 }
@@ -161,7 +159,7 @@ void ResultScreen::activate() {
 
 void ResultScreen::go_previous() {
     module.screens.show(ScreenId::frmdrate);
-    module.screens.close(id_);
+    Screen::go_previous();
 }
 
 QLabel* ResultScreen::add_value(const QString& caption, const char* name, int row, int column) {

@@ -95,7 +95,6 @@ private:
     Projection shown_;
     bool computed_ = false;
     bool note_shown_ = false;
-    ScreenId id_;
 };
 
 }  // namespace kelvar

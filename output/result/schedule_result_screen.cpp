@@ -29,8 +29,8 @@ ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, 
 void ScheduleScreen::build_buttons() {
     cmdchart = control::button(u"Ch&art"_s, "cmdchart");
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
-    navigation()->insertWidget(3, cmdchart);
-    navigation()->insertWidget(4, pichart);
+    navigation()->add(NavigationRow::Place::left, cmdchart);
+    navigation()->add(NavigationRow::Place::left, pichart);
     cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
     add_beside_rates(cmdcompare);
     connect(cmdcompare, &QPushButton::clicked, this, [this] { compare_rates(); });
@@ -49,9 +49,9 @@ void ScheduleScreen::load() {
 
 void ScheduleScreen::activate() {
     ResultScreen::activate();
-    if (scenario.compared_rate >= 0) {
+    if (module.visit.compared_rate >= 0) {
         rate_ceiling_ = no_ceiling;  // the comparison has shown what comes of each rate by itself
-        cmbrate->setCurrentIndex(std::exchange(scenario.compared_rate, std::int16_t{-1}));
+        cmbrate->setCurrentIndex(std::exchange(module.visit.compared_rate, -1));
         get_value();
     }
 }
@@ -131,7 +131,7 @@ void ScheduleScreen::dis_mnu(int what) {
 }
 
 void ScheduleScreen::compare_rates() {
-    scenario.compared_rate = static_cast<std::int16_t>(cmbrate->currentIndex());
+    module.visit.compared_rate = cmbrate->currentIndex();
     module.screens.show(ScreenId::frmcompare);
 }
 

@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmdnote::frmdnote(Module1& module1)
-    : Screen(module1, "frmdnote",
+    : Screen(module1, ScreenId::frmdnote, "frmdnote",
              {.title = u"Sample Investment Allocation Portfolios"_s,
-              .step = {},
+
               .kind = Layout::Kind::note,
               .ok_name = "cmdnoteok"}) {
     auto* grid = new QGridLayout;
@@ -28,10 +28,6 @@ frmdnote::frmdnote(Module1& module1)
     content()->addWidget(control::paragraph(
         u"* The funds that make up the four pre-arranged portfolios are varying percentages of the             Plan's core investment options."_s));
     content()->addStretch(1);
-}
-
-void frmdnote::go_next() {
-    module.screens.close(ScreenId::frmdnote);
 }
 
 }  // namespace kelvar

@@ -10,9 +10,6 @@ class frmdnote : public Screen {
 
 public:
     explicit frmdnote(Module1& module);
-
-protected:
-    void go_next() override;
 };
 
 }  // namespace kelvar

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace kelvar {
 
 frmlife::frmlife(Module1& module1)
-    : Screen(module1, "frmlife", {.title = u"Please Note..."_s, .step = {}, .next = false}) {
+    : Screen(module1, ScreenId::frmlife, "frmlife", {.title = u"Please Note..."_s, .next = false}) {
     content()->addWidget(
         theme::label(u"Life Expectancy/Minimum Distribution Chart*"_s, theme::Role::section, "Label1"));
 }
@@ -40,10 +40,6 @@ void frmlife::activate() {
         grdlife->selectRow(static_cast<int>(own));
         grdlife->scrollTo(grdlife->currentIndex(), Grid::PositionAtCenter);
     }
-}
-
-void frmlife::go_previous() {
-    module.screens.close(ScreenId::frmlife);
 }
 
 }  // namespace kelvar

@@ -15,9 +15,6 @@ public:
     void load() override;
     void activate() override;
 
-protected:
-    void go_previous() override;
-
 private:
     void add_grid();
 

@@ -32,7 +32,7 @@ BarSet years_at(double withdrawal, const std::vector<int>& returns) {
 }  // namespace
 
 frmvang::frmvang(Module1& module1)
-    : Screen(module1, "frmvang",
+    : Screen(module1, ScreenId::frmvang, "frmvang",
              {.title = u"How to make your distribution payments last longer"_s, .step = {}}) {
     add_paragraphs({{{}, lead}});
     auto* chart = new BarChart("grphvang", u"Years that payments last by annual return"_s);
@@ -50,15 +50,10 @@ frmvang::frmvang(Module1& module1)
     chart->show_bars(bars);
     content()->addWidget(chart);
     add_paragraphs({{{}, smaller_withdrawals}, {{}, higher_return}});
-    set_first_field(Cmdnext);
 }
 
 void frmvang::go_next() {
     module.screens.show(ScreenId::frmvang1);
-}
-
-void frmvang::go_previous() {
-    module.screens.close(ScreenId::frmvang);
 }
 
 }  // namespace kelvar

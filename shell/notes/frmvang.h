@@ -13,7 +13,6 @@ public:
 
 protected:
     void go_next() override;
-    void go_previous() override;
 };
 
 }  // namespace kelvar

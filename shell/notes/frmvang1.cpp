@@ -20,7 +20,7 @@ const QString how_to_read =
 }  // namespace
 
 frmvang1::frmvang1(Module1& module1)
-    : Screen(module1, "frmvang1",
+    : Screen(module1, ScreenId::frmvang1, "frmvang1",
              {.title = u"How to make your distribution payments last longer"_s, .step = {}}) {
     QLabel* instructions = add_paragraphs({{{}, how_to_read}});
     QWidget* table = build_table();
@@ -28,7 +28,7 @@ frmvang1::frmvang1(Module1& module1)
     set_first_field(table);
     auto* pichart = control::picture(u"chart"_s, u"Life expectancy table"_s, "pichart");
     connect(pichart, &QToolButton::clicked, this, [this] { go_next(); });
-    navigation()->insertWidget(1, pichart);
+    navigation()->add(NavigationRow::Place::left, pichart);
     content()->addStretch(1);
 }
 
@@ -64,10 +64,6 @@ QWidget* frmvang1::build_table() {
 
 void frmvang1::go_next() {
     module.screens.show(ScreenId::frmlife);
-}
-
-void frmvang1::go_previous() {
-    module.screens.close(ScreenId::frmvang1);
 }
 
 }  // namespace kelvar

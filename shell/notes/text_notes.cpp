@@ -34,15 +34,9 @@ const std::vector<Note>& notes() {
 }
 
 NoteScreen::NoteScreen(Module1& module1, const Note& note)
-    : Screen(module1, note.name,
-             {.title = u"Please Note..."_s, .step = {}, .kind = Layout::Kind::note}),
-      id_(note.id) {
+    : Screen(module1, note.id, note.name, {.title = u"Please Note..."_s, .kind = Layout::Kind::note}) {
     add_paragraphs(note.paragraphs);
     content()->addStretch(1);
-}
-
-void NoteScreen::go_next() {
-    module.screens.close(id_);
 }
 
 }  // namespace kelvar

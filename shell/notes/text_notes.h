@@ -21,12 +21,6 @@ class NoteScreen : public Screen {
 
 public:
     NoteScreen(Module1& module, const Note& note);
-
-protected:
-    void go_next() override;
-
-private:
-    ScreenId id_;
 };
 
 }  // namespace kelvar

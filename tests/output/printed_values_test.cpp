@@ -20,11 +20,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr Date january = 2020y / 1 / 15;
+
 // Monthly payments over life expectancy from July, 2020, on.
 Scenario over_life() {
     Scenario scenario;
     scenario.birth_date = 1950y / 6 / 15;
-    scenario.projected_on = 2020y / 1 / 15;
     scenario.method = periodic_payments;
     scenario.present_value = 250000.0;
     scenario.first_pay_month = 7;
@@ -38,10 +39,10 @@ Scenario over_life() {
     return scenario;
 }
 
-ReportValues values_of(const Scenario& scenario) {
+ReportValues values_of(const Scenario& scenario, Date today = january) {
     const TemporaryProgramFolder folder;
     Database database(folder.database());
-    return printed_values(scenario, project(scenario, 5.0, scenario.projected_on), database);
+    return printed_values(scenario, project(scenario, 5.0, today), database);
 }
 
 std::string joined(const NamedTexts& texts) {
@@ -99,12 +100,12 @@ TEST(PrintedValues, SayWhatTheScreenShows) {
 TEST(PrintedValues, MarkTheYearsBelowTheFederalMinimum) {
     Scenario scenario = over_life();
     scenario.birth_date = 1955y / 4 / 15;
-    scenario.projected_on = 2026y / 11 / 22;
+    constexpr Date today = 2026y / 11 / 22;
     scenario.present_value = 318'440.17;
     scenario.first_pay_month = 3;
     scenario.first_pay_year = 2027;
     scenario.number_of_payments = 338;
-    const ReportValues values = values_of(scenario);
+    const ReportValues values = values_of(scenario, today);
     EXPECT_EQ(values.federal_minimum,
               "* 2028 to 2035: less than the federal minimum of about $12,313 and more; the plan must "
               "then pay more.");
@@ -115,13 +116,13 @@ TEST(PrintedValues, MarkTheYearsBelowTheFederalMinimum) {
     // year.
     scenario.joint_life = true;
     scenario.spouse_birth_date = 1976y / 1 / 1;
-    EXPECT_EQ(values_of(scenario).federal_minimum, "");
+    EXPECT_EQ(values_of(scenario, today).federal_minimum, "");
     scenario.joint_life = false;
     scenario.method = partial_lump_sum;
     scenario.first_pay_year = scenario.scenario_year = 2028;
     scenario.scenario_month = 4;
     scenario.partial_amount = 20'000.0;
-    EXPECT_TRUE(values_of(scenario).federal_minimum.starts_with("* 2029 to "));
+    EXPECT_TRUE(values_of(scenario, today).federal_minimum.starts_with("* 2029 to "));
 
     const std::pair<Date, int> ages[] = {{1949y / 6 / 30, 2019},  {1949y / 7 / 1, 2021},
                                          {1950y / 12 / 31, 2022}, {1951y / 1 / 1, 2024},
@@ -199,7 +200,7 @@ TEST(PrintedValues, FitOnePageAndTheYearsTwo) {
             scenario.method = method;
             scenario.present_value = value;
             scenario.partial_amount = value / 4;
-            const Projection projection = project(scenario, 5.0, scenario.projected_on);
+            const Projection projection = project(scenario, 5.0, january);
             store(database, projection.schedule, heading_of(scenario, projection));
             const ReportValues values = printed_values(scenario, projection, database);
             EXPECT_EQ(values.wide, value > 1e7);
@@ -215,7 +216,7 @@ TEST(PrintedValues, FitOnePageAndTheYearsTwo) {
                 QPdfWriter writer(&pdf);
                 writer.setPageSize(QPageSize(paper));
                 writer.setPageMargins(page_margins, QPageLayout::Point);
-                draw_reports(reports, scenario.projected_on, writer);
+                draw_reports(reports, january, writer);
                 EXPECT_EQ(reports[0]->pageCount(), 1) << method << ' ' << value << ' ' << paper;
                 EXPECT_LE(reports[1]->pageCount(), 2) << method << ' ' << value << ' ' << paper;
             }
@@ -228,7 +229,7 @@ TEST(PrintedValues, ARateWithoutPaymentsSaysWhy) {
     scenario.length_option = by_dollar_amount;
     scenario.fixed_amount = 1400.0;
     scenario.selected_rates = {5.0, 9.0};
-    const ReportValues values = printed_comparison(scenario, compare(scenario, scenario.projected_on));
+    const ReportValues values = printed_comparison(scenario, compare(scenario, january));
     ASSERT_EQ(values.rates.size(), 2u);
     EXPECT_EQ(values.rates[0].size(), 11u);
     EXPECT_EQ(joined(values.rates[1]),

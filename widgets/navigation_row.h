@@ -4,8 +4,9 @@
 
 #include <QFrame>
 
-#include "shell/screen_layout.h"
+#include "widgets/screen_layout.h"
 
+class QBoxLayout;
 class QHBoxLayout;
 class QPushButton;
 class QToolButton;
@@ -16,9 +17,14 @@ class NavigationRow : public QFrame {
     Q_OBJECT
 
 public:
-    explicit NavigationRow(const ScreenLayout& layout);
+    // For what a screen adds, each time behind what it has added there: a line above the row, buttons
+    // behind Help, buttons before Close.
+    enum class Place { above, left, right };
 
-    QHBoxLayout* row() const { return row_; }
+    // The last row of a screen's column.
+    NavigationRow(const ScreenLayout& layout, QBoxLayout* column);
+
+    void add(Place place, QWidget* widget);
     // Close, or the OK of a note.
     QPushButton* always_there() const { return cmdclose != nullptr ? cmdclose : Cmdnext; }
 
@@ -29,6 +35,7 @@ public:
     QPushButton* Cmdnext = nullptr;
     QToolButton* picnext = nullptr;
     QPushButton* cmdclose = nullptr;
+    QPushButton* back = nullptr;  // what Escape presses; a step, where one types, has none
 
 protected:
     // Where there is no room for all, pictures that say the same as a button give way to the captions.
@@ -38,7 +45,9 @@ private:
     QPushButton* add_button(const QString& text, const char* name);
     QToolButton* add_picture(const QString& icon, const QString& accessible_name, const char* name);
 
-    QHBoxLayout* row_ = nullptr;
+    QBoxLayout* column_;
+    QHBoxLayout* row_;
+    int left_ = 0;  // how many buttons there are on the left
 };
 
 }  // namespace kelvar

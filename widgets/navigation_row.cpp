@@ -1,4 +1,4 @@
-#include "shell/navigation_row.h"
+#include "widgets/navigation_row.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -13,7 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-NavigationRow::NavigationRow(const ScreenLayout& layout) : row_(new QHBoxLayout(this)) {
+NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
+    : column_(column), row_(new QHBoxLayout(this)) {
+    column_->addWidget(this);
     setObjectName(u"navigation"_s);
     const int side = theme::side_margin();
     row_->setContentsMargins(side, theme::grid, side, theme::grid);
@@ -22,15 +24,18 @@ NavigationRow::NavigationRow(const ScreenLayout& layout) : row_(new QHBoxLayout(
         row_->addStretch(1);
         Cmdnext = add_button(u"&OK"_s, layout.ok_name);
         Cmdnext->setDefault(true);
+        back = Cmdnext;
         return;
     }
     if (layout.help) {
         cmdhelp = add_button(u"&Help"_s, "cmdhelp");
     }
+    left_ = row_->count();
     row_->addStretch(1);
     if (layout.previous) {
         picprev = add_picture(u"previous"_s, u"Previous"_s, "picprev");
         cmdprev = add_button(u"&Previous"_s, "cmdprev");
+        back = layout.is_step() ? nullptr : cmdprev;
     }
     if (layout.next) {
         Cmdnext = add_button(u"&Next"_s, "Cmdnext");
@@ -39,6 +44,14 @@ NavigationRow::NavigationRow(const ScreenLayout& layout) : row_(new QHBoxLayout(
     }
     row_->addStretch(1);
     cmdclose = add_button(u"&Close"_s, "cmdclose");
+}
+
+void NavigationRow::add(Place place, QWidget* widget) {
+    if (place == Place::above) {
+        column_->insertWidget(column_->indexOf(this), widget);
+    } else {
+        row_->insertWidget(place == Place::left ? left_++ : row_->indexOf(cmdclose), widget);
+    }
 }
 
 QPushButton* NavigationRow::add_button(const QString& text, const char* name) {

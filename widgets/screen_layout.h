@@ -9,8 +9,8 @@ struct ScreenLayout {
     // A note has one button in place of the navigation row: it says OK and goes back.
     enum class Kind { ordinary, note };
 
-    QString title;  // no band without a title
-    QString step;   // such as "Step 1 of 4"; empty for what is none
+    QString title{};  // no band without a title
+    QString step{};   // such as "Step 1 of 4"; empty for what is none
     // Which of the navigation row's controls it has; Close is always there.
     bool help = true;
     bool previous = true;
@@ -19,7 +19,6 @@ struct ScreenLayout {
     const char* ok_name = "cmdok";  // of a note
 
     bool is_note() const { return kind == Kind::note; }
-    // A step is where one types, so Escape does nothing there; elsewhere it goes back.
     bool is_step() const { return !step.isEmpty(); }
 };
 
