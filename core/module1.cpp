@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/closing_order.h"
-#include "core/life_limit.h"
+#include "core/life_tables.h"
 #include "core/numbers.h"
 #include "core/plan.h"
 #include "core/reference_data.h"

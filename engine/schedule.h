@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/dates.h"
-#include "core/life_limit.h"
+#include "core/life_tables.h"
 #include "engine/accrual.h"
 
 namespace kelvar {

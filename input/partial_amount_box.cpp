@@ -8,7 +8,7 @@
 #include "input/rules/limits.h"
 #include "input/rules/partial_amount.h"
 #include "widgets/controls.h"
-#include "widgets/entry_list.h"
+#include "widgets/entry_boxes.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 

@@ -11,8 +11,7 @@
 
 #include "shell/help_window.h"
 #include "shell/screen.h"
-#include "widgets/accessible_button.h"
-#include "widgets/accessible_scroll_area.h"
+#include "widgets/accessible.h"
 #include "widgets/message_dialog.h"
 #include "widgets/screen_room.h"
 #include "widgets/text.h"

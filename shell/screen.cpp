@@ -9,7 +9,7 @@
 #include <stdexcept>
 
 #include "shell/screen_keys.h"
-#include "widgets/entry_box.h"
+#include "widgets/entry_boxes.h"
 #include "widgets/focus_marker.h"
 #include "widgets/pointer_habits.h"
 #include "widgets/scrolled_page.h"

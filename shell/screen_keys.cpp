@@ -10,7 +10,7 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "widgets/entry_box.h"
+#include "widgets/entry_boxes.h"
 #include "widgets/field_leaving.h"
 #include "widgets/navigation_row.h"
 

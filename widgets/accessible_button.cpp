@@ -1,4 +1,4 @@
-#include "widgets/accessible_button.h"
+#include "widgets/accessible.h"
 
 #include <QAccessibleWidget>
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "widgets/accessible_chart.h"
+#include "widgets/accessible.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "widgets/accessible_scroll_area.h"
+#include "widgets/accessible.h"
 
 #include <QAccessibleWidget>
 #include <QScrollArea>

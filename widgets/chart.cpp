@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "widgets/accessible_chart.h"
+#include "widgets/accessible.h"
 #include "widgets/chart_drawing.h"
 #include "widgets/theme.h"
 

@@ -2,20 +2,50 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 #include <QToolButton>
 #include <algorithm>
 
 #include "core/dates.h"
-#include "widgets/captioned_frame.h"
-#include "widgets/entry_box.h"
+#include "widgets/entry_boxes.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
 
 namespace kelvar {
+
+namespace {
+
+// A group box whose caption begins at the left edge of its contents. Under a style sheet the toolkit
+// centres the caption in a room that counts the sign of its shortcut, so that it begins anywhere.
+class CaptionedFrame : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+void CaptionedFrame::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    option.text.clear();
+    painter.drawComplexControl(QStyle::CC_GroupBox, option);
+    // Not the layout's own place, which can be behind the frame's when the frame is painted.
+    const QRect contents = contentsRect().marginsRemoved(layout()->contentsMargins());
+    painter.setPen(theme::colors().accent);
+    painter.drawText(QRect(contents.left(), theme::grid, contents.width(), contentsRect().top()),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, title());
+}
+
+}  // namespace
 
 QStringList month_entries(const std::vector<int>& months) {
     QStringList entries;

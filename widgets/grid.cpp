@@ -13,7 +13,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
-#include "widgets/table_roles.h"
+#include "widgets/table_model.h"
 #include "widgets/table_text.h"
 #include "widgets/theme.h"
 

@@ -3,7 +3,7 @@
 
 #include <QClipboard>
 
-#include "widgets/entry_box.h"
+#include "widgets/entry_boxes.h"
 
 namespace kelvar {
 

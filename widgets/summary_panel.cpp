@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QScrollArea>
 
-#include "widgets/entry_box.h"
+#include "widgets/entry_boxes.h"
 
 using namespace Qt::StringLiterals;
 

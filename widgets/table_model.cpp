@@ -1,7 +1,5 @@
 #include "widgets/table_model.h"
 
-#include "widgets/table_roles.h"
-
 using namespace Qt::StringLiterals;
 
 namespace kelvar {

@@ -4,7 +4,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-#include "widgets/table_roles.h"
+#include "widgets/table_model.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,8 +9,8 @@
 #include "core/plan.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/first_payment.h"
-#include "input/rules/minimum_distribution.h"
 #include "input/rules/next_checks.h"
+#include "input/rules/partial_amount.h"
 #include "input/rules/spouse.h"
 
 namespace kelvar {

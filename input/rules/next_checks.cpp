@@ -9,7 +9,6 @@
 #include "input/rules/frequency.h"
 #include "input/rules/life_expectancy.h"
 #include "input/rules/lookup_ages.h"
-#include "input/rules/minimum_distribution.h"
 #include "input/rules/number_and_amount.h"
 #include "input/rules/partial_amount.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "core/life_limit.h"
+#include "core/life_tables.h"
 #include "core/numbers.h"
 #include "input/rules/typed_numbers.h"
 

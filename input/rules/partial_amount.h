@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/records.h"
 #include "core/scenario.h"
 #include "input/rules/refusal.h"
 
@@ -29,5 +30,10 @@ Check check_amount_typed(std::string_view text);
 
 // The amount certain must be above 0 and below the present value.
 Check partial_msg(const Scenario& scenario);
+
+// From age 70½ on, an amount certain that is followed by payments in a later year only must not be
+// below the present value by the divisor at the participant's age in the month of the first payment. A
+// table without that age refuses nothing.
+Check check_minimum_distribution(const Scenario& scenario, Database& database);
 
 }  // namespace kelvar

@@ -1,4 +1,4 @@
-#include "output/chart/frmcpart.h"
+#include "output/chart/chart_screen.h"
 
 #include "core/numbers.h"
 #include "widgets/text.h"

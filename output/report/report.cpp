@@ -210,4 +210,12 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
     pages.finish();
 }
 
+Report chart_page(const QString& title, const QString& above, PaintChart chart) {
+    auto page = std::make_shared<ChartedReport>(std::filesystem::path(), PaintChart());
+    page->setHtml(above);
+    page->setMetaInformation(QTextDocument::DocumentTitle, title);
+    page->chart_below = std::move(chart);
+    return page;
+}
+
 }  // namespace kelvar

@@ -44,4 +44,8 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
 void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
                   PageCounter* counter = nullptr);
 
+// One printed page with headings, tables and a chart below them. `above` is HTML; the chart takes the
+// room that it leaves.
+Report chart_page(const QString& title, const QString& above, PaintChart chart);
+
 }  // namespace kelvar

@@ -1,4 +1,4 @@
-#include "output/result/frmperio.h"
+#include "output/result/schedule_result_screen.h"
 
 #include <QLabel>
 

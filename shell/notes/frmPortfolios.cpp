@@ -1,4 +1,4 @@
-#include "shell/notes/frmPortfolios.h"
+#include "shell/notes/note_screens.h"
 
 #include <QPushButton>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "shell/notes/frmclaim.h"
+#include "shell/notes/note_screens.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-#include "shell/notes/frmdnote.h"
+#include "shell/notes/note_screens.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

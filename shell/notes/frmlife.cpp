@@ -1,4 +1,4 @@
-#include "shell/notes/frmlife.h"
+#include "shell/notes/note_screens.h"
 
 #include "core/numbers.h"
 #include "widgets/grid.h"

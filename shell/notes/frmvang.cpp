@@ -1,4 +1,4 @@
-#include "shell/notes/frmvang.h"
+#include "shell/notes/note_screens.h"
 
 #include <QPushButton>
 

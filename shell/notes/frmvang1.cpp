@@ -1,4 +1,4 @@
-#include "shell/notes/frmvang1.h"
+#include "shell/notes/note_screens.h"
 
 #include <QHeaderView>
 #include <QLabel>

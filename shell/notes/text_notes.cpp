@@ -1,4 +1,4 @@
-#include "shell/notes/text_notes.h"
+#include "shell/notes/note_screens.h"
 
 using namespace Qt::StringLiterals;
 

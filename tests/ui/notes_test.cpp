@@ -1,7 +1,6 @@
 // Every way to a note or table leads there and back again.
 
 #include <SQLiteCpp/SQLiteCpp.h>
-
 #include <QGroupBox>
 #include <QLabel>
 #include <QScreen>
@@ -11,7 +10,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "shell/notes/frmPortfolios.h"
+#include "shell/notes/note_screens.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/theme.h"
 

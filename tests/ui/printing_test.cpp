@@ -1,12 +1,11 @@
 // Charts and printing, driven through the screens; every print goes to a PDF file.
 
+#include <qcustomplot.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
-
-#include <qcustomplot.h>
 #include <QAction>
 #include <QBuffer>
 #include <QCheckBox>
@@ -34,8 +33,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "output/report/chart_page.h"
 #include "output/report/print_job.h"
+#include "output/report/report.h"
 #include "output/report/saved_file.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"

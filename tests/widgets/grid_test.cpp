@@ -1,9 +1,6 @@
 // Tables of the screens: choosing rows, copying them, marks, and what other programs get.
 
-#include "widgets/grid.h"
-
 #include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -13,8 +10,9 @@
 #include <QTest>
 
 #include "tests/support/temporary_program_folder.h"
+#include "widgets/grid.h"
 #include "widgets/record_table_model.h"
-#include "widgets/table_roles.h"
+#include "widgets/table_model.h"
 #include "widgets/table_text.h"
 #include "widgets/text_table_model.h"
 #include "widgets/theme.h"

@@ -1,7 +1,6 @@
 #include "input/rules/limits.h"
 
 #include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,7 +8,7 @@
 #include <random>
 
 #include "core/ages.h"
-#include "core/life_limit.h"
+#include "core/life_tables.h"
 #include "core/numbers.h"
 #include "input/rules/birth_date.h"
 #include "input/rules/commencement.h"

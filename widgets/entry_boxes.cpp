@@ -1,11 +1,31 @@
-#include "widgets/entry_list.h"
+#include "widgets/entry_boxes.h"
 
+#include <QComboBox>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include "widgets/entry_box.h"
-
 namespace kelvar {
+
+bool selects_text(Qt::FocusReason reason) {
+    return reason != Qt::MouseFocusReason && reason != Qt::ActiveWindowFocusReason &&
+           reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+}
+
+void select_text(QWidget* box) {
+    if (auto* edit = qobject_cast<EntryBox*>(box)) {
+        edit->select_content();
+    } else if (auto* list = qobject_cast<QComboBox*>(box); list != nullptr && list->isEditable()) {
+        list->lineEdit()->selectAll();
+    }
+}
+
+void EntryBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (selects_text(event->reason())) {
+        select_content();
+    }
+}
 
 EntryList::EntryList(const char* name, const QString& accessible_name) {
     setObjectName(QString::fromLatin1(name));

@@ -2,6 +2,7 @@
 // nothing is appended to a formatted figure; only a click sets the cursor.
 #pragma once
 
+#include <QComboBox>
 #include <QLineEdit>
 
 namespace kelvar {
@@ -20,6 +21,21 @@ public:
     virtual void select_content() { selectAll(); }
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+};
+
+class EntryList : public QComboBox {
+    Q_OBJECT
+
+public:
+    EntryList(const char* name, const QString& accessible_name);
+
+signals:
+    // Enter, which then does nothing else.
+    void entered();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 };
 
