@@ -129,7 +129,8 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
                             time_text(std::abs(longer) * 12 / scenario.frequency),
                             longer > 0 ? "later" : "earlier");
     }
-    if (const double first = high.first_amount - low.first_amount; first != 0.0) {
+    const double first = high.first_amount - low.first_amount;
+    if (first != 0.0 && std::max(high.payments, low.payments) > 1) {
         text += fmt::format(", {} a {} at first", change(first),
                             plan::frequency(scenario.frequency).period);
     }

@@ -60,8 +60,10 @@ std::string why_this_amount(const Scenario& scenario, const PaymentSchedule& sch
         return fmt::format("{} divided by {} payments ({} to come and this one) = {}.",
                            money_text(row.startbalance), row.remaining + 1, row.remaining, amount);
     }
-    return fmt::format("{}, as in {}; it changes only with the year.", amount,
-                       month_year_text(first_of_year(schedule, index).date));
+    const bool last_year = schedule.rows.back().date.year() == row.date.year();
+    return fmt::format("{}, as in {}; {}.", amount,
+                       month_year_text(first_of_year(schedule, index).date),
+                       last_year ? "only the last payment differs" : "it changes only with the year");
 }
 
 std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
@@ -100,7 +102,8 @@ std::string explanation(const Scenario& scenario, const Projection& projection, 
     return text;
 }
 
-std::string ledger_text(const Ledger& ledger) {
+std::string ledger_text(const Projection& projection) {
+    const Ledger& ledger = projection.ledger;
     std::string text = fmt::format("{} today{} - {} fees - {} paid to you", money_text(ledger.opening),
                                    term(ledger.earnings, "earned", "lost"), money_text(ledger.fees),
                                    money_text(ledger.payments));
@@ -112,7 +115,8 @@ std::string ledger_text(const Ledger& ledger) {
         text += fmt::format(" No fee was charged {}, where the growth did not cover it.",
                             count_text(ledger.periods_without_fee, "time"));
     }
-    return text + before_payments_text(ledger, " Of this, before");
+    const bool in_the_years = projection.dates.second_date != no_date;
+    return in_the_years ? text : text + before_payments_text(ledger, " Of this, before");
 }
 
 std::string before_payments_text(const Ledger& ledger, std::string_view before) {

@@ -19,8 +19,8 @@ bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index);
 
 // The ledger as one sum, then how often no fee was charged, and what of it lies before the first
-// payment.
-std::string ledger_text(const Ledger& ledger);
+// payment. After a partial lump sum the years have a row for that.
+std::string ledger_text(const Projection& projection);
 
 // The last of it alone, beginning with `before`; empty where nothing lies before.
 std::string before_payments_text(const Ledger& ledger, std::string_view before = "Before");

@@ -50,12 +50,17 @@ std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule
 
 std::string payments_text(const Scenario& scenario, const PaymentSchedule& schedule) {
     const PaymentRow& first = schedule.rows.front();
+    const PaymentRow& last = schedule.rows.back();
     if (schedule.rows.size() == 1) {
         return fmt::format("{} once in {}, {}.", money_text(first.payment), month_year_text(first.date),
                            age_text(scenario, first.date));
     }
+    if (schedule.rows.size() == 2) {
+        return fmt::format("{} in {} and {} in {}, {}.", money_text(first.payment),
+                           month_year_text(first.date), money_text(last.payment),
+                           month_year_text(last.date), age_text(scenario, last.date));
+    }
     if (first.payment == 0.0) {
-        const PaymentRow& last = schedule.rows.back();
         return fmt::format("{} in all, too little for a cent a {}; last payment {}, {}.",
                            money_text(schedule.total_paid), plan::frequency(scenario.frequency).period,
                            month_year_text(last.date), age_text(scenario, last.date));

@@ -10,7 +10,7 @@ LedgerEntries::LedgerEntries(double opening) {
 
 void LedgerEntries::pass(double balance, const Accrual::Period& period) {
     ledger_.earnings_before += round_to_cents(balance * period.growth_factor - balance);
-    ledger_.fees_before += period.fee;
+    ledger_.exact_fees_before += period.fee;
 }
 
 void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
@@ -35,9 +35,8 @@ void LedgerEntries::pay(const PaymentSchedule& schedule, Accrual& accrual) {
 Ledger LedgerEntries::close(double closing) const {
     Ledger ledger = ledger_;
     ledger.earnings = round_to_cents(ledger.earnings_before + ledger.earnings);
-    const double since = round_to_cents(ledger.fees);
-    ledger.fees = round_to_cents(ledger.fees_before + ledger.fees);
-    ledger.fees_before = round_to_cents(ledger.fees - since);
+    ledger.fees = round_to_cents(ledger.exact_fees_before + ledger.fees);
+    ledger.fees_before = round_to_cents(ledger.exact_fees_before);
     ledger.earnings_before =
         round_to_cents(gained_before_ ? *gained_before_ + ledger.fees_before : ledger.earnings_before);
     ledger.payments = round_to_cents(ledger.payments);

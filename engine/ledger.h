@@ -19,7 +19,8 @@ struct Ledger {
     // payment.
     double earnings_before = 0.0;
     double fees_before = 0.0;
-    double payments = 0.0;  // with the lump sum
+    double exact_fees_before = 0.0;  // not rounded, so that those after them add up
+    double payments = 0.0;           // with the lump sum
     // What cents leave over, never more than one a payment; more only where a rate far below 0 lets
     // level payments exceed what is left of the account.
     double rounding = 0.0;

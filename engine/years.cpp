@@ -22,8 +22,8 @@ std::vector<YearRow> years_of(const Projection& projection, Date birth, double f
                          .label = lump_sum_label});
     }
     Accrual accrual(projection.rate, fee);
-    double fees = 0.0;     // of all periods so far
-    double counted = 0.0;  // of these, what the years before have in whole cents
+    double fees = ledger.exact_fees_before;  // of all periods so far
+    double counted = ledger.fees_before;     // of these, what is before this year in whole cents
     for (std::size_t i = 0; i < schedule.rows.size(); ++i) {
         const PaymentRow& row = schedule.rows[i];
         if (i == 0 || begins_year(schedule, i)) {

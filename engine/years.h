@@ -29,7 +29,7 @@ struct YearRow {
 };
 
 inline constexpr std::string_view lump_sum_label = "Lump sum";
-inline constexpr std::string_view rounding_label = "Rounding";
+inline constexpr std::string_view rounding_label = "Less rounding";
 
 // One row a year; none without periodic payments. `birth` is the participant's. A partial lump sum has
 // a row ahead of the years, which reaches from today to the first periodic payment. Where the earnings

@@ -167,7 +167,7 @@ void ScheduleView::show_years() {
     const int chosen = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
     keep_row(*grdyear, chosen);
-    lblledger->setText(to_qt(ledger_text(projection_.ledger)));
+    lblledger->setText(to_qt(ledger_text(projection_)));
     lblminimum->setText(to_qt(federal_minimum_text(years)));
     lblminimum->setVisible(!lblminimum->text().isEmpty());
 }
