@@ -1,20 +1,8 @@
-# Fails when a folder includes from one that it must not know. README shows the same arrows.
+# Fails when a folder includes from one that it must not know.
 #   cmake -D root=<checkout> -P include_directions.cmake
 cmake_minimum_required(VERSION 3.25)
 get_filename_component(root ${root} ABSOLUTE)
-set(folders core engine input/rules widgets shell shell/notes input output/report output/chart
-            output/result)
-set(may_include_core)
-set(may_include_engine core)
-set(may_include_input/rules core)
-set(may_include_widgets core)
-set(may_include_shell core widgets)
-set(may_include_shell/notes core engine widgets shell)
-set(may_include_input core input/rules widgets shell shell/notes)
-set(may_include_output/report core widgets)
-set(may_include_output/chart core engine widgets shell output/report)
-set(may_include_output/result core engine widgets shell output/report)
-set(without_qt core engine input/rules)
+include(${root}/cmake/arrows.cmake)
 
 set(broken 0)
 set(looked_at 0)
@@ -26,7 +14,7 @@ foreach(folder IN LISTS folders)
       math(EXPR looked_at "${looked_at} + 1")
       if(line MATCHES "^#include \"([^\"]+)/[^/\"]+\"")
         set(from ${CMAKE_MATCH_1})
-        if(NOT from STREQUAL folder AND NOT from IN_LIST may_include_${folder})
+        if(NOT from STREQUAL folder AND NOT from IN_LIST arrows_${folder})
           message("${file} must not include from ${from}/")
           math(EXPR broken "${broken} + 1")
         endif()

@@ -7,7 +7,6 @@
 #include <kainjow/mustache.hpp>
 #include <optional>
 
-#include "output/report/charted_report.h"
 #include "output/report/long_table_pages.h"
 #include "output/report/page_painter.h"
 #include "output/report/report_fields.h"
@@ -179,7 +178,7 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     if (static_cast<double>(html.size()) > longest_report) {
         refuse_length(template_file);
     }
-    auto document = std::make_shared<ChartedReport>(template_file.parent_path(), result.chart);
+    auto document = std::make_shared<ReportDocument>(template_file.parent_path(), result.chart);
     if (const auto why = document->read(to_qt(html))) {
         refuse(template_file, refusal_in_line(text, *why));
     }
@@ -211,7 +210,7 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
 }
 
 Report chart_page(const QString& title, const QString& above, PaintChart chart) {
-    auto page = std::make_shared<ChartedReport>(std::filesystem::path(), PaintChart());
+    auto page = std::make_shared<ReportDocument>(std::filesystem::path());
     page->setHtml(above);
     page->setMetaInformation(QTextDocument::DocumentTitle, title);
     page->chart_below = std::move(chart);

@@ -1,12 +1,16 @@
 #include "output/report/report_document.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QTextFormat>
+#include <QTextObjectInterface>
 #include <QUrl>
 
+#include "output/report/page_painter.h"
 #include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
@@ -67,9 +71,65 @@ QImage decoded(QByteArray& bytes) {
     return pixels ? reader.read() : QImage();
 }
 
+const QString chart_name = u"result:chart"_s;
+constexpr double units_per_inch = 96.0;
+
+bool is_chart(const QTextFormat& format) {
+    return format.toImageFormat().name() == chart_name;
+}
+
 }  // namespace
 
-ReportDocument::ReportDocument(std::filesystem::path folder) : folder_(std::move(folder)) {}
+// Takes the place of what usually draws the images of a document, which draws all others.
+class ChartPlace : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    ChartPlace(QTextDocument& document, PaintChart chart);
+
+    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int position,
+                    const QTextFormat& format) override;
+
+private:
+    PaintChart chart_;
+    QTextObjectInterface* images_;
+};
+
+ChartPlace::ChartPlace(QTextDocument& document, PaintChart chart)
+    : QObject(&document),
+      chart_(std::move(chart)),
+      images_(document.documentLayout()->handlerForObject(QTextFormat::ImageObject)) {
+    document.documentLayout()->registerHandler(QTextFormat::ImageObject, this);
+}
+
+QSizeF ChartPlace::intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) {
+    if (!is_chart(format)) {
+        return images_->intrinsicSize(document, position, format);
+    }
+    const QPaintDevice* device = document->documentLayout()->paintDevice();
+    const double scale = device == nullptr ? 1.0 : device->logicalDpiY() / units_per_inch;
+    const QTextImageFormat image = format.toImageFormat();
+    return QSizeF(image.width(), image.height()) * scale;
+}
+
+void ChartPlace::drawObject(QPainter* painter, const QRectF& area, QTextDocument* document,
+                            int position, const QTextFormat& format) {
+    if (!is_chart(format)) {
+        images_->drawObject(painter, area, document, position, format);
+    } else if (chart_ && !area.isEmpty()) {
+        painter->save();
+        chart_(*painter, area);
+        painter->restore();
+    }
+}
+
+ReportDocument::ReportDocument(std::filesystem::path folder, PaintChart chart)
+    : folder_(std::move(folder)) {
+    set_style(*this);
+    new ChartPlace(*this, std::move(chart));
+}
 
 std::optional<std::string> ReportDocument::read(const QString& html) {
     if (auto why = excess(html)) {
@@ -89,6 +149,11 @@ std::optional<std::string> ReportDocument::read(const QString& html) {
 
 // Always gives something: for an image without contents the toolkit would look for a file by itself.
 QVariant ReportDocument::loadResource(int type, const QUrl& name) {
+    if (type == ImageResource && name == QUrl(chart_name)) {
+        QImage nothing(1, 1, QImage::Format_ARGB32);
+        nothing.fill(Qt::transparent);
+        return nothing;
+    }
     if (const auto known = files_.constFind(name); known != files_.constEnd()) {
         return *known;
     }
@@ -146,3 +211,5 @@ void ReportDocument::refuse(const QString& name, const std::string& why) {
 }
 
 }  // namespace kelvar
+
+#include "report_document.moc"

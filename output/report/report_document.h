@@ -15,13 +15,15 @@ namespace kelvar {
 using PaintChart = std::function<void(QPainter&, const QRectF&)>;
 
 // Only what lies in one folder is read: regular files of at most 10 MB each, images as PNG, JPEG, GIF
-// or BMP. Everything is read once, when the report is made, and never again while it is laid out.
+// or BMP. Everything is read once, when the report is made, and never again while it is laid out. The
+// image named "result:chart" is painted when its page is, so that it is as sharp as the device: its
+// width and height count 96 to the inch, and without a chart the place stays empty.
 class ReportDocument : public QTextDocument {
     Q_OBJECT
 
 public:
     // Relative names in the HTML count from `folder`.
-    explicit ReportDocument(std::filesystem::path folder);
+    explicit ReportDocument(std::filesystem::path folder, PaintChart chart = {});
 
     // Takes over the text. Returns what keeps the report from being printed, as the end of a sentence
     // that begins with the template's name, or nothing.

@@ -1,0 +1,20 @@
+# Which folders a folder includes from: its target, named after it, is linked with theirs, and
+# tests/include_directions.cmake fails for any other. README shows the same arrows.
+set(folders core engine input/rules widgets shell shell/notes input output/report output/chart output/result)
+set(arrows_core)
+set(arrows_engine core)
+set(arrows_input/rules core)
+set(arrows_widgets core)
+set(arrows_shell core widgets)
+set(arrows_shell/notes core engine widgets shell)
+set(arrows_input core input/rules widgets shell shell/notes)
+set(arrows_output/report core widgets)
+set(arrows_output/chart core engine widgets shell output/report)
+set(arrows_output/result core engine widgets shell output/report)
+set(without_qt core engine input/rules)
+
+function(link_along_arrows folder)
+  string(REPLACE / _ target ${folder})
+  string(REPLACE / _ others "${arrows_${folder}}")
+  target_link_libraries(${target} PUBLIC kelvar_options ${others} ${ARGN})
+endfunction()
