@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "input/limit_lines.h"
 #include "input/rules/commencement.h"
 #include "input/rules/first_payment.h"
 #include "widgets/controls.h"
@@ -25,13 +26,17 @@ CommencementLists::CommencementLists(Module1& module1) : module(module1), scenar
         get_month2();
         take();
     });
-    connect(cmbscnmonth, &QComboBox::currentIndexChanged, this, [this] {
-        wished_month_ = cmbscnmonth->currentText();
-        if (wished_year_.isEmpty()) {
-            wished_year_ = cmbscnyear->currentText();
-        }
-        take();
-    });
+    // Also the month that is shown already is chosen, after another one that is not offered.
+    for (const auto chosen : {&QComboBox::currentIndexChanged, &QComboBox::activated}) {
+        connect(cmbscnmonth, chosen, this, [this] {
+            wished_month_ = cmbscnmonth->currentText();
+            if (wished_year_.isEmpty()) {
+                wished_year_ = cmbscnyear->currentText();
+            }
+            show_changed();
+            take();
+        });
+    }
     cmbscnmonth->installEventFilter(this);
 }
 
@@ -51,13 +56,11 @@ void CommencementLists::build() {
     row->addWidget(lblyear);
     row->addWidget(cmbscnyear);
     row->addStretch(1);
-    lblnomonth = control::paragraph(
-        u"The first amount is paid in the last month allowed; none is left for the other payments. Go back and choose an earlier month."_s,
-        "lblnomonth");
+    lblchanged = control::paragraph({}, "lblchanged");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(row);
-    column->addWidget(lblnomonth);
+    column->addWidget(lblchanged);
 }
 
 // Followed are the present year if it is offered, else the first one, and the first month.
@@ -72,7 +75,25 @@ void CommencementLists::get_month2() {
     const int year = cmbscnyear->currentText().toInt();
     control::refill(cmbscnmonth, month_entries(scenario_months(scenario, year, module.today())),
                     wished_month_);
-    lblnomonth->setVisible(cmbscnmonth->count() == 0);
+    show_changed();
+}
+
+// Says when the lists do not show what the user chose, or cannot show anything.
+void CommencementLists::show_changed() {
+    const QString year = cmbscnyear->currentText();
+    const QString month = cmbscnmonth->currentText();
+    const QString wished_year = wished_year_.isEmpty() ? year : wished_year_;
+    const QString wished_month = wished_month_.isEmpty() ? month : wished_month_;
+    QString changed;
+    if (month.isEmpty()) {
+        changed =
+            u"The first amount is paid in the last month allowed; none is left for the other payments. Go back and choose an earlier month."_s;
+    } else if (wished_year != year || wished_month != month) {
+        changed = u"%1, %2 cannot be chosen; the other payments begin in %3, %4."_s.arg(
+            wished_month, wished_year, month, year);
+    }
+    show_limit(lblchanged, changed, {cmbscnmonth, cmbscnyear});
+    lblchanged->setVisible(!changed.isEmpty());
 }
 
 bool CommencementLists::eventFilter(QObject* watched, QEvent* event) {
@@ -99,6 +120,7 @@ void CommencementLists::month_typed(const QString& letter) {
     if (!typed_.isEmpty() && month != months.end() &&
         cmbscnmonth->findText(typed_, Qt::MatchStartsWith) < 0) {
         wished_month_ = *month;
+        show_changed();
     }
 }
 

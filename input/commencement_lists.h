@@ -29,6 +29,7 @@ signals:
 private:
     void build();
     void get_month2();
+    void show_changed();
     void month_typed(const QString& letter);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,7 +37,7 @@ private:
     Scenario& scenario;
     QComboBox* cmbscnmonth = nullptr;
     QComboBox* cmbscnyear = nullptr;
-    QLabel* lblnomonth = nullptr;
+    QLabel* lblchanged = nullptr;
     // What the user last chose, also while the lists do not offer it; empty while nothing was.
     QString wished_month_;
     QString wished_year_;

@@ -59,8 +59,6 @@ void FirstPaymentLists::build() {
     lblchanged = control::paragraph({}, "lblchanged");
     lblchanged->hide();
     grid->addWidget(lblchanged, 3, 0, 1, 4);
-    keep_in_view_with(Cmbfrstmonth, lblchanged);
-    keep_in_view_with(Cmbfrstyear, lblchanged);
 }
 
 void FirstPaymentLists::offer() {
@@ -165,6 +163,7 @@ void FirstPaymentLists::show_changed() {
     lblchanged->setVisible(!shown);
     for (QWidget* list : {Cmbfrstmonth, Cmbfrstyear}) {
         list->setAccessibleDescription((lbllatest->text() + u' ' + lblchanged->text()).trimmed());
+        keep_in_view_with(list, shown ? lbllatest : lblchanged);  // the lower one
     }
 }
 

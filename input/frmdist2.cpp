@@ -107,23 +107,20 @@ void frmdist2::build_partial(QBoxLayout* card) {
     });
     on_leave(partial_amount_->percentage(), [this](Leaving leaving) {
         if (!leaving.to_navigation && !is_option(leaving.to)) {
-            partial_amount_->percentage_left(leaving);
+            partial_amount_->percentage_left();
         }
     });
     connect(
         partial_amount_, &PartialAmountBox::percentage_chosen, this,
-        [this] {
+        [this](bool picked) {
             clear_error();
-            partial_amount_->take_chosen_percentage();
+            partial_amount_->take_chosen_percentage(picked);
         },
         Qt::QueuedConnection);
     connect(partial_amount_, &PartialAmountBox::refused, this,
             [this](const Refusal& refusal) { refuse(refusal.text, refusal.field); });
-    connect(partial_amount_, &PartialAmountBox::completed, this, [this] {
-        if (!chkpartial->isAncestorOf(window()->focusWidget())) {  // a click was there first
-            focus_field("chkpartial_0");
-        }
-    });
+    connect(partial_amount_, &PartialAmountBox::completed, this,
+            [this] { focus_field("chkpartial_0"); });
 }
 
 void frmdist2::load() {
@@ -252,6 +249,11 @@ void frmdist2::go_on_unless(const Check& check) {
         partial_amount_->least_stands_out();
     }
     refuse(check->text, check->field);
+}
+
+// Only of what nothing on the screen has taken.
+void frmdist2::mousePressEvent(QMouseEvent*) {
+    partial_amount_->clicked_beside();
 }
 
 void frmdist2::go_previous() {

@@ -26,6 +26,7 @@ public:
 protected:
     void go_next() override { next_screen(); }
     void go_previous() override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void build_methods();

@@ -143,8 +143,16 @@ void frmdist3::choose_length(int index) {
 void frmdist3::choose_life() {
     clear_error();
     show_tables();
+    if (joint_chosen()) {
+        // Later, because an arrow key chooses the option first and then gives it the focus.
+        QMetaObject::invokeMethod(
+            this, [this] { ask_for_spouse(); }, Qt::QueuedConnection);
+    }
+}
+
+void frmdist3::ask_for_spouse() {
     if (!joint_chosen()) {
-        return;
+        return;  // the user has gone on meanwhile
     }
     if (const Check check = check_joint_life(scenario.birth_date, module.today())) {
         back_to_single_life();
@@ -209,7 +217,7 @@ bool frmdist3::chk_birth() {
     }
     if (check.birth_date) {
         back_to_single_life();
-        life_options_->births_stand_out();
+        life_options_->births_stand_out(optlength[2]);
     }
     refuse(check.wrong->text, check.wrong->field);
     return false;
@@ -237,7 +245,8 @@ void frmdist3::go_next() {
     if (check && !told) {
         show_limits();  // the day can have changed
         if (check->means == Refusal::Means::limited) {
-            (entry.option == by_number_of_payments ? number_ : amount_)->stand_out();
+            const bool by_number = entry.option == by_number_of_payments;
+            (by_number ? number_ : amount_)->stand_out(optlength[by_number ? 0 : 1]);
         }
         refuse(check->text, check->field);
         return;

@@ -37,6 +37,7 @@ private:
 
     void choose_length(int index);
     void choose_life();
+    void ask_for_spouse();
     void back_to_single_life();
     bool joint_chosen() const;
     void show_tables();

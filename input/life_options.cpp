@@ -21,12 +21,12 @@ LifeOptions::LifeOptions() {
         u"Payments based on &joint life expectancy (based on your life expectancy and that of your spouse). You can only select this option if your spouse is your sole beneficiary and he/she is more than 10 years younger than you."_s};
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4 * theme::grid, 0, 0, 0);
-    column->setSpacing(theme::grid);
+    column->setSpacing(theme::grid / 2);
     lbllifelimit = limit_line("lbllifelimit");
-    auto* heading = new QVBoxLayout;
-    heading->setSpacing(2);
-    heading->addWidget(lbllifelimit);
+    QBoxLayout* heading = control::row();
+    heading->setSpacing(2 * theme::grid);
     heading->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
+    heading->addWidget(lbllifelimit, 1);
     column->addLayout(heading);
     auto* one_of = new QButtonGroup(this);
     for (std::size_t index = 0; index < oplifeexp.size(); ++index) {
@@ -45,6 +45,7 @@ LifeOptions::LifeOptions() {
 void LifeOptions::build_spouse(QBoxLayout* column) {
     frame3 = control::frame(u"Date of &Birth"_s, "frame3");
     auto* row = new QHBoxLayout(frame3);
+    row->setContentsMargins(2 * theme::grid, theme::grid / 2, 2 * theme::grid, theme::grid / 2);
     mskbenebirth = new MaskedDateEdit("mskbenebirth");
     mskbenebirth->setAccessibleName(u"Date of Birth of Spouse (MM/DD/YYYY)"_s);
     auto* Label2 = theme::label(u"of Spouse"_s, theme::Role::body, "Label2");
@@ -79,8 +80,8 @@ void LifeOptions::show_limits(const QString& payments, const QString& births) {
     }
 }
 
-void LifeOptions::births_stand_out() {
-    stand_out(lblspouselimit, mskbenebirth);
+void LifeOptions::births_stand_out(const QAbstractButton* option) {
+    stand_out(lblspouselimit, mskbenebirth, option);
 }
 
 }  // namespace kelvar

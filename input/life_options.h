@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 
+class QAbstractButton;
 class QBoxLayout;
 class QGroupBox;
 class QLabel;
@@ -30,8 +31,8 @@ public:
     void show_spouse(bool shown);
     // Says how many payments the chosen one gives, and what a spouse's date of birth must be like.
     void show_limits(const QString& payments, const QString& births);
-    // The latter stands out until another date is entered.
-    void births_stand_out();
+    // The latter stands out until another date is entered, or the `option` for all this is given up.
+    void births_stand_out(const QAbstractButton* option);
 
 signals:
     // The user has chosen one of the two.

@@ -1,5 +1,6 @@
 #include "input/limit_lines.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,11 +26,13 @@ void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidge
     }
 }
 
-void stand_out(QLabel* line, const QLineEdit* entry) {
+void stand_out(QLabel* line, const QLineEdit* entry, const QAbstractButton* option) {
     theme::set_role(line, theme::Role::value);
-    QObject::connect(
-        entry, &QLineEdit::textChanged, line, [line] { theme::set_role(line, theme::Role::note); },
-        Qt::SingleShotConnection);
+    const auto fall_back = [line] { theme::set_role(line, theme::Role::note); };
+    QObject::connect(entry, &QLineEdit::textChanged, line, fall_back, Qt::SingleShotConnection);
+    if (option != nullptr) {
+        QObject::connect(option, &QAbstractButton::toggled, line, fall_back, Qt::SingleShotConnection);
+    }
 }
 
 LimitedBox::LimitedBox(const QString& sign, QLineEdit* box, const char* limit_name)
@@ -52,8 +55,8 @@ void LimitedBox::show_limit(const QString& limit) {
     kelvar::show_limit(limit_, limit, {box_});
 }
 
-void LimitedBox::stand_out() {
-    kelvar::stand_out(limit_, box_);
+void LimitedBox::stand_out(const QAbstractButton* option) {
+    kelvar::stand_out(limit_, box_, option);
 }
 
 }  // namespace kelvar

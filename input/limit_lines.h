@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <initializer_list>
 
+class QAbstractButton;
 class QLabel;
 class QLineEdit;
 
@@ -15,8 +16,9 @@ QLabel* limit_line(const char* name);
 // Shows the limit of some controls, which a screen reader reads with each of them.
 void show_limit(QLabel* line, const QString& limit, std::initializer_list<QWidget*> controls);
 
-// After a refusal by its limit a line stands out until the entry changes.
-void stand_out(QLabel* line, const QLineEdit* entry);
+// After a refusal by its limit a line stands out until the entry changes, or another option is chosen
+// than the one the entry belongs to, if any.
+void stand_out(QLabel* line, const QLineEdit* entry, const QAbstractButton* option = nullptr);
 
 // A box below an option, with the sign that belongs before it, if any, and the limit of what may be
 // typed under it.
@@ -27,7 +29,7 @@ public:
     LimitedBox(const QString& sign, QLineEdit* box, const char* limit_name);
 
     void show_limit(const QString& limit);
-    void stand_out();  // the limit, until the entry changes
+    void stand_out(const QAbstractButton* option);  // the limit, see above
 
 private:
     QLineEdit* box_ = nullptr;

@@ -22,7 +22,8 @@ PartialAmountBox::PartialAmountBox(Module1& module1) : module(module1), scenario
         cmbPercent->addItem(QString::number(percentage));
     }
     cmbPercent->setCurrentIndex(-1);
-    connect(cmbPercent, &QComboBox::activated, this, &PartialAmountBox::percentage_chosen);
+    connect(cmbPercent, &EntryList::picked, this, [this] { emit percentage_chosen(true); });
+    connect(cmbPercent, &EntryList::stepped, this, [this] { emit percentage_chosen(false); });
     connect(cmbPercent, &EntryList::entered, this, [this] {
         if (take_percentage()) {
             emit completed();
@@ -78,9 +79,14 @@ bool PartialAmountBox::dollars_edited() const {
     return txtpartial->isModified() || txtpartial->text() != shown_dollars_;
 }
 
+// A box that has the focus already, because a click or a key led there from the percentage, has it
+// selected, so that nothing is appended to it.
 void PartialAmountBox::show_dollars(double amount) {
     shown_dollars_ = to_qt(format_number(amount, pattern::amount));
     txtpartial->setText(shown_dollars_);
+    if (txtpartial->hasFocus()) {
+        txtpartial->selectAll();
+    }
 }
 
 void PartialAmountBox::follow_balance() {
@@ -132,10 +138,8 @@ void PartialAmountBox::dollars_left(const Leaving& leaving) {
     }
 }
 
-// Leaving it by a click is choosing what was typed.
-void PartialAmountBox::percentage_left(const Leaving& leaving) {
-    const bool by_click = percentage_edited_ && leaving.reason == Qt::MouseFocusReason;
-    if (take_percentage() && by_click) {
+void PartialAmountBox::clicked_beside() {
+    if (percentage_edited_ && cmbPercent->hasFocus() && take_percentage()) {
         emit completed();
     }
 }
@@ -160,8 +164,8 @@ bool PartialAmountBox::take_percentage() {
     return !check;
 }
 
-void PartialAmountBox::take_chosen_percentage() {
-    if (take_percentage() && cmbPercent->hasFocus()) {
+void PartialAmountBox::take_chosen_percentage(bool picked) {
+    if (take_percentage() && picked && cmbPercent->hasFocus()) {
         emit completed();
     }
 }

@@ -39,14 +39,16 @@ public:
 
     // One of the boxes was left.
     void dollars_left(const Leaving& leaving);
-    void percentage_left(const Leaving& leaving);
-    // Takes the entry chosen in the list.
-    void take_chosen_percentage();
+    void percentage_left() { take_percentage(); }
+    // A click went to nothing that takes the focus, which chooses a percentage just typed.
+    void clicked_beside();
+    // Takes the entry chosen in the list, where that has `picked` it, as a complete amount.
+    void take_chosen_percentage(bool picked);
 
 signals:
-    // An entry of the list was picked, or stepped to. To be answered by take_chosen_percentage when the
-    // list is closed.
-    void percentage_chosen();
+    // An entry of the list was picked, or stepped to, so that others can follow. To be answered by
+    // take_chosen_percentage when the list is closed.
+    void percentage_chosen(bool picked);
     void refused(const Refusal& refusal);
     // The amount is complete; the next entry can follow.
     void completed();

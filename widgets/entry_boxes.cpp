@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 namespace kelvar {
 
@@ -34,12 +35,14 @@ EntryList::EntryList(const char* name, const QString& accessible_name) {
     lineEdit()->setAccessibleName(accessible_name);
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
+    connect(this, &QComboBox::activated, this, [this] { steps_ ? emit stepped() : emit picked(); });
 }
 
 void EntryList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         emit entered();
     } else {
+        const QScopedValueRollback stepping(steps_, true);
         QComboBox::keyPressEvent(event);
     }
 }

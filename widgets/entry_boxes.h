@@ -33,10 +33,17 @@ public:
 signals:
     // Enter, which then does nothing else.
     void entered();
+    // An entry was picked from the open list; or the arrow keys went to it in the closed one, where
+    // they can go on to the next.
+    void picked();
+    void stepped();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+
+private:
+    bool steps_ = false;  // a key is being pressed
 };
 
 }  // namespace kelvar

@@ -125,12 +125,17 @@ void Grid::setModel(QAbstractItemModel* model) {
 }
 
 void Grid::resizeEvent(QResizeEvent* event) {
+    const QRect current = visualRect(currentIndex());
+    const bool in_view = QRect(QPoint(), event->oldSize()).contains(current);
     QTableView::resizeEvent(event);
     spread_columns();
     if (event->size().width() != event->oldSize().width()) {
         fit_height();
     }
     fit_rows();
+    if (in_view) {  // stays there
+        scrollTo(currentIndex());
+    }
 }
 
 int Grid::row_height() const {

@@ -230,9 +230,14 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     type("100\r");
     EXPECT_EQ(take_messages().size(), 1U);
     EXPECT_EQ(focus_name(), u"cmbPercent"_s);
-    press(Qt::Key_Down);
-    EXPECT_EQ(focus_name(), u"chkpartial_0"_s) << "1 is chosen";
-    EXPECT_EQ(module->scenario.partial_percent, "1");
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+        press(key);
+        EXPECT_EQ(focus_name(), u"cmbPercent"_s) << "others can be reached";
+    }
+    EXPECT_EQ(find<QLineEdit>("txtpartial")->text(), u"5,000.00"_s);
+    EXPECT_EQ(module->scenario.partial_percent, "2");
+    press(Qt::Key_Return);
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
     find<QWidget>("cmbPercent")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_F4);
     QWidget* entries = QApplication::activePopupWidget()->focusWidget();
@@ -240,7 +245,7 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
     QTest::keyClick(entries, Qt::Key_Return);
     settle();
     EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
-    EXPECT_EQ(module->scenario.partial_percent, "2");
+    EXPECT_EQ(module->scenario.partial_percent, "3");
     EXPECT_TRUE(find<QWidget>("focusring")->isVisible());
     for (const char* clicked : {"txtpartial", "chkpartial_1"}) {
         click("cmbPercent");
@@ -248,13 +253,21 @@ TEST_F(Partial, TabAndEnterLeadOnFromTheAmountToTheBoxes) {
         EXPECT_EQ(focus_name(), QString::fromLatin1(clicked)) << "nothing was typed";
         type_into("cmbPercent", u"12.5"_s);
         click(clicked);
-        EXPECT_TRUE(focus_name().startsWith(u"chkpartial"_s)) << focus_name().toStdString();
+        EXPECT_EQ(focus_name(), QString::fromLatin1(clicked));
         EXPECT_EQ(module->scenario.partial_percent, "12.5");
     }
-    EXPECT_EQ(focus_name(), u"chkpartial_1"_s);
     type_into("cmbPercent", u"10"_s);
     press(Qt::Key_Backtab);
     EXPECT_EQ(focus_name(), u"txtpartial"_s);
+    type_into("cmbPercent", u"25"_s);
+    click("lblmethod_4");
+    EXPECT_EQ(module->scenario.partial_amount, 62500.0);
+    EXPECT_EQ(focus_name(), u"chkpartial_0"_s);
+    type_into("cmbPercent", u"50"_s);
+    click("txtpartial");
+    EXPECT_EQ(module->scenario.partial_amount, 125000.0);
+    type("3");
+    EXPECT_EQ(find<QLineEdit>("txtpartial")->text(), u"3"_s) << "instead of 125,000.00";
 }
 
 TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
@@ -271,15 +284,30 @@ TEST_F(Partial, RemainingPaymentsFollowTheFirstPaymentUntilTheyAreChosen) {
     EXPECT_EQ(find<QComboBox>("cmbscnmonth")->currentText(), u"August"_s);
     EXPECT_EQ(month_after_going_back_to(u"May"_s, u"2020"_s), u"June2020"_s);
     EXPECT_EQ(module->scenario.scenario_month, 6);
+    const auto expect_cannot_be_chosen = [&](const QString& month) {
+        const QString words =
+            month + u", 2020 cannot be chosen; the other payments begin in December, 2020."_s;
+        EXPECT_EQ(text_of("lblchanged"), words);
+        EXPECT_TRUE(find<QWidget>("lblchanged")->isVisible());
+        for (const char* list : {"cmbscnmonth", "cmbscnyear"}) {
+            EXPECT_EQ(find<QWidget>(list)->accessibleDescription(), words);
+        }
+    };
     choose("cmbscnmonth", u"October"_s);
     EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
-    EXPECT_FALSE(find<QWidget>("lblnomonth")->isVisible());
+    EXPECT_FALSE(find<QWidget>("lblchanged")->isVisible());
     EXPECT_EQ(month_after_going_back_to(u"November"_s, u"2020"_s), u"December2020"_s);
+    expect_cannot_be_chosen(u"October"_s);
     EXPECT_EQ(month_after_going_back_to(u"April"_s, u"2020"_s), u"October2020"_s);
     // A month typed before the year that offers it; 2021 has January to March.
     EXPECT_EQ(month_after_going_back_to(u"November"_s, u"2020"_s), u"December2020"_s);
     find<QWidget>("cmbscnmonth")->setFocus();
+    type("March");
+    expect_cannot_be_chosen(u"March"_s);
+    choose("cmbscnmonth", u"December"_s);
+    EXPECT_FALSE(find<QWidget>("lblchanged")->isVisible());
     type("March\t2021");
+    EXPECT_FALSE(find<QWidget>("lblchanged")->isVisible());
     EXPECT_EQ(find<QComboBox>("cmbscnmonth")->currentText(), u"March"_s);
     EXPECT_EQ(find<QComboBox>("cmbscnyear")->currentText(), u"2021"_s);
     EXPECT_EQ(module->scenario.scenario_month, 3);
@@ -345,7 +373,8 @@ TEST_F(Partial, NoMonthLeftIsSaid) {
     go_to_method(u"06151949"_s, u"250000"_s, u"March"_s, u"2021"_s);
     click("optmethod_2");
     EXPECT_EQ(find<QComboBox>("cmbscnmonth")->count(), 0);
-    EXPECT_TRUE(find<QWidget>("lblnomonth")->isVisible());
+    EXPECT_TRUE(text_of("lblchanged").startsWith(u"The first amount is paid in the last month"_s));
+    EXPECT_TRUE(find<QWidget>("lblchanged")->isVisible());
 }
 
 TEST_F(Partial, FixedAmountAndTheLimit) {

@@ -12,6 +12,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <cmath>
@@ -429,8 +431,18 @@ TEST_F(Periodic, JointLife) {
     click("optlength_2");
     EXPECT_TRUE(find<QWidget>("grdlife")->isVisible());
     EXPECT_EQ(text_of("lbllifelimit"), u"349 monthly payments"_s);
-    click("oplifeexp_1");
+    const auto expect_own_row_in_view = [&] {
+        auto* table = find<QTableView>("grdlife");
+        ASSERT_EQ(table->selectionModel()->selectedRows().size(), 1);
+        const QModelIndex own = table->selectionModel()->selectedRows().front();
+        EXPECT_EQ(own.data().toString(), u"70"_s);
+        EXPECT_TRUE(table->viewport()->rect().contains(table->visualRect(own)));
+    };
+    expect_own_row_in_view();
+    find<QWidget>("oplifeexp_0")->setFocus();
+    press(Qt::Key_Down);
     EXPECT_EQ(text_of("lbllifelimit"), QString());
+    EXPECT_EQ(find<QScrollArea>("page")->verticalScrollBar()->maximum(), 0);
     EXPECT_TRUE(find<QWidget>("grdlife1")->isVisible());
     EXPECT_FALSE(find<QWidget>("grdlife")->isVisible());
     EXPECT_EQ(focus_name(), u"mskbenebirth"_s);
@@ -440,6 +452,7 @@ TEST_F(Periodic, JointLife) {
     EXPECT_EQ(text_of("lblspouselimit"), births);
     enter("mskbenebirth", u"01141961"_s);
     EXPECT_EQ(take_messages().size(), 1U);
+    expect_own_row_in_view();
     click("oplifeexp_1");
     EXPECT_TRUE(stands_out("lblspouselimit")) << "until another date is entered";
     enter("mskbenebirth", u"08201965"_s);
@@ -500,7 +513,11 @@ TEST_F(Periodic, LimitsFollowEveryChangeAndAreThoseOfNext) {
     EXPECT_TRUE(stands_out("lblnumberlimit"));
     type("2");
     EXPECT_FALSE(stands_out("lblnumberlimit"));
+    type("8\r");
+    EXPECT_TRUE(stands_out("lblnumberlimit"));
+    EXPECT_EQ(take_messages().size(), 1u);
     click("optlength_1");
+    EXPECT_FALSE(stands_out("lblnumberlimit")) << "another one is chosen";
     for (const QString& amount : {u"3649.63"_s, u"3649.64"_s}) {
         EXPECT_EQ(screen_name(), u"frmdist3"_s);
         EXPECT_EQ(stands_out("lblamountlimit"), amount == u"3649.64"_s);

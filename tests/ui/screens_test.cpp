@@ -234,7 +234,7 @@ TEST_F(ScreenTest, ChosenOptionLeadsToWhereItsEntryIsTyped) {
 }
 
 // Also where it was chosen before, and the focus stays on the option.
-TEST_F(ScreenTest, WhatAnOptionOpensIsInSight) {
+TEST_F(ScreenTest, WhatAnOptionOpensAndWhatIsSaidOfAListIsInSight) {
     go_to_small_display();
     window->resize(869, 500);
     go_to_length();
@@ -249,6 +249,14 @@ TEST_F(ScreenTest, WhatAnOptionOpensIsInSight) {
     EXPECT_FALSE(find<QWidget>("frame3")->isVisible());
     press(Qt::Key_L, Qt::AltModifier);
     EXPECT_TRUE(in_sight("frame3"));
+    click("cmdprev");
+    click("cmdprev");
+    window->resize(869, 380);
+    for (const char* name : {"mskbirth", "Cmbfrstmonth"}) {
+        settle();
+        find<QWidget>(name)->setFocus();
+    }
+    EXPECT_TRUE(in_sight("lbllatest"));
 }
 
 TEST_F(ScreenTest, EnterIsNextAfterANoteAndNoOtherScreenWakesOnTheWay) {
