@@ -56,7 +56,7 @@ void CommencementLists::build() {
     row->addWidget(lblyear);
     row->addWidget(cmbscnyear);
     row->addStretch(1);
-    lblchanged = control::paragraph({}, "lblchanged");
+    lblchanged = limit_line("lblchanged");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(row);
@@ -93,7 +93,6 @@ void CommencementLists::show_changed() {
             wished_month, wished_year, month, year);
     }
     show_limit(lblchanged, changed, {cmbscnmonth, cmbscnyear});
-    lblchanged->setVisible(!changed.isEmpty());
 }
 
 bool CommencementLists::eventFilter(QObject* watched, QEvent* event) {
@@ -103,8 +102,8 @@ bool CommencementLists::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-// The list itself goes to a month that it offers. Any other one is wished for: the year that offers it
-// is chosen after it.
+// The list itself goes to another month that it offers. Any other one is wished for: the year that
+// offers it is chosen after it.
 void CommencementLists::month_typed(const QString& letter) {
     static const QStringList months = month_entries(all_from(1, 12));
     const auto first_with = [](const QString& letters) {
@@ -117,7 +116,10 @@ void CommencementLists::month_typed(const QString& letter) {
         typed_ = letter;
     }
     const auto month = first_with(typed_);
-    if (!typed_.isEmpty() && month != months.end() &&
+    if (typed_.isEmpty() || month == months.end()) {
+        return;
+    }
+    if (*month == cmbscnmonth->currentText() ||
         cmbscnmonth->findText(typed_, Qt::MatchStartsWith) < 0) {
         wished_month_ = *month;
         show_changed();

@@ -131,8 +131,13 @@ void frmdist2::load() {
 }
 
 void frmdist2::activate() {
+    const auto begin = [this] { return std::pair(scenario.scenario_month, scenario.scenario_year); };
+    const auto begin_before = begin();
     commencement_->get_year();
     commencement_->take();
+    if (begin() != begin_before) {
+        focus_field("cmbscnmonth");  // so that it is in sight, with the line that says why
+    }
     if (scenario.method == partial_lump_sum) {
         partial_amount_->follow_balance();
     }
