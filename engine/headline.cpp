@@ -37,7 +37,11 @@ std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule
     std::string text = first_amount(scenario, rows.front());
     const auto second_year = std::ranges::find_if(
         rows, [&](const PaymentRow& row) { return row.date.year() != rows.front().date.year(); });
-    if (second_year != rows.end() && second_year + 1 != rows.end()) {
+    if (second_year + 1 == rows.end()) {
+        return text + fmt::format("; last payment of {} in {}, {}.", money_text(last.payment),
+                                  month_year_text(last.date), age_text(scenario, last.date));
+    }
+    if (second_year != rows.end()) {
         text += fmt::format(", {} from {}", money_text(second_year->payment),
                             month_year_text(second_year->date));
         if (second_year->date.year() != last.date.year()) {

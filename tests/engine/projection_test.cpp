@@ -2,6 +2,7 @@
 // 60-digit decimals, straight from the written rules.
 #include "engine/projection.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -247,6 +248,9 @@ void expect_explained(const Scenario& scenario, const Projection& p, std::size_t
     const bool cut = scenario.fixed_amount >= scenario.present_value;
     EXPECT_EQ(says(", the amount you chose."), fixed && !last && !cut);
     EXPECT_EQ(says(", the balance you entered."), fixed && !last && cut);
+    EXPECT_EQ(says("less than the other payments"),
+              last && fixed && row.startbalance >= 0.005 &&
+                  row.payment < round_to_cents(scenario.fixed_amount));
     if (const std::size_t as_in = text.find(" as in "); as_in != std::string::npos) {
         EXPECT_TRUE(says(" as in January, ") || year_of(row.date) == year_of(p.schedule.rows[0].date) ||
                     scenario.frequency < 12);
@@ -259,6 +263,7 @@ void expect_explained(const Scenario& scenario, const Projection& p, std::size_t
     if (const std::size_t division = text.find(" divided by "); division != std::string::npos) {
         const double left = read_number(text.substr(division + 12));
         EXPECT_EQ(left, row.remaining + 1);
+        EXPECT_EQ(says(fmt::format("({} to come and this one)", row.remaining)), index > 0);
         EXPECT_EQ(row.payment, round_to_cents(row.startbalance / left));
     }
     const std::size_t then = text.find(" The $");
@@ -351,6 +356,8 @@ TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
     }
     EXPECT_GT(*std::min_element(std::begin(met), std::end(met)), 30) << "all four outcomes are met";
 
+    const Ledger ledger = project(monthly_over_life(periodic_payments), 5.0, 2020y / 1 / 15).ledger;
+    EXPECT_EQ(ledger.fees_before, 39.89) << "182 days at $80 a year";
     Scenario six_cents = monthly_over_life(periodic_payments);
     six_cents.present_value = 0.06;
     six_cents.number_of_payments = 12;
@@ -394,6 +401,8 @@ TEST(Headline, SaysTheResultInOneSentence) {
          "$85,423.63 a half-year from July, 2020, $87,583.83 from January, 2021; last payment July, "
          "2021, "
          "age 71."},
+        {with(periodic, 12, by_number_of_payments, 7),
+         "$36,610.13 a month from July, 2020; last payment of $39,856.47 in January, 2021, age 70."},
         {with(periodic, 2, by_number_of_payments, 2),
          "$128,135.45 in July, 2020 and $131,365.66 in January, 2021, age 70."},
         {with(periodic, 4, by_number_of_payments, 2),

@@ -64,9 +64,6 @@ protected:
     static QTextTable& table_of(const Report& report) {
         return *qobject_cast<QTextTable*>(report->rootFrame()->childFrames().front());
     }
-    static QString cell(const QTextTable& table, int row, int column) {
-        return table.cellAt(row, column).firstCursorPosition().block().text();
-    }
     Report own_report(const std::string& text, const ReportValues& result) {
         const auto file = folder.path() / "own.rpt";
         std::ofstream(file, std::ios::binary) << text;
@@ -161,23 +158,6 @@ TEST_F(Reports, ShippedTemplatesPrintTheFieldsOfTheirScreen) {
     database.distrib().Update();
     for (const char* name : {"periodic.rpt", "partial.rpt", "schefix.rpt"}) {
         EXPECT_TRUE(printed(name).contains(fixed)) << name;
-    }
-}
-
-TEST_F(Reports, ScheduleIsATableWithEveryRowUnderAHeadingThatRepeats) {
-    for (const char* name : {"schedule.rpt", "schefix.rpt", "schelife.rpt"}) {
-        const Report report = shipped(name);
-        const QTextTable& table = table_of(report);
-        EXPECT_EQ(table.format().headerRowCount(), 1) << name;
-        EXPECT_EQ(table.rows(), 1 + 30 + 4 + 1) << name;  // heading, payments, years, total
-        const auto text = [&table](int row, int column) { return cell(table, row, column); };
-        EXPECT_EQ(text(3, 0), u"2026: 2 payments"_s) << name;
-        EXPECT_EQ(text(33, 0), u"30"_s) << name;
-        EXPECT_EQ(text(34, 0), u"2029: 4 payments"_s) << name;
-        const auto cents = [&text](int row) {
-            return text(row, 5).remove(u'$').remove(u',').remove(u'.').toInt();
-        };
-        EXPECT_EQ(cents(34), cents(30) + cents(31) + cents(32) + cents(33)) << name;
     }
 }
 
