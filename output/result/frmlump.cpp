@@ -1,12 +1,14 @@
 #include "output/result/frmlump.h"
 
 #include <QComboBox>
+#include <QItemSelectionModel>
 #include <QLabel>
 
 #include "engine/chart_rules.h"
 #include "engine/comparison.h"
 #include "engine/result_texts.h"
 #include "engine/store.h"
+#include "output/report/page_painter.h"
 #include "output/result/cells.h"
 #include "widgets/bar_chart.h"
 #include "widgets/grid.h"
@@ -29,12 +31,18 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     values_ = new TextTableModel({{u"Rate"_s}, {u"Value"_s}, {u"Difference from Today"_s}}, this);
     grdvalues = new Grid("grdvalues", u"Value at each rate and its difference from today"_s);
     grdvalues->setModel(values_);
+    connect(grdvalues->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { follow_row(); });
     auto* result = new QWidget;
     QBoxLayout* row = control::row();
     result->setLayout(row);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(grphlump, 3);
-    row->addWidget(grdvalues, 2, Qt::AlignTop);
+    auto* beside = new QVBoxLayout;
+    beside->addWidget(grdvalues);
+    beside->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
+    beside->addStretch(1);
+    row->addLayout(beside, 2);
     set_result(result);
     add_menu_button();
 }
@@ -67,7 +75,9 @@ void frmlump::get_value() {
         uncover();
         print_buttons->setEnabled(true);
         grphlump->choose(cmbrate->currentIndex());
-        grdvalues->setCurrentIndex(values_->index(cmbrate->currentIndex(), 0));
+        if (grdvalues->currentIndex().row() != cmbrate->currentIndex()) {
+            grdvalues->setCurrentIndex(values_->index(cmbrate->currentIndex(), 0));
+        }
         store_result([this, heading = heading_of(scenario, projection)] {
             Database::Transaction transaction(module.database());
             add_table(module.database(), heading);
@@ -75,6 +85,15 @@ void frmlump::get_value() {
         });
     }
     show_note();
+}
+
+// The row chosen in the table is the rate.
+void frmlump::follow_row() {
+    const int row = grdvalues->currentIndex().row();
+    if (row >= 0 && row != cmbrate->currentIndex()) {
+        cmbrate->setCurrentIndex(row);
+        get_value();
+    }
 }
 
 void frmlump::show_all_rates() {

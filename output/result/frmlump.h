@@ -21,6 +21,7 @@ protected:
     Table shown_table() const override;
 
 private:
+    void follow_row();
     void show_all_rates();
 
     QLabel* lblcurvalue = nullptr;

@@ -61,6 +61,15 @@ TEST_F(LumpSum, AllFourRates) {
         press(Qt::Key_Right);
     }
     EXPECT_EQ(notes_shown, QStringList{u"frmclaim"_s});
+    EXPECT_TRUE(text_of("lblestimate").startsWith(u"Estimates for illustration, not guaranteed"_s));
+
+    find<Grid>("grdvalues")->setFocus();
+    press(Qt::Key_Up);  // a row of the table is a rate of the list
+    EXPECT_EQ(find<QComboBox>("cmbrate")->currentText(), u"7%"_s);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$258,854.30"_s);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(text_of("lblstartvalue"), u"$257,566.90"_s);
+    EXPECT_EQ(find<Grid>("grdvalues")->selectionModel()->selectedRows().size(), 2);
 }
 
 TEST_F(LumpSum, ThisMonthHasNeitherGrowthNorFee) {
