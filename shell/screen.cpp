@@ -40,7 +40,7 @@ void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
     auto* band = new QFrame;
     band->setObjectName(u"titleband"_s);
     auto* row = new QHBoxLayout(band);
-    const int above = theme::large_text() ? theme::grid / 2 : 2 * theme::grid;  // leaves room for rows
+    const int above = theme::low_display() ? theme::grid / 2 : 2 * theme::grid;  // leaves room for rows
     row->setContentsMargins(3 * theme::grid, above, 3 * theme::grid, above);
     lbltitle = theme::label(layout.title, theme::Role::title, "lbltitle");
     lbltitle->setWordWrap(true);

@@ -240,6 +240,10 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         // The toolkit knows the Menu key only.
         show_menu(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+    } else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+        // With Ctrl the view would go there without choosing the row.
+        QKeyEvent chooses(event->type(), event->key(), event->modifiers() & ~Qt::ControlModifier);
+        QTableView::keyPressEvent(&chooses);
     } else {
         QTableView::keyPressEvent(event);
     }

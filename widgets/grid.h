@@ -1,8 +1,9 @@
 // A read-only table of records: header that stays, alternating rows, columns wide enough for their
 // contents, headings shortened where else it would scroll sideways, groups of rows parted by a fine
 // line, changed cells marked (see table_model.h). Arrow keys move inside, Home and End go to the first
-// and last row, Tab leaves it. Typing goes to the first row whose entry in the search column begins so.
-// Rows are chosen as in other lists and copied with their headings, for spreadsheets and for mail.
+// and last row, Tab leaves it, and the current row stays in sight when its size changes. Typing goes to
+// the first row whose entry in the search column begins so. Rows are chosen as in other lists and
+// copied with their headings, for spreadsheets and for mail.
 #pragma once
 
 #include <QElapsedTimer>

@@ -199,6 +199,12 @@ bool large_text() {
            QGuiApplication::primaryScreen()->availableGeometry().width() < narrowest_usual;
 }
 
+bool low_display() {
+    constexpr int lowest_usual = 724;  // pixels, for a window of the standard size with its frame
+    return large_text() ||
+           QGuiApplication::primaryScreen()->availableGeometry().height() < lowest_usual;
+}
+
 int side_margin() {
     return large_text() ? grid / 2 : 3 * grid;
 }

@@ -19,6 +19,8 @@ void apply(QApplication& application);
 // True when the desktop's font is so large, or its display so narrow, that what otherwise stands side
 // by side goes below each other, so that nothing needs sideways scrolling.
 bool large_text();
+// True then, and when the display is too low for the standard size: what is only air gives way.
+bool low_display();
 // Margin left and right of the content, indentation below an option; narrower for large text.
 int side_margin();
 

@@ -35,6 +35,9 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     top->addWidget(rate_list());
     content()->addLayout(top);
     build_values();
+    if (!theme::large_text()) {
+        content()->addWidget(summary_);
+    }
     headline_row_ = control::row();
     lblheadline = theme::label({}, theme::Role::body, "lblheadline");
     lblheadline->setWordWrap(true);
@@ -49,6 +52,9 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     lblcover->setMargin(4 * theme::grid);
     result_->addWidget(lblcover);
     content()->addWidget(result_, 1);
+    if (theme::large_text()) {
+        content()->addWidget(summary_);
+    }
     build_buttons();
 }
 
@@ -63,7 +69,6 @@ void ResultScreen::build_values() {
         values_->setColumnMinimumWidth(2, 2 * theme::grid);
         values_->setColumnStretch(3, 2);
     }
-    content()->addWidget(summary_);
 }
 
 void ResultScreen::build_buttons() {

@@ -2,6 +2,7 @@
 
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QRadioButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -50,13 +51,11 @@ std::vector<TextTableModel::Column> year_columns() {
             {u"Ending Balance"_s}};
 }
 
-// A text that takes part in the height of two lines, so that the grid above it keeps its place.
-QLabel* two_lines(const char* name) {
+QLabel* panel_text(const char* name) {
     QLabel* label = theme::label({}, theme::Role::body, name);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
     return label;
 }
 
@@ -92,14 +91,19 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     for (Grid* grid : {grddist, grdyear}) {
         keep_in_view_with(grid, panel_);
     }
+    for (QWidget* option : choice_->findChildren<QRadioButton*>()) {
+        keep_in_view_with(option, this);
+    }
 }
 
 QWidget* ScheduleView::build_panel() {
     panel_ = new QStackedWidget;
-    lblexplain = two_lines("lblexplain");
-    lblledger = two_lines("lblledger");
-    panel_->addWidget(lblexplain);
-    panel_->addWidget(lblledger);
+    lblexplain = panel_text("lblexplain");
+    lblledger = panel_text("lblledger");
+    longest_ = panel_text("longest");
+    for (QLabel* text : {lblexplain, lblledger, longest_}) {
+        panel_->addWidget(text);
+    }
     return panel_;
 }
 
@@ -125,6 +129,13 @@ void ScheduleView::show_projection(const Projection& projection) {
     projection_ = projection;
     rows_->show_rows(0, projection.schedule.rows.size());
     keep_row(*grddist, payment);
+    QString longest;
+    for (int row = 0; row < rows_->rowCount(); ++row) {
+        longest = std::max(longest, explained(row), [](const QString& one, const QString& other) {
+            return one.size() < other.size();
+        });
+    }
+    longest_->setText(longest);
     if (shows_years()) {
         show_years();
     }
@@ -147,12 +158,13 @@ void ScheduleView::choose_view() {
     panel_->setCurrentIndex(shows_years() ? 1 : 0);
 }
 
+QString ScheduleView::explained(int row) const {
+    const bool known = row >= 0 && projection_.outcome == Outcome::complete;
+    return known ? to_qt(explanation(scenario, projection_, static_cast<std::size_t>(row))) : QString();
+}
+
 void ScheduleView::explain() {
-    const QModelIndex current = grddist->currentIndex();
-    const bool known = current.isValid() && projection_.outcome == Outcome::complete;
-    const QString text =
-        known ? to_qt(explanation(scenario, projection_, static_cast<std::size_t>(current.row())))
-              : QString();
+    const QString text = explained(grddist->currentIndex().row());
     lblexplain->setText(text);
     grddist->setAccessibleDescription(text);
 }

@@ -37,6 +37,7 @@ public:
 private:
     QWidget* build_panel();
     void choose_view();
+    QString explained(int row) const;  // empty without payments
     void explain();
     void show_years();
 
@@ -50,6 +51,7 @@ private:
     Grid* grdyear = nullptr;
     QLabel* lblexplain = nullptr;
     QLabel* lblledger = nullptr;
+    QLabel* longest_ = nullptr;    // never shown: the panel has room for it, so that the grids stay put
     QLabel* lblminimum = nullptr;  // the years below the federal minimum, if there are any
     RecordTableModel* rows_ = nullptr;
     TextTableModel* years_ = nullptr;

@@ -301,6 +301,21 @@ TEST_P(LargeText, ShowsRowsAndTheTotal) {
             EXPECT_TRUE(
                 grid->viewport()->rect().contains(grid->visualRect(grid->model()->index(0, 1))));
         }
+        if (grid->objectName() == u"grddist") {
+            const auto in_sight = [](QWidget* part, const QRect& place) {
+                return part->visibleRegion().boundingRect().contains(place);
+            };
+            const auto third_row = [](Grid* of) { return of->visualRect(of->model()->index(2, 0)); };
+            EXPECT_TRUE(in_sight(grid->viewport(), third_row(grid)));
+            EXPECT_TRUE(in_sight(find<QLabel>("lblheadline"), find<QLabel>("lblheadline")->rect()));
+            const int height = grid->height();
+            grid->setCurrentIndex(grid->model()->index(6, 0));  // January, which has more to say
+            settle();
+            EXPECT_EQ(grid->height(), height);
+            press(Qt::Key_E, Qt::AltModifier);
+            settle();
+            EXPECT_TRUE(in_sight(find<Grid>("grdyear")->viewport(), third_row(find<Grid>("grdyear"))));
+        }
     }
 }
 

@@ -101,6 +101,10 @@ TEST_F(GridTest, RowsChosenByKeysAndPointerAreCopiedInTheOrderOfTheGrid) {
     EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 13);
     press(Qt::Key_PageUp, Qt::ShiftModifier);
     EXPECT_LT(grid.selectionModel()->selectedRows().size(), 13);
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(copied(), u"Row/19/"_s) << "the row is chosen, not only current";
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(copied(), u"Row/0/"_s);
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(copied().startsWith(u"Row/0/1/"_s) && copied().endsWith(u"/18/19/"_s));
     EXPECT_EQ(
@@ -118,6 +122,11 @@ TEST_F(GridTest, NoRowIsCutInHalf) {
         EXPECT_LT(room - rows * grid.rowHeight(0), rows)
             << height << ": less than a pixel for each row";
     }
+    const QModelIndex last_in_sight = grid.indexAt(QPoint(1, grid.viewport()->height() - 2));
+    grid.setCurrentIndex(last_in_sight);
+    grid.resize(600, 200);
+    QApplication::processEvents();
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(last_in_sight)));
 }
 
 TEST_F(GridTest, MenuCopiesAndChoosesAll) {
