@@ -29,24 +29,31 @@ QFont bold(QFont font) {
     return font;
 }
 
-// Draws what changed in bold and in the accent colour.
+// Draws what changed in bold and in the accent colour, and where the grid has no room for the texts,
+// the brief ones.
 class Delegate : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    Delegate(QObject* parent, const bool& brief) : QStyledItemDelegate(parent), brief_(brief) {}
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
+        if (brief_) {
+            option->text = index.data(brief_role).toString();
+        }
         if (index.data(changed_role).toBool()) {
             option->font = bold(option->font);
             option->palette.setColor(QPalette::Text, theme::colors().accent);
         }
     }
+
+private:
+    const bool& brief_;
 };
 
 // Width of the longest text among the first rows, where every month occurs, and some spread over the
 // column; one more digit for amounts not looked at.
-int contents_width(const QTableView& grid, int column, const QFont& font) {
+int contents_width(const QTableView& grid, int column, const QFont& font, int role) {
     constexpr int looked_at = 24;
     const QAbstractItemModel& model = *grid.model();
     const int rows = model.rowCount();
@@ -58,25 +65,26 @@ int contents_width(const QTableView& grid, int column, const QFont& font) {
         if (grid.columnSpan(row, column) > 1) {
             continue;
         }
-        const QString text = cell.data().toString();
+        const QString text = cell.data(role).toString();
         longest = text.size() > longest.size() ? text : longest;
         changed = changed || cell.data(changed_role).toBool();
     }
-    if (step > 1 && longest.contains(u'.')) {
+    if (step > 1 && (longest.contains(u'.') || longest.contains(u'$'))) {
         longest += u'0';
     }
     return QFontMetrics(changed ? bold(font) : font).horizontalAdvance(longest) + 1;
 }
 
-// A heading wraps at its blanks, so its longest word decides, or its longest beginning.
+// A heading wraps at its blanks, so its longest word decides. A word with more letters than these may
+// be shortened.
 int heading_width(const QString& heading, const QFontMetrics& metrics, qsizetype letters) {
     int widest = 0;
     for (const QString& word : heading.split(u' ')) {
-        const QString beginning = word.left(letters) + u'\u2026';
-        const int whole = metrics.horizontalAdvance(word);
-        widest = std::max(widest, std::min(whole, metrics.horizontalAdvance(beginning)));
+        const bool whole = word.size() <= letters;
+        const QString shown = whole ? word : word.left(letters / 2) + u'\u2026';
+        widest = std::max(widest, metrics.horizontalAdvance(shown));
     }
-    return widest;
+    return widest + 1;
 }
 
 // Shortens words that are wider than their column. The model has them whole, for the pointer and for
@@ -105,7 +113,7 @@ Grid::Grid(const char* name, const QString& accessible_name) {
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setItemDelegate(new Delegate(this));
+    setItemDelegate(new Delegate(this, brief_));
     setAlternatingRowColors(true);
     setShowGrid(false);
     setTabKeyNavigation(false);
@@ -288,14 +296,15 @@ void Grid::copy() const {
 
 void Grid::measure_columns() {
     constexpr qsizetype all = 100;
-    constexpr qsizetype least = 2;  // letters of a word
+    constexpr qsizetype few = 6;  // as "Number" has
     const QFontMetrics heading_metrics(bold(font()));
     widths_.clear();
     for (int column = 0; column < model()->columnCount(); ++column) {
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
-        const int contents = contents_width(*this, column, font());
-        widths_.push_back({std::max(heading_width(heading, heading_metrics, all), contents),
-                           std::max(heading_width(heading, heading_metrics, least), contents)});
+        widths_.push_back({heading_width(heading, heading_metrics, all),
+                           heading_width(heading, heading_metrics, few),
+                           contents_width(*this, column, font(), Qt::DisplayRole),
+                           contents_width(*this, column, font(), brief_role)});
     }
     spread_columns();
     fit_height();
@@ -303,25 +312,34 @@ void Grid::measure_columns() {
 }
 
 // Shares out the room that is left. Where there is none, the columns move closer; where that does not
-// do, headings are shortened, as few as will do, and only then the grid scrolls sideways.
+// do, texts are brief, then headings are shortened, as few as will do, and only then the grid scrolls
+// sideways.
 void Grid::spread_columns() {
     if (widths_.empty()) {
         return;
     }
-    int texts = 0;
-    for (const ColumnWidth& width : widths_) {
-        texts += width.whole;
-    }
+    const auto texts = [this] {
+        int sum = 0;
+        for (const ColumnWidth& width : widths_) {
+            sum += std::max(width.heading, brief_ ? width.brief_contents : width.contents);
+        }
+        return sum;
+    };
+    brief_ = false;
     const int columns = static_cast<int>(widths_.size());
     const int usual_padding = 2 * theme::grid;
-    move_closer(texts + columns * usual_padding > viewport()->width());
+    move_closer(texts() + columns * usual_padding > viewport()->width());
     const int padding = close_ ? theme::grid : usual_padding;
     const int room = viewport()->width() - columns * padding;
-    const int spare = std::max(0, room - texts);
-    int missing = std::max(0, texts - room);
+    brief_ = texts() > room;
+    const int needed = texts();
+    const int spare = std::max(0, room - needed);
+    int missing = std::max(0, needed - room);
     for (int column = 0; column < columns; ++column) {
-        const auto [whole, least] = widths_[static_cast<std::size_t>(column)];
-        const int less = std::min(missing, whole - least);
+        const ColumnWidth& width = widths_[static_cast<std::size_t>(column)];
+        const int contents = brief_ ? width.brief_contents : width.contents;
+        const int whole = std::max(width.heading, contents);
+        const int less = std::min(missing, whole - std::max(width.least_heading, contents));
         missing -= less;
         const int share = spare * (column + 1) / columns - spare * column / columns;
         setColumnWidth(column, whole - less + padding + share);

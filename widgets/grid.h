@@ -1,9 +1,9 @@
 // A read-only table of records: header that stays, alternating rows, columns wide enough for their
-// contents, headings shortened where else it would scroll sideways, groups of rows parted by a fine
-// line, changed cells marked (see table_model.h). Arrow keys move inside, Home and End go to the first
-// and last row, Tab leaves it, and the current row stays in sight when its size changes. Typing goes to
-// the first row whose entry in the search column begins so. Rows are chosen as in other lists and
-// copied with their headings, for spreadsheets and for mail.
+// contents, texts brief and headings shortened where else it would scroll sideways, groups of rows
+// parted by a fine line, changed cells marked (see table_model.h). Arrow keys move inside, Home and End
+// go to the first and last row, Tab leaves it, and the current row stays in sight when its size
+// changes. Typing goes to the first row whose entry in the search column begins so. Rows are chosen as
+// in other lists and copied with their headings, for spreadsheets and for mail.
 #pragma once
 
 #include <QElapsedTimer>
@@ -47,12 +47,15 @@ private:
     void copy() const;
 
     struct ColumnWidth {
-        int whole;  // of the cells and the longest word of the heading
-        int least;  // of the cells and the beginnings of its words
+        int heading;        // of its longest word
+        int least_heading;  // with long words shortened
+        int contents;       // of the cells
+        int brief_contents;
     };
 
     std::vector<ColumnWidth> widths_;  // without what stands left and right of the texts
     bool close_ = false;               // the columns
+    bool brief_ = false;               // the texts
     int least_rows_ = 4;
     bool shows_all_rows_ = false;
     int search_column_ = 0;

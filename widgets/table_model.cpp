@@ -20,6 +20,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
             return QVariant::fromValue(heading(column).alignment | Qt::AlignVCenter);
         case plain_role:
             return plain(row, column);
+        case brief_role:
+            return brief(row, column);
         case new_group_role:
             return begins_group(row);
         case changed_role:

@@ -9,6 +9,7 @@ namespace kelvar {
 // What the tables of the screens tell of their cells beyond what every view asks for.
 enum TableRole {
     plain_role = Qt::UserRole + 1,  // the text for other programs, as "734.30" for "$734.30"
+    brief_role,                     // the text where there is no room for the whole one
     new_group_role,                 // true in rows that a fine line parts from the row above
     changed_role,                   // true in cells whose change against the row above is pointed out
 };
@@ -32,6 +33,7 @@ protected:
     virtual Heading heading(int column) const = 0;
     virtual QString text(int row, int column) const = 0;
     virtual QString plain(int row, int column) const = 0;
+    virtual QString brief(int row, int column) const { return text(row, column); }
     virtual bool begins_group(int /*row*/) const { return false; }
     virtual bool changed(int /*row*/, int /*column*/) const { return false; }
 };

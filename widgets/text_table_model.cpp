@@ -37,4 +37,9 @@ QString TextTableModel::plain(int row, int column) const {
     return shown.plain.isEmpty() ? shown.text : shown.plain;
 }
 
+QString TextTableModel::brief(int row, int column) const {
+    const Cell& shown = cell(row, column);
+    return shown.brief.isEmpty() ? shown.text : shown.brief;
+}
+
 }  // namespace kelvar

@@ -18,6 +18,7 @@ public:
     struct Cell {
         QString text;
         QString plain{};  // for other programs, as "734.30" for "$734.30"; empty: the text
+        QString brief{};  // where there is no room for the text, as "$734"; empty: the text
     };
 
     TextTableModel(std::vector<Column> columns, QObject* parent);
@@ -32,6 +33,7 @@ protected:
     Heading heading(int column) const override;
     QString text(int row, int column) const override;
     QString plain(int row, int column) const override;
+    QString brief(int row, int column) const override;
 
 private:
     const Cell& cell(int row, int column) const;

@@ -1,6 +1,9 @@
 // Cells of the tables that show results.
 #pragma once
 
+#include <cmath>
+#include <initializer_list>
+
 #include "core/numbers.h"
 #include "engine/result_texts.h"
 #include "widgets/text.h"
@@ -20,6 +23,17 @@ std::vector<TextTableModel::Cell> text_cells(const Texts& shown, const Texts& pl
         cells.push_back({to_qt(shown[column]), to_qt(plain[column])});
     }
     return cells;
+}
+
+// Lets these columns of a row of amounts show whole dollars where there is no room for cents.
+inline void spare_cents(std::vector<TextTableModel::Cell>& cells,
+                        std::initializer_list<std::size_t> columns) {
+    for (const std::size_t column : columns) {
+        const double dollars = cells[column].plain.toDouble();
+        if (std::abs(dollars) >= 1.0) {
+            cells[column].brief = to_qt(format_number(dollars, pattern::whole_dollars));
+        }
+    }
 }
 
 }  // namespace kelvar

@@ -22,16 +22,18 @@ namespace kelvar {
 
 namespace {
 
-// What is paid in all stands beside the rate where large text leaves no room for every column.
+// What is paid in all stands beside the rate where large text or amounts leave no room for every
+// column.
 template <class Part>
-std::vector<Part> in_order(std::vector<Part> row) {
-    if (theme::large_text()) {
+std::vector<Part> in_order(std::vector<Part> row, double balance) {
+    constexpr double large_amount = 1e8;  // dollars
+    if (theme::large_text() || balance >= large_amount) {
         std::rotate(row.begin() + 1, row.end() - 1, row.end());
     }
     return row;
 }
 
-std::vector<TextTableModel::Column> columns() {
+std::vector<TextTableModel::Column> columns(double balance) {
     return in_order<TextTableModel::Column>({{u"Rate"_s},
                                              {u"Value at First Payment"_s},
                                              {u"First Amount"_s},
@@ -41,7 +43,8 @@ std::vector<TextTableModel::Column> columns() {
                                              {u"Age"_s},
                                              {u"Earnings"_s},
                                              {u"Fees"_s},
-                                             {u"Total Paid"_s}});
+                                             {u"Total Paid"_s}},
+                                            balance);
 }
 
 bool is_complete(const ComparedRate& rate) {
@@ -74,7 +77,7 @@ frmcompare::frmcompare(Module1& module1)
 void frmcompare::build_table() {
     grdcompare = new Grid("grdcompare", u"The chosen rates side by side"_s);
     grdcompare->setAccessibleDescription(u"Enter shows the schedule at this rate"_s);
-    rows_ = new TextTableModel(columns(), this);
+    rows_ = new TextTableModel(columns(scenario.present_value), this);
     grdcompare->setModel(rows_);
     content()->addWidget(grdcompare);
     set_first_field(grdcompare);
@@ -109,8 +112,9 @@ void frmcompare::load() {
 void frmcompare::show_rates() {
     std::vector<std::vector<TextTableModel::Cell>> rows;
     for (const ComparedRate& rate : comparison_.rates) {
-        const auto cells = text_cells(rate_texts(rate), rate_texts(rate, true));
-        rows.push_back(is_complete(rate) ? in_order(cells) : cells);
+        auto cells = text_cells(rate_texts(rate), rate_texts(rate, true));
+        spare_cents(cells, {1, 7, 8, 9});  // what is not an amount of one payment
+        rows.push_back(is_complete(rate) ? in_order(cells, scenario.present_value) : cells);
     }
     rows_->show_rows(std::move(rows));
     for (int row = 0; row < rows_->rowCount(); ++row) {

@@ -175,6 +175,7 @@ void ScheduleView::show_years() {
     mark_below_federal_minimum(years, scenario, projection_, *database_);
     for (const YearRow& year : years) {
         rows.push_back(text_cells(year_texts(year), year_texts(year, true)));
+        spare_cents(rows.back(), {3, 4, 5, 6, 7});
     }
     const int chosen = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));

@@ -24,6 +24,7 @@
 #include "tests/support/ui_harness.h"
 #include "widgets/grid.h"
 #include "widgets/text.h"
+#include "widgets/theme.h"
 
 namespace kelvar::test {
 
@@ -63,7 +64,8 @@ public:
     bool covered() { return !find<Grid>("grddist")->isVisible(); }
 };
 
-// Born 06/15/1950, 250,000.00, payments from July 2020: 182 days of growth to July 15, divisor 29.1.
+// Born 06/15/1950, 250,000.00, payments from July 2020: 182 days of growth to July 15,
+// divisor 29.1.
 TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     go_to_rates();
     tick_rates_and_go({"chkrate_1", "chkrate_4"});
@@ -95,7 +97,8 @@ TEST_F(Periodic, LifeExpectancyAtTwoRates) {
     }
     EXPECT_EQ(grid->currentIndex().row(), 114);  // January 2030
     const std::string headings =
-        "Payment #\tPayments Remaining\tBeginning Balance\tAmount\tRemaining Balance\tMonth\tYear\n";
+        "Payment #\tPayments Remaining\tBeginning Balance\tAmount\tRemaining "
+        "Balance\tMonth\tYear\n";
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
               headings + rows[114].join(u'\t').toStdString() + "\n");
@@ -183,9 +186,9 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     click("cmdprintmenu");
     QFile saved(save_as);
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(
-        saved.readLine(),
-        "Year,Age at Last Payment,Payments,Beginning Balance,Earnings,Fees,Paid,Ending Balance\r\n");
+    EXPECT_EQ(saved.readLine(),
+              "Year,Age at Last Payment,Payments,Beginning Balance,Earnings,Fees,Paid,Ending "
+              "Balance\r\n");
     EXPECT_EQ(saved.readLine(), "2020,70,6,256270.90,5380.85,33.53,4405.80,257212.42\r\n");
     save_as = to_qt(folder.database().string());
     click("cmdprintmenu");
@@ -258,12 +261,14 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     EXPECT_EQ(module->database().distrib().number("fixamount"), 2500.0);
 }
 
-// 1,400 a month empties the account in time at 5%, but at 7% and more it outlasts the life expectancy.
+// 1,400 a month empties the account in time at 5%, but at 7% and more it outlasts the life
+// expectancy.
 TEST_F(Periodic, FixedAmountThatOutlastsLife) {
     const std::string limit =
         "Because of the assumed rate of return you selected, the total number of payments in this "
         "scenario "
-        "exceeds your life-expectancy / minimum distribution years. Please increase the fixed dollar "
+        "exceeds your life-expectancy / minimum distribution years. Please increase the fixed "
+        "dollar "
         "distribution amount or change the assumed rate of return.";
     go_to_length();
     click("optlength_1");
@@ -425,7 +430,8 @@ TEST_F(Periodic, ChartSaysTheYearUnderThePointer) {
     }
 }
 
-// Spouse 15 years younger: joint divisor of ages 70 and 54 (the spouse's birthday is in August), 33.8.
+// Spouse 15 years younger: joint divisor of ages 70 and 54 (the spouse's birthday is in
+// August), 33.8.
 TEST_F(Periodic, JointLife) {
     go_to_length();
     click("optlength_2");
@@ -468,8 +474,8 @@ TEST_F(Periodic, JointLife) {
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(0).data().toString(), u"70"_s);
     EXPECT_EQ(pairs->currentIndex().siblingAtColumn(1).data().toString(), u"54"_s);
     EXPECT_TRUE(pairs->rect().contains(pairs->visualRect(pairs->currentIndex())));
-    // The table that had the focus goes away without a click, as for a screen reader; it must not have
-    // the focus again when one comes back.
+    // The table that had the focus goes away without a click, as for a screen reader; it must not
+    // have the focus again when one comes back.
     find<QWidget>("grdlife1")->setFocus();
     find<QAbstractButton>("oplifeexp_0")->click();
     click("Cmdnext");
@@ -629,6 +635,46 @@ TEST_F(Periodic, BalanceIsReadBackAsShown) {
     }
 }
 
+// No heading of a few letters is shortened, and what matters most is in sight.
+TEST_F(Periodic, BillionsFitTheTables) {
+    go_to_method(u"04151966"_s, u"9900000000"_s, u"March"_s, u"2027"_s);
+    click("optmethod_1");
+    click("chkperiod_0");
+    click("Cmdnext");
+    click("optlength_0");
+    enter("txtnumber", u"120"_s);
+    click("Cmdnext");
+    tick_rates_and_go({"chkrate_0"});
+    const auto expect_room = [this](const char* name) {
+        auto* grid = find<Grid>(name);
+        settle();
+        EXPECT_EQ(grid->horizontalScrollBar()->maximum(), 0) << name;
+        for (int column = 0; column < grid->model()->columnCount(); ++column) {
+            const QString heading = grid->model()->headerData(column, Qt::Horizontal).toString();
+            for (const QString& word : heading.split(u' ')) {
+                EXPECT_TRUE(word.size() > 6 || QFontMetrics(grid->font()).horizontalAdvance(word) <
+                                                   grid->columnWidth(column) - theme::grid)
+                    << name << ": " << word.toStdString();
+            }
+        }
+    };
+    expect_room("grddist");
+    press(Qt::Key_E, Qt::AltModifier);
+    expect_room("grdyear");
+    auto* last_line = find<QLabel>("lblestimate");
+    EXPECT_EQ(last_line->visibleRegion().boundingRect(), last_line->rect()) << "the page scrolled";
+    click("cmdcompare");
+    auto* rates = find<Grid>("grdcompare");
+    const auto in_sight = [&](int column) {
+        return rates->viewport()->rect().contains(rates->visualRect(rates->model()->index(0, column)));
+    };
+    EXPECT_TRUE(in_sight(1)) << "what is paid in all stands beside the rate";
+    for (int column = 1; column < 10; ++column) {
+        press(Qt::Key_Right);
+    }
+    EXPECT_TRUE(in_sight(9)) << "fees";
+}
+
 TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {
     go_to_participant();
     EXPECT_EQ(text_of("lbllatest"), QString());
@@ -719,7 +765,8 @@ TEST_F(Periodic, CorrectedBirthDateSaysWhatItChanged) {
     EXPECT_EQ(text_of("lblage"), u"60"_s);
 }
 
-// The birthday in the payment month counts as reached for the look-up, but not for the kind of table.
+// The birthday in the payment month counts as reached for the look-up, but not for the kind of
+// table.
 TEST_F(Periodic, TableIsThatOfTheAgeWithTheOwnRowMarked) {
     const auto expect_table = [&](const QString& kind, const QString& formula, const QString& years,
                                   const QString& oldest, const QString& youngest, int rows) {
