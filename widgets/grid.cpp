@@ -240,6 +240,12 @@ void Grid::paintEvent(QPaintEvent* event) {
                 selected ? palette().color(QPalette::HighlightedText) : theme::colors().outline);
         }
     }
+    // What whole pixels leave over shows no piece of the row below.
+    const int height = verticalHeader()->defaultSectionSize();
+    const int room = viewport()->height();
+    if (rows > 0 && rowViewportPosition(rows - 1) + height > room) {
+        painter.fillRect(0, room - room % height, viewport()->width(), room % height, palette().base());
+    }
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {

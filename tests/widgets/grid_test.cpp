@@ -121,6 +121,12 @@ TEST_F(GridTest, NoRowIsCutInHalf) {
         const int rows = room / grid.rowHeight(0);
         EXPECT_LT(room - rows * grid.rowHeight(0), rows)
             << height << ": less than a pixel for each row";
+        const QImage shown = grid.viewport()->grab().toImage();
+        for (int y = rows * grid.rowHeight(0); y < room; ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                ASSERT_EQ(shown.pixelColor(x, y), grid.palette().color(QPalette::Base)) << height;
+            }
+        }
     }
     const QModelIndex last_in_sight = grid.indexAt(QPoint(1, grid.viewport()->height() - 2));
     grid.setCurrentIndex(last_in_sight);
