@@ -11,7 +11,6 @@
 #include <cmath>
 #include <functional>
 #include <limits>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -172,9 +171,7 @@ void LongTable::divide() const {
         }
         first = next;
     }
-    for (const Gap& gap : gaps | std::views::reverse) {
-        fill_up(gap);
-    }
+    std::for_each(gaps.rbegin(), gaps.rend(), [this](const Gap& gap) { fill_up(gap); });
 }
 
 // Leaves too little for the row, and enough for differences in rounding.

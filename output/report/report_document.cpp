@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTextFormat>
-#include <QTextObjectInterface>
 #include <QUrl>
 
 #include "output/report/page_painter.h"
@@ -79,23 +78,6 @@ bool is_chart(const QTextFormat& format) {
 }
 
 }  // namespace
-
-// Takes the place of what usually draws the images of a document, which draws all others.
-class ChartPlace : public QObject, public QTextObjectInterface {
-    Q_OBJECT
-    Q_INTERFACES(QTextObjectInterface)
-
-public:
-    ChartPlace(QTextDocument& document, PaintChart chart);
-
-    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
-    void drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int position,
-                    const QTextFormat& format) override;
-
-private:
-    PaintChart chart_;
-    QTextObjectInterface* images_;
-};
 
 ChartPlace::ChartPlace(QTextDocument& document, PaintChart chart)
     : QObject(&document),
@@ -211,5 +193,3 @@ void ReportDocument::refuse(const QString& name, const std::string& why) {
 }
 
 }  // namespace kelvar
-
-#include "report_document.moc"

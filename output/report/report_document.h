@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QTextDocument>
+#include <QTextObjectInterface>
 #include <QUrl>
 #include <QVariant>
 #include <filesystem>
@@ -42,6 +43,23 @@ private:
     std::filesystem::path folder_;
     QHash<QUrl, QVariant> files_;
     std::optional<std::string> refused_;
+};
+
+// Takes the place of what usually draws the images of a document, which draws all others.
+class ChartPlace : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    ChartPlace(QTextDocument& document, PaintChart chart);
+
+    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int position,
+                    const QTextFormat& format) override;
+
+private:
+    PaintChart chart_;
+    QTextObjectInterface* images_;
 };
 
 }  // namespace kelvar

@@ -97,7 +97,7 @@ TEST(Help, AWordFindsItsPageBySearchAndIndex) {
         {u"penalty"_s, u"not_worked_out.html"_s}, {u"minimum"_s, u"glossary.html"_s},
         {u"rollover"_s, u"frmdist2.html"_s},      {u"divorce"_s, u"not_worked_out.html"_s}};
     for (const auto& [typed, page] : words) {
-        const auto found = [&] {
+        const auto found = [&, typed = typed, page = page] {
             query->setSearchInput(typed);  // again and again until the pages are indexed
             emit query->search();
             QTest::qWait(50);
