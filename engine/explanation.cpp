@@ -87,7 +87,8 @@ std::string until_next_payment(const PaymentRow& row, const PaymentRow& next,
 }  // namespace
 
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index) {
-    return index > 0 && schedule.rows[index].payment != schedule.rows[index - 1].payment;
+    const auto cents = [&](std::size_t at) { return round_to_cents(schedule.rows[at].payment); };
+    return index > 0 && cents(index) != cents(index - 1);
 }
 
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index) {

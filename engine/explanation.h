@@ -9,7 +9,7 @@
 
 namespace kelvar {
 
-// True when the payment has another amount than the one before it.
+// True when the payment has another amount, in whole cents, than the one before it.
 bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 
 // One payment: the division that gave its amount, or why it stays, then what makes the rest the

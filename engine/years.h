@@ -29,12 +29,12 @@ struct YearRow {
 };
 
 inline constexpr std::string_view lump_sum_label = "Lump sum";
-inline constexpr std::string_view rounding_label = "Less rounding";
+inline constexpr std::string_view rounding_label = "Adjustment";
 
 // One row a year; none without periodic payments. `birth` is the participant's. A partial lump sum has
 // a row ahead of the years, which reaches from today to the first periodic payment. Where the earnings
 // of the years count cents of rounding, a last row takes them out: it has no other figure, and with it
-// the earnings add up to the ledger's.
+// the earnings add up to the ledger's, which names rounding by itself.
 std::vector<YearRow> years_of(const Projection& projection, Date birth, double fee);
 
 // A row in words, in the order of its columns: year, age, payments or what it is instead, beginning,

@@ -368,6 +368,11 @@ TEST(Ledger, AddsUpToTheCentAsExplanationsAndYearsDo) {
         expect_explained(six_cents, p, index);
     }
     EXPECT_EQ(explanation(six_cents, p, 6), "Payment 7, July, 2020: nothing is left to be paid.");
+    six_cents.number_of_payments = 2;
+    six_cents.fee_amount = 80;
+    const PaymentSchedule two = project(six_cents, -2.0, 2020y / 1 / 15).schedule;
+    EXPECT_NE(two.rows[0].payment, two.rows[1].payment) << "by a fraction of a cent";
+    EXPECT_FALSE(amount_changes(two, 1));
 }
 
 Scenario with(Scenario scenario, std::int16_t frequency, std::int16_t length_option, int number) {
