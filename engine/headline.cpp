@@ -37,7 +37,7 @@ std::string level_text(const Scenario& scenario, const PaymentSchedule& schedule
     std::string text = first_amount(scenario, rows.front());
     const auto second_year = std::ranges::find_if(
         rows, [&](const PaymentRow& row) { return row.date.year() != rows.front().date.year(); });
-    if (second_year + 1 == rows.end()) {
+    if (rows.end() - second_year == 1) {
         return text + fmt::format("; last payment of {} in {}, {}.", money_text(last.payment),
                                   month_year_text(last.date), age_text(scenario, last.date));
     }
