@@ -74,7 +74,7 @@ void frmdist1::build_value() {
             chk_curvalue(*check);
         }
     });
-    on_leave(txtcurvalue, [this](Leaving) { value_left(); });
+    on_leave(txtcurvalue, [this](Leaving) { take_value(); });
 }
 
 void frmdist1::build_month() {
@@ -134,12 +134,13 @@ void frmdist1::chk_curvalue(const Refusal& refusal) {
     err_box(refusal.text, txtcurvalue);
 }
 
-void frmdist1::value_left() {
+std::optional<double> frmdist1::take_value() {
     const auto value = get_num(to_utf8(txtcurvalue->text()));
     scenario.present_value = value ? round_to_cents(*value) : 0.0;
     if (value) {
         txtcurvalue->setText(to_qt(format_number(*value, pattern::amount)));
     }
+    return value;
 }
 
 void frmdist1::edit_date() {
@@ -151,10 +152,9 @@ void frmdist1::edit_date() {
 
 void frmdist1::go_dnxt2() {
     clear_error();
-    value_left();
     const Check check = chk_fields({.month = first_payment_->month(),
                                     .year = first_payment_->year(),
-                                    .value_text = to_utf8(txtcurvalue->text()),
+                                    .value = take_value(),
                                     .birth_text = to_utf8(mskbirth->mask_text())},
                                    module.today());
     if (check) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "input/rules/birth_date.h"
 #include "shell/screen.h"
 
@@ -32,7 +34,7 @@ private:
     bool chk_birth();
     void take_birth(const BirthCheck& check);
     void chk_curvalue(const Refusal& refusal);
-    void value_left();
+    std::optional<double> take_value();  // dollars; nothing when it is no amount
 
     void err_box(std::string_view text, QWidget* field) { report_once(text, field); }
     void edit_date();

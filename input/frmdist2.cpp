@@ -232,8 +232,7 @@ void frmdist2::next_after_partial() {
     }
     commencement_->take();
     const auto check_all = [this, today = module.today()](bool insists) {
-        return check_partial(scenario, module.database(), partial_amount_->dollars_text(), today,
-                             insists);
+        return check_partial(scenario, module.database(), partial_amount_->typed(), today, insists);
     };
     const Check check = check_all(false);
     if (!check || check->means != Refusal::Means::asked) {

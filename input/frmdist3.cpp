@@ -63,9 +63,9 @@ void frmdist3::build_options(QBoxLayout* column) {
     column->addStretch(1);
     belongs_to(optlength[0], txtnumber);
     belongs_to(optlength[1], txtfixamount);
-    on_leave(txtnumber, [this](Leaving) { number_left(); });
+    on_leave(txtnumber, [this](Leaving) { read_number(); });
     connect(txtfixamount, &QLineEdit::textChanged, this, [this] { show_limits(); });
-    on_leave(txtfixamount, [this](Leaving) { amount_left(); });
+    on_leave(txtfixamount, [this](Leaving) { read_amount(); });
 }
 
 void frmdist3::build_life_options(QBoxLayout* column) {
@@ -191,16 +191,20 @@ void frmdist3::en_f3() {
     show_tables();
 }
 
-void frmdist3::number_left() {
-    if (const auto number = read_unsigned(to_utf8(txtnumber->text()))) {
+std::optional<double> frmdist3::read_number() {
+    const auto number = read_unsigned(to_utf8(txtnumber->text()));
+    if (number) {
         txtnumber->setText(to_qt(format_number(*number, pattern::whole)));
     }
+    return number;
 }
 
-void frmdist3::amount_left() {
-    if (const auto amount = get_num(to_utf8(txtfixamount->text()))) {
+std::optional<double> frmdist3::read_amount() {
+    const auto amount = get_num(to_utf8(txtfixamount->text()));
+    if (amount) {
         txtfixamount->setText(to_qt(format_number(*amount, pattern::plain_amount)));
     }
+    return amount;
 }
 
 bool frmdist3::chk_birth() {
@@ -230,16 +234,14 @@ void frmdist3::go_next() {
     }
     const LengthEntry entry{.option = static_cast<LengthOption>(scenario.length_option),
                             .joint = joint_chosen(),
-                            .number_text = to_utf8(txtnumber->text()),
-                            .amount_text = to_utf8(txtfixamount->text())};
+                            .number = read_number(),
+                            .amount = read_amount()};
     const Check check = chk_fld(entry, scenario, module.database(), module.today());
     const bool told = check && check->means == Refusal::Means::told;
     if (told) {
         module.report(check->text);
     }
-    number_left();
-    amount_left();
-    if (entry.option == by_dollar_amount && get_num(entry.amount_text) > scenario.present_value) {
+    if (entry.option == by_dollar_amount && entry.amount > scenario.present_value) {
         txtfixamount->setText(to_qt(format_number(scenario.fixed_amount, pattern::plain_amount)));
     }
     if (check && !told) {

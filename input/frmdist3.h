@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <array>
+#include <optional>
 
 #include "shell/screen.h"
 
@@ -49,8 +50,8 @@ private:
     void en_f2() { txtfixamount->setEnabled(true); }
     void en_f3();
 
-    void number_left();
-    void amount_left();
+    std::optional<double> read_number();  // and show what was read
+    std::optional<double> read_amount();
     bool chk_birth();
 
     std::array<QRadioButton*, 3> optlength{};

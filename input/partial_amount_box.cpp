@@ -70,10 +70,6 @@ QWidget* PartialAmountBox::percentage() const {
     return cmbPercent;
 }
 
-std::string PartialAmountBox::dollars_text() const {
-    return to_utf8(txtpartial->text());
-}
-
 // What a screen reader or dictation puts into the box does not count as modified.
 bool PartialAmountBox::dollars_edited() const {
     return txtpartial->isModified() || txtpartial->text() != shown_dollars_;
@@ -82,6 +78,7 @@ bool PartialAmountBox::dollars_edited() const {
 // A box that has the focus already, because a click or a key led there from the percentage, has it
 // selected, so that nothing is appended to it.
 void PartialAmountBox::show_dollars(double amount) {
+    typed_ = amount;
     shown_dollars_ = to_qt(format_number(amount, pattern::amount));
     txtpartial->setText(shown_dollars_);
     if (txtpartial->hasFocus()) {
@@ -172,14 +169,14 @@ void PartialAmountBox::take_chosen_percentage(bool picked) {
 
 // A number that cannot be read counts as no amount; Next says so.
 void PartialAmountBox::take_dollars() {
-    const auto amount = read_partial_amount(dollars_text());
-    scenario.partial_amount = amount.value_or(0.0);
-    if (!amount) {
+    typed_ = read_partial_amount(to_utf8(txtpartial->text()));
+    scenario.partial_amount = typed_.value_or(0.0);
+    if (!typed_) {
         scenario.partial_percent.clear();
         cmbPercent->clearEditText();
         return;
     }
-    show_dollars(*amount);
+    show_dollars(*typed_);
     show_percentage();
 }
 

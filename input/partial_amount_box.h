@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
+#include <optional>
 
 #include "core/module1.h"
 #include "input/rules/refusal.h"
@@ -24,7 +24,8 @@ public:
 
     QWidget* dollars() const;
     QWidget* percentage() const;
-    std::string dollars_text() const;
+    // The dollars that stand in the box; nothing when they are no amount.
+    std::optional<double> typed() const { return typed_; }
 
     // Works the percentage out anew where the balance is no longer the one it was worked out for.
     void follow_balance();
@@ -68,6 +69,7 @@ private:
     QLineEdit* txtpartial = nullptr;
     EntryList* cmbPercent = nullptr;
     QLabel* lblleastpartial = nullptr;
+    std::optional<double> typed_{};
     QString shown_dollars_;
     double shown_present_value_ = 0.0;  // for which the percentage was last worked out
     bool percentage_edited_ = false;    // typed but not yet taken over

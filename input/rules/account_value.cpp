@@ -12,8 +12,8 @@ Check check_typing(std::string_view text) {
     return Refusal{"Invalid present value of the account", "txtcurvalue"};
 }
 
-Check check_account_value(std::string_view text) {
-    if (round_to_cents(get_num(text).value_or(0.0)) != 0.0) {
+Check check_account_value(std::optional<double> value) {
+    if (round_to_cents(value.value_or(0.0)) != 0.0) {
         return std::nullopt;
     }
     return Refusal{"Invalid present value of the account.", "txtcurvalue"};

@@ -38,13 +38,11 @@ std::int64_t cents_of(double dollars) {
     return static_cast<std::int64_t>(whole_cents(dollars).count);
 }
 
-// The least amount from a cent to `most` cents that is accepted as it would be typed.
+// The least amount from a cent to `most` cents that is accepted.
 template <class Accepts>
 std::optional<double> least_accepted(std::int64_t most, Accepts accepts) {
-    const std::int64_t least = first_that(most, [&](std::int64_t cents) {
-        const double dollars = static_cast<double>(cents) / 100.0;
-        return accepts(dollars, format_number(dollars, pattern::amount));
-    });
+    const std::int64_t least = first_that(
+        most, [&](std::int64_t cents) { return accepts(static_cast<double>(cents) / 100.0); });
     return least <= most ? std::optional{static_cast<double>(least) / 100.0} : std::nullopt;
 }
 
@@ -90,16 +88,16 @@ std::optional<double> least_partial_amount(const Scenario& scenario, Database& d
         return std::nullopt;
     }
     const std::int64_t most = cents_of(scenario.present_value) - 1;
-    return least_accepted(most, [&](double amount, const std::string& text) {
+    return least_accepted(most, [&](double amount) {
         tried.partial_amount = amount;
-        return !check_partial(tried, database, text, today);
+        return !check_partial(tried, database, amount, today);
     });
 }
 
 std::optional<int> most_payments(const Scenario& scenario, Database& database, Date today) {
     constexpr int most = std::numeric_limits<std::int16_t>::max();
     const auto refused = [&](std::int64_t number) {
-        const LengthEntry entry{.option = by_number_of_payments, .number_text = std::to_string(number)};
+        const LengthEntry entry{.option = by_number_of_payments, .number = static_cast<double>(number)};
         return !payments_of(entry, scenario, database, today);
     };
     const auto accepted = static_cast<int>(first_that(most, refused)) - 1;
@@ -112,8 +110,8 @@ std::optional<double> least_amount(const Scenario& scenario, Database& database,
     }
     Scenario tried = scenario;
     const std::int64_t most = cents_of(scenario.present_value);
-    return least_accepted(most, [&](double, const std::string& text) {
-        const LengthEntry entry{.option = by_dollar_amount, .amount_text = text};
+    return least_accepted(most, [&](double amount) {
+        const LengthEntry entry{.option = by_dollar_amount, .amount = amount};
         return !chk_fld(entry, tried, database, today);
     });
 }

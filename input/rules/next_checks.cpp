@@ -18,7 +18,7 @@ Check chk_fields(const ParticipantEntry& entry, Date today) {
     if (const Check check = check_month_to_come(entry.month, entry.year, today)) {
         return check;
     }
-    if (const Check check = check_account_value(entry.value_text)) {
+    if (const Check check = check_account_value(entry.value)) {
         return check;
     }
     return check_birth_typed(entry.birth_text);
@@ -28,9 +28,9 @@ Check check_periodic(const Scenario& scenario) {
     return check_frequency(scenario.frequency, "chkperiod_0");
 }
 
-Check check_partial(Scenario& scenario, Database& database, std::string_view partial_text, Date today,
+Check check_partial(Scenario& scenario, Database& database, std::optional<double> typed, Date today,
                     bool insists) {
-    if (const Check check = check_amount_typed(partial_text)) {
+    if (const Check check = check_amount_typed(typed)) {
         return check;
     }
     if (const Check check = partial_msg(scenario)) {
@@ -57,12 +57,12 @@ Check check_partial(Scenario& scenario, Database& database, std::string_view par
 Check chk_fld(const LengthEntry& entry, Scenario& scenario, Database& database, Date today) {
     switch (entry.option) {
         case by_number_of_payments:
-            if (const Check check = take_number(scenario, entry.number_text)) {
+            if (const Check check = take_number(scenario, entry.number)) {
                 return check;
             }
             return chk_life(by_number_of_payments, scenario, database, today);
         case by_dollar_amount:
-            if (const Check check = take_amount(scenario, entry.amount_text);
+            if (const Check check = take_amount(scenario, entry.amount);
                 check || amount_may_outlast_life(scenario)) {
                 return check;  // an exempt amount looks nothing up
             }

@@ -2,6 +2,7 @@
 // themselves stand in the files named after what they rule on.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,9 +13,9 @@
 namespace kelvar {
 
 struct ParticipantEntry {
-    int month = 0;  // chosen first payment month, 1..12
-    int year = 0;   // chosen first payment year, 0 while none is offered
-    std::string value_text;
+    int month = 0;                // chosen first payment month, 1..12
+    int year = 0;                 // chosen first payment year, 0 while none is offered
+    std::optional<double> value;  // typed, dollars; nothing when it is no amount
     std::string birth_text;
 };
 
@@ -24,18 +25,19 @@ Check chk_fields(const ParticipantEntry& entry, Date today);
 // Periodic payments.
 Check check_periodic(const Scenario& scenario);
 
-// An amount certain with periodic payments. Stores `current_age`, `lookup_age` and
-// `life_expectancy_age` on the way. `scenario_month` and `scenario_year` hold the chosen commencement,
-// 0 when nothing could be chosen. Payments that begin beyond the life expectancy can be a question;
-// `insists` after the user's No, which leaves out the checks behind it.
-Check check_partial(Scenario& scenario, Database& database, std::string_view partial_text, Date today,
+// An amount certain with periodic payments; `typed` in dollars, nothing when it is no amount. Stores
+// `current_age`, `lookup_age` and `life_expectancy_age` on the way. `scenario_month` and
+// `scenario_year` hold the chosen commencement, 0 when nothing could be chosen. Payments that begin
+// beyond the life expectancy can be a question; `insists` after the user's No, which leaves out the
+// checks behind it.
+Check check_partial(Scenario& scenario, Database& database, std::optional<double> typed, Date today,
                     bool insists = false);
 
 struct LengthEntry {
     LengthOption option = no_length;
     bool joint = false;
-    std::string number_text{};
-    std::string amount_text{};
+    std::optional<double> number{};  // typed; nothing when it is no number
+    std::optional<double> amount{};  // the same in dollars
 };
 
 // The length of payments. Stores what it means: number of payments or fixed amount, look-up ages and

@@ -6,12 +6,11 @@
 
 #include "core/life_tables.h"
 #include "core/numbers.h"
-#include "input/rules/typed_numbers.h"
 
 namespace kelvar {
 
-Check take_number(Scenario& scenario, std::string_view text) {
-    const double number = std::round(read_unsigned(text).value_or(0.0));
+Check take_number(Scenario& scenario, std::optional<double> typed) {
+    const double number = std::round(typed.value_or(0.0));
     if (number < 1.0) {
         return Refusal{invalid_number, "txtnumber"};
     }
@@ -20,8 +19,8 @@ Check take_number(Scenario& scenario, std::string_view text) {
     return std::nullopt;
 }
 
-Check take_amount(Scenario& scenario, std::string_view text) {
-    const double amount = round_to_cents(get_num(text).value_or(0.0));
+Check take_amount(Scenario& scenario, std::optional<double> typed) {
+    const double amount = round_to_cents(typed.value_or(0.0));
     if (amount == 0.0) {
         return Refusal{"Invalid dollar amount of payments", "txtfixamount"};
     }

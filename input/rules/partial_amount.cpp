@@ -34,9 +34,8 @@ std::string percentage_of_amount(double present_value, double partial_amount) {
     return format_number(partial_amount / present_value * 100.0, pattern::percentage);
 }
 
-Check check_amount_typed(std::string_view text) {
-    return read_partial_amount(text) ? std::nullopt
-                                     : Check{Refusal{"Invalid partial amount certain!", field}};
+Check check_amount_typed(std::optional<double> typed) {
+    return typed ? std::nullopt : Check{Refusal{"Invalid partial amount certain!", field}};
 }
 
 Check partial_msg(const Scenario& scenario) {

@@ -25,8 +25,8 @@ inline constexpr Refusal invalid_percentage{"Invalid percentage of Partial Lump 
 double amount_of_percentage(double present_value, double percentage);           // cents
 std::string percentage_of_amount(double present_value, double partial_amount);  // "25.00"
 
-// What is typed must be an amount.
-Check check_amount_typed(std::string_view text);
+// What is typed must be an amount; nothing is none.
+Check check_amount_typed(std::optional<double> typed);
 
 // The amount certain must be above 0 and below the present value.
 Check partial_msg(const Scenario& scenario);

@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/scenario.h"
+#include "engine/chart_rules.h"
 #include "output/report/template_tags.h"
 
 namespace kelvar {
@@ -103,14 +104,12 @@ void add_payments(mustache::data& fields, const Recordset& schedule) {
     const std::size_t count = schedule.RecordCount();
     mustache::data payments(mustache::data::type::list);
     double total = 0.0;
-    double year_total = 0.0;
     int year_payments = 0;
     for (std::size_t row = 0; row < count; ++row) {
         mustache::data payment;
         set_fields(payment, schedule, row, {"number", "remaining", "Month", "Year"},
                    {"startbalance", "payment", "remainbalance"});
         total += as_number(schedule.cell(row, paid));
-        year_total += as_number(schedule.cell(row, paid));
         ++year_payments;
         const bool last = row + 1 == count ||
                           as_text(schedule.cell(row + 1, year)) != as_text(schedule.cell(row, year));
@@ -119,8 +118,9 @@ void add_payments(mustache::data& fields, const Recordset& schedule) {
             payment.set("year_payments", std::to_string(year_payments) +
                                              (year_payments == 1 ? " payment" : " payments"));
             year_payments = 0;
+            const auto of_year = static_cast<int>(as_number(schedule.cell(row, year)));
             payment.set("year_total_money",
-                        format_number(std::exchange(year_total, 0.0), pattern::dollars));
+                        format_number(get_amount(schedule, of_year), pattern::dollars));
         }
         payments.push_back(payment);
     }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "input/rules/next_checks.h"
+#include "input/rules/typed_numbers.h"
 #include "tests/support/sql.h"
 #include "tests/support/temporary_program_folder.h"
 #include "tests/support/told.h"
@@ -25,15 +26,15 @@ const std::string too_little =
     "This amount will be below your minimum distribution or would result in payments beyond your life "
     "expectancy. Please increase the dollar amount! [txtfixamount]";
 
-const LengthEntry life{by_life_expectancy, false, "", ""};
-const LengthEntry joint_life{by_life_expectancy, true, "", ""};
+const LengthEntry life{.option = by_life_expectancy};
+const LengthEntry joint_life{.option = by_life_expectancy, .joint = true};
 
 LengthEntry number(const char* text) {
-    return {by_number_of_payments, false, text, ""};
+    return {.option = by_number_of_payments, .number = read_unsigned(text)};
 }
 
 LengthEntry amount(const char* text) {
-    return {by_dollar_amount, false, "", text};
+    return {.option = by_dollar_amount, .amount = get_num(text)};
 }
 
 class Length : public ::testing::Test {

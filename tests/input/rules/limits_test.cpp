@@ -73,17 +73,15 @@ protected:
         return field_of(chk_fld(entry, stored, *database, today));
     }
     std::string_view next_number(int number) {
-        return next({.option = by_number_of_payments, .number_text = std::to_string(number)});
+        return next({.option = by_number_of_payments, .number = static_cast<double>(number)});
     }
     std::string_view next_amount(double amount) {
-        return next(
-            {.option = by_dollar_amount, .amount_text = format_number(amount, pattern::amount)});
+        return next({.option = by_dollar_amount, .amount = amount});
     }
     std::string_view next_partial(double amount) {
         stored = scenario;
         stored.partial_amount = amount;
-        const std::string text = format_number(amount, pattern::amount);
-        return field_of(check_partial(stored, *database, text, today));
+        return field_of(check_partial(stored, *database, amount, today));
     }
     static std::string_view field_of(const Check& check) {
         return !check ? "" : check->means == Refusal::Means::told ? "told" : check->field;
