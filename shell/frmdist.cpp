@@ -66,7 +66,7 @@ void frmdist::build_options() {
     card->setObjectName(u"card"_s);
     auto* grid = new QGridLayout(card);
     grid->setContentsMargins(2 * theme::grid, 2 * theme::grid, 2 * theme::grid, 2 * theme::grid);
-    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(theme::large_text() ? 0 : 3, 1);  // a word and its picture stay together
     auto* heading =
         theme::label(u"These are the options available for distribution of your Plan account:"_s,
                      theme::Role::section);
@@ -76,7 +76,7 @@ void frmdist::build_options() {
     for (const Option& option : options) {
         ++row;
         auto* text = theme::label(option.text, theme::Role::body);
-        text->setWordWrap(true);
+        text->setWordWrap(theme::large_text());
         auto* picture = control::picture(u"info"_s, option.text.trimmed(), option.picture);
         picture->setAccessibleDescription(u"Click here for more information"_s);
         auto* label =

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 #include "shell/screen_keys.h"
@@ -40,8 +41,10 @@ void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
     auto* band = new QFrame;
     band->setObjectName(u"titleband"_s);
     auto* row = new QHBoxLayout(band);
-    const int above = theme::low_display() ? theme::grid / 2 : 2 * theme::grid;  // leaves room for rows
-    row->setContentsMargins(3 * theme::grid, above, 3 * theme::grid, above);
+    const int above =
+        theme::low_display() ? theme::grid / 2 : 3 * theme::grid / 2;  // leaves room for rows
+    row->setContentsMargins(0, above, 0, above);
+    band_ = row;
     lbltitle = theme::label(layout.title, theme::Role::title, "lbltitle");
     lbltitle->setWordWrap(true);
     row->addWidget(lbltitle, 1);
@@ -55,8 +58,7 @@ void Screen::build_title_band(const Layout& layout, QVBoxLayout* column) {
 void Screen::build_page(QVBoxLayout* column) {
     auto* page = new ScrolledPage;
     content_ = new QVBoxLayout(page);
-    const int side = theme::side_margin();
-    content_->setContentsMargins(side, 2 * theme::grid, side, 2 * theme::grid);
+    content_->setContentsMargins(0, 2 * theme::grid, 0, 2 * theme::grid);
     content_->setSpacing(2 * theme::grid);
     scroll_ = new ScrolledView;
     scroll_->setObjectName(u"page"_s);
@@ -111,12 +113,7 @@ void Screen::arrange_tab_order() {
             order.push_back(widget);
         }
     }
-    const QLayout* row = navigation_->layout();
-    for (int place = 0; place < row->count(); ++place) {
-        if (QWidget* widget = row->itemAt(place)->widget()) {
-            order.push_back(widget);
-        }
-    }
+    std::ranges::copy(navigation_->controls(), std::back_inserter(order));
     for (std::size_t i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
@@ -135,19 +132,13 @@ void Screen::set_first_field(QWidget* field) {
 QLabel* Screen::add_paragraphs(const std::vector<Paragraph>& paragraphs) {
     scroll_->say_when_more_is_below();
     QLabel* running = nullptr;
-    // A maximum width of the label would do, but its height would then be reckoned for the full width.
-    const int empty_share = theme::large_text() ? 0 : 1;
     for (const auto& [heading, text] : paragraphs) {
         if (!heading.isEmpty()) {
             content_->addWidget(theme::label(heading, theme::Role::section));
         }
         if (!text.isEmpty()) {
-            running = theme::label(text, theme::Role::body);
-            running->setWordWrap(true);
-            auto* row = new QHBoxLayout;
-            row->addWidget(running, 4);
-            row->addStretch(empty_share);
-            content_->addLayout(row);
+            running = control::paragraph(text, nullptr, theme::Role::body);
+            content_->addWidget(running);
         }
     }
     return running;
@@ -210,6 +201,19 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         clear_error();
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// A larger window leaves room left and right of what would else be torn apart.
+void Screen::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int side = std::max(theme::side_margin(), (width() - theme::widest_content) / 2);
+    for (QLayout* part :
+         {static_cast<QLayout*>(band_), static_cast<QLayout*>(content_), navigation_->layout()}) {
+        if (part != nullptr) {
+            const QMargins margins = part->contentsMargins();
+            part->setContentsMargins(side, margins.top(), side, margins.bottom());
+        }
+    }
 }
 
 void Screen::showEvent(QShowEvent* event) {

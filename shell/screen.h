@@ -91,6 +91,7 @@ protected:
     virtual void words_clicked(QToolButton* picture, QPoint place);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -104,6 +105,7 @@ private:
     void build_habits();
 
     ScreenId id_;
+    QHBoxLayout* band_ = nullptr;  // null without a title
     QVBoxLayout* content_ = nullptr;
     NavigationRow* navigation_ = nullptr;
     ScrolledView* scroll_ = nullptr;

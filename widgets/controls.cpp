@@ -45,6 +45,23 @@ void CaptionedFrame::paintEvent(QPaintEvent*) {
                      Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, title());
 }
 
+// Running text: its lines end where the eye still finds the next one, however wide the label is. With a
+// maximum width of the label its height would be reckoned for the full width.
+class Prose : public QLabel {
+public:
+    using QLabel::QLabel;
+    int heightForWidth(int width) const override {
+        return QLabel::heightForWidth(std::min(width, theme::widest_paragraph()) +
+                                      contentsMargins().right());
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        setContentsMargins(0, 0, std::max(0, width() - theme::widest_paragraph()), 0);
+        QLabel::resizeEvent(event);
+    }
+};
+
 }  // namespace
 
 QStringList month_entries(const std::vector<int>& months) {
@@ -69,11 +86,19 @@ QPushButton* button(const QString& text, const char* name) {
     auto* button = new QPushButton(text);
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(true);
+    button->setFixedHeight(theme::button_height());
     if (theme::large_text()) {  // the style's least width leaves no room for longer captions beside it
         button->setMinimumWidth(button->fontMetrics().size(Qt::TextShowMnemonic, text).width() +
-                                2 * theme::grid);
+                                3 * theme::grid + 2);
+    } else {
+        button->setMinimumWidth(9 * theme::grid);
     }
     return button;
+}
+
+void make_default(QPushButton* button) {
+    button->setDefault(true);
+    button->setProperty("primary", true);
 }
 
 QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name) {
@@ -105,9 +130,12 @@ QBoxLayout* row() {
     return new QBoxLayout(theme::large_text() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
-QLabel* paragraph(const QString& text, const char* name) {
-    auto* label = theme::label(text, theme::Role::note, name);
+QLabel* paragraph(const QString& text, const char* name, theme::Role role) {
+    auto* label = new Prose(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(QString::fromLatin1(name));
     label->setWordWrap(true);
+    theme::set_role(label, role);
     return label;
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <vector>
 
+#include "widgets/theme.h"
+
 class QAbstractButton;
 class QComboBox;
 class QDialog;
@@ -24,6 +26,8 @@ QStringList year_entries(const std::vector<int>& years);    // "2020", ...
 namespace control {
 
 QPushButton* button(const QString& text, const char* name);
+// What acts is filled: Next, and the OK of a note.
+void make_default(QPushButton* button);
 // A picture that acts: a button for the mouse, the keyboard and screen readers.
 QToolButton* picture(const QString& icon, const QString& accessible_name, const char* name);
 // The words beside a picture; on a Screen a click on them presses it.
@@ -31,8 +35,9 @@ QLabel* words_beside(QToolButton* picture, const QString& text, const char* name
 QGroupBox* frame(const QString& caption, const char* name);
 // Side by side, or below each other when the text is large.
 QBoxLayout* row();
-// A wrapped label for running text.
-QLabel* paragraph(const QString& text, const char* name = nullptr);
+// A wrapped label for running text, of lines that the eye can follow.
+QLabel* paragraph(const QString& text, const char* name = nullptr,
+                  theme::Role role = theme::Role::note);
 // Replaces the entries of a list and chooses the wished one if it is there, else the first. Gives no
 // signal. An open list whose entries stay the same stays open.
 void refill(QComboBox* list, const QStringList& entries, const QString& wished);

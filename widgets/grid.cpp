@@ -29,25 +29,44 @@ QFont bold(QFont font) {
     return font;
 }
 
-// Draws what changed in bold and in the accent colour, and where the grid has no room for the texts,
-// the brief ones.
+bool is_left_aligned(const QAbstractItemModel& model, int column) {
+    const QVariant alignment = model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
+    return (alignment.toInt() & Qt::AlignLeft) != 0;
+}
+
+// Words behind figures stand apart from them.
+int lead(const QAbstractItemModel& model, int column) {
+    const bool behind_figures =
+        column > 0 && is_left_aligned(model, column) && !is_left_aligned(model, column - 1);
+    return behind_figures ? theme::grid : 0;
+}
+
+// Draws what changed in bold and in the accent colour. A chosen row is strong only with the focus.
 class Delegate : public QStyledItemDelegate {
 public:
-    Delegate(QObject* parent, const bool& brief) : QStyledItemDelegate(parent), brief_(brief) {}
+    Delegate(QObject* parent, const bool& close, const bool& brief)
+        : QStyledItemDelegate(parent), close_(close), brief_(brief) {}
 
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        if (brief_) {
-            option->text = index.data(brief_role).toString();
+    void paint(QPainter* painter, const QStyleOptionViewItem& cell,
+               const QModelIndex& index) const override {
+        const theme::Colors& colors = theme::colors();
+        const bool chosen = cell.state.testFlag(QStyle::State_Selected);
+        const bool strong = chosen && cell.widget->hasFocus();
+        const bool changed = index.data(changed_role).toBool();
+        if (chosen) {
+            painter->fillRect(cell.rect, strong ? colors.filled : colors.selected);
         }
-        if (index.data(changed_role).toBool()) {
-            option->font = bold(option->font);
-            option->palette.setColor(QPalette::Text, theme::colors().accent);
-        }
+        painter->setFont(changed ? bold(cell.font) : cell.font);
+        painter->setPen(strong ? colors.on_filled : changed ? colors.accent : colors.text);
+        const int padding = close_ ? theme::grid / 2 : theme::grid;
+        const QRect room =
+            cell.rect.adjusted(padding + lead(*index.model(), index.column()), 0, -padding, 0);
+        painter->drawText(room, index.data(Qt::TextAlignmentRole).toInt() | Qt::AlignVCenter,
+                          index.data(brief_ ? int{brief_role} : int{Qt::DisplayRole}).toString());
     }
 
 private:
+    const bool& close_;
     const bool& brief_;
 };
 
@@ -94,6 +113,16 @@ public:
     Header() : QHeaderView(Qt::Horizontal) {}
 
 protected:
+    void paintSection(QPainter* painter, const QRect& section, int column) const override {
+        QHeaderView::paintSection(painter, section, column);
+        if (const int moved = lead(*model(), column); moved > 0) {
+            const QRect rest = section.adjusted(moved, 0, 0, 0);
+            painter->fillRect(section.adjusted(0, 0, 0, -1), theme::colors().quiet);
+            painter->setClipRect(rest);
+            QHeaderView::paintSection(painter, rest, column);
+        }
+    }
+
     void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
         QHeaderView::initStyleOptionForIndex(option, column);
         QStringList words = option->text.split(u' ');
@@ -113,7 +142,7 @@ Grid::Grid(const char* name, const QString& accessible_name) {
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setItemDelegate(new Delegate(this, brief_));
+    setItemDelegate(new Delegate(this, close_, brief_));
     setAlternatingRowColors(true);
     setShowGrid(false);
     setTabKeyNavigation(false);
@@ -172,17 +201,16 @@ void Grid::show_at_least(int rows) {
     least_rows_ = rows;
 }
 
-// Headings take the lines that they need, at least two, so that tables look alike.
 void Grid::fit_height() {
     const QFontMetrics metrics(bold(font()));
-    int lines = 2 * metrics.height();
+    int lines = metrics.height();
     for (int column = 0; column < model()->columnCount(); ++column) {
-        const int width = columnWidth(column) - (close_ ? 1 : 2) * theme::grid;
+        const int width = columnWidth(column) - (close_ ? 1 : 2) * theme::grid - lead(*model(), column);
         const QRect room(0, 0, width, 10 * metrics.height());
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
         lines = std::max(lines, metrics.boundingRect(room, Qt::TextWordWrap, heading).height());
     }
-    horizontalHeader()->setFixedHeight(lines + 2 * theme::grid);
+    horizontalHeader()->setFixedHeight(lines + theme::grid / 2);
     const int rows = shows_all_rows_ ? std::max(1, model()->rowCount()) : least_rows_;
     const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
     const int height = horizontalHeader()->height() + rows * row_height() + 2 * frameWidth() +
@@ -233,11 +261,14 @@ void Grid::paintEvent(QPaintEvent* event) {
             break;
         }
         const QModelIndex first = model()->index(row, 0);
+        const bool chosen = selectionModel()->isSelected(first);
+        if (chosen && !hasFocus()) {
+            painter.fillRect(0, top, theme::grid / 2, rowHeight(row), theme::colors().accent);
+        }
         if (first.data(new_group_role).toBool()) {
-            const bool selected = selectionModel()->isSelected(first);
             painter.fillRect(
                 0, top, width, 1,
-                selected ? palette().color(QPalette::HighlightedText) : theme::colors().outline);
+                chosen && hasFocus() ? theme::colors().on_filled : theme::colors().outline);
         }
     }
     // What whole pixels leave over shows no piece of the row below.
@@ -310,7 +341,9 @@ void Grid::measure_columns() {
         widths_.push_back({heading_width(heading, heading_metrics, all),
                            heading_width(heading, heading_metrics, few),
                            contents_width(*this, column, font(), Qt::DisplayRole),
-                           contents_width(*this, column, font(), brief_role)});
+                           contents_width(*this, column, font(), brief_role), lead(*model(), column),
+                           !is_left_aligned(*model(), column) &&
+                               (column == 0 || !is_left_aligned(*model(), column - 1))});
     }
     spread_columns();
     fit_height();
@@ -327,7 +360,7 @@ void Grid::spread_columns() {
     const auto texts = [this] {
         int sum = 0;
         for (const ColumnWidth& width : widths_) {
-            sum += std::max(width.heading, brief_ ? width.brief_contents : width.contents);
+            sum += width.lead + std::max(width.heading, brief_ ? width.brief_contents : width.contents);
         }
         return sum;
     };
@@ -339,7 +372,11 @@ void Grid::spread_columns() {
     const int room = viewport()->width() - columns * padding;
     brief_ = texts() > room;
     const int needed = texts();
+    // Figures share it: words and what stands behind them stay together.
+    const int shares =
+        std::max(1, static_cast<int>(std::ranges::count(widths_, true, &ColumnWidth::grows)));
     const int spare = std::max(0, room - needed);
+    int shared = 0;
     int missing = std::max(0, needed - room);
     for (int column = 0; column < columns; ++column) {
         const ColumnWidth& width = widths_[static_cast<std::size_t>(column)];
@@ -347,8 +384,10 @@ void Grid::spread_columns() {
         const int whole = std::max(width.heading, contents);
         const int less = std::min(missing, whole - std::max(width.least_heading, contents));
         missing -= less;
-        const int share = spare * (column + 1) / columns - spare * column / columns;
-        setColumnWidth(column, whole - less + padding + share);
+        const int before = shared;
+        shared += width.grows ? 1 : 0;
+        const int share = spare * shared / shares - spare * before / shares;
+        setColumnWidth(column, width.lead + whole - less + padding + share);
     }
 }
 

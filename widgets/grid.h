@@ -51,6 +51,8 @@ private:
         int least_heading;  // with long words shortened
         int contents;       // of the cells
         int brief_contents;
+        int lead;    // that words keep from figures before them
+        bool grows;  // with the room that is left
     };
 
     std::vector<ColumnWidth> widths_;  // without what stands left and right of the texts

@@ -1,10 +1,9 @@
 #include "widgets/navigation_row.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QToolButton>
-#include <algorithm>
-#include <vector>
 
 #include "widgets/controls.h"
 #include "widgets/theme.h"
@@ -13,75 +12,119 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
+namespace {
+
+// A word and the picture that says the same, without a gap.
+QHBoxLayout* join(QAbstractButton* left, QAbstractButton* right) {
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(0);
+    pair->addWidget(left, 1);
+    if (right != nullptr) {
+        left->setProperty("joined", u"left"_s);
+        right->setProperty("joined", u"right"_s);
+        pair->addWidget(right);
+    }
+    for (QAbstractButton* button : {left, right}) {
+        if (auto* picture = qobject_cast<QToolButton*>(button); picture != nullptr) {
+            const int side = theme::button_height();
+            const bool words = picture->toolButtonStyle() != Qt::ToolButtonIconOnly;
+            picture->setFixedSize(words ? picture->sizeHint().width() : side, side);
+        }
+    }
+    return pair;
+}
+
+// Of what stands at Next's place on any screen, so that Previous stands at one place on all. Where type
+// is large, a new participant has no room there.
+int next_width() {
+    const QString longest = theme::large_text() ? u"Next"_s : u"New Participant"_s;
+    const int words = QFontMetrics(QApplication::font()).horizontalAdvance(longest);
+    return words + 3 * theme::grid + 2;
+}
+
+std::vector<QWidget*> widgets_of(const QLayout& layout) {
+    std::vector<QWidget*> widgets;
+    for (int place = 0; place < layout.count(); ++place) {
+        QLayoutItem* item = layout.itemAt(place);
+        if (item->widget() != nullptr) {
+            widgets.push_back(item->widget());
+        } else if (item->layout() != nullptr) {
+            const std::vector<QWidget*> inner = widgets_of(*item->layout());
+            widgets.insert(widgets.end(), inner.begin(), inner.end());
+        }
+    }
+    return widgets;
+}
+
+}  // namespace
+
 NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
     : column_(column), row_(new QHBoxLayout(this)) {
     column_->addWidget(this);
     setObjectName(u"navigation"_s);
-    const int side = theme::side_margin();
-    row_->setContentsMargins(side, theme::grid, side, theme::grid);
+    row_->setContentsMargins(0, theme::grid, 0, theme::grid);
     row_->setSpacing(theme::grid);
     if (layout.is_note()) {
         row_->addStretch(1);
-        Cmdnext = add_button(u"&OK"_s, layout.ok_name);
-        Cmdnext->setDefault(true);
+        Cmdnext = control::button(u"&OK"_s, layout.ok_name);
+        control::make_default(Cmdnext);
+        row_->addWidget(Cmdnext);
         back = Cmdnext;
         return;
     }
     if (layout.help) {
-        cmdhelp = add_button(u"&Help"_s, "cmdhelp");
+        cmdhelp = control::button(u"&Help"_s, "cmdhelp");
+        add_left(cmdhelp);
     }
-    left_ = row_->count();
     row_->addStretch(1);
     if (layout.previous) {
-        picprev = add_picture(u"previous"_s, u"Previous"_s, "picprev");
-        cmdprev = add_button(u"&Previous"_s, "cmdprev");
+        picprev = control::picture(u"previous"_s, u"Previous"_s, "picprev");
+        cmdprev = control::button(u"&Previous"_s, "cmdprev");
         back = layout.is_step() ? nullptr : cmdprev;
+        row_->addLayout(join(picprev, cmdprev));
     }
     if (layout.next) {
-        Cmdnext = add_button(u"&Next"_s, "Cmdnext");
-        Cmdnext->setDefault(true);
-        picnext = add_picture(u"next"_s, u"Next"_s, "picnext");
-    }
-    row_->addStretch(1);
-    cmdclose = add_button(u"&Close"_s, "cmdclose");
-}
-
-void NavigationRow::add(Place place, QWidget* widget) {
-    if (place == Place::above) {
-        column_->insertWidget(column_->indexOf(this), widget);
+        Cmdnext = control::button(u"&Next"_s, "Cmdnext");
+        control::make_default(Cmdnext);
+        picnext = control::picture(u"next"_s, u"Next"_s, "picnext");
+        row_->addLayout(join(Cmdnext, picnext));
+        Cmdnext->setMinimumWidth(next_width() - picnext->width());
     } else {
-        row_->insertWidget(place == Place::left ? left_++ : row_->indexOf(cmdclose), widget);
+        row_->addSpacing(next_width());
     }
+    cmdclose = control::button(u"&Close"_s, "cmdclose");
+    row_->addWidget(cmdclose);
 }
 
-QPushButton* NavigationRow::add_button(const QString& text, const char* name) {
-    QPushButton* button = control::button(text, name);
-    row_->addWidget(button);
-    return button;
+void NavigationRow::add_above(QWidget* line) {
+    column_->insertWidget(column_->indexOf(this), line);
 }
 
-QToolButton* NavigationRow::add_picture(const QString& icon, const QString& accessible_name,
-                                        const char* name) {
-    QToolButton* picture = control::picture(icon, accessible_name, name);
-    row_->addWidget(picture);
-    return picture;
+void NavigationRow::add_left(QAbstractButton* button, QAbstractButton* joined) {
+    row_->insertLayout(left_++, join(button, joined));
+}
+
+void NavigationRow::add_as_next(QPushButton* button) {
+    const int place = row_->indexOf(cmdclose) - 1;
+    delete row_->takeAt(place);
+    button->setFixedWidth(next_width());
+    row_->insertWidget(place, button);
+}
+
+std::vector<QWidget*> NavigationRow::controls() const {
+    return widgets_of(*row_);
 }
 
 void NavigationRow::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
-    int needed = 2 * theme::side_margin();
+    int needed = row_->minimumSize().width();
     std::vector<QToolButton*> pictures;
-    for (int place = 0; place < row_->count(); ++place) {
-        QWidget* control = row_->itemAt(place)->widget();
+    for (QWidget* control : controls()) {
         auto* picture = qobject_cast<QToolButton*>(control);
         if (picture != nullptr && picture->menu() == nullptr) {
             pictures.push_back(picture);
+            needed += picture->isHidden() ? picture->width() : 0;
         }
-        if (control != nullptr) {
-            needed +=
-                std::max(control->minimumWidth(), picture != nullptr ? picture->sizeHint().width() : 0);
-        }
-        needed += theme::grid;
     }
     for (QToolButton* picture : pictures) {
         picture->setVisible(needed <= width());

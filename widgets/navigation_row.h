@@ -1,11 +1,13 @@
-// The row of buttons below every screen: Help, Previous and Next with their pictures, Close; or the one
-// OK of a note.
+// The row of buttons below every screen: Help at the left; Previous and Next with their pictures and
+// Close at the same places from the right on every screen; or the one OK of a note.
 #pragma once
 
 #include <QFrame>
+#include <vector>
 
 #include "widgets/screen_layout.h"
 
+class QAbstractButton;
 class QBoxLayout;
 class QHBoxLayout;
 class QPushButton;
@@ -17,14 +19,17 @@ class NavigationRow : public QFrame {
     Q_OBJECT
 
 public:
-    // For what a screen adds, each time behind what it has added there: a line above the row, buttons
-    // behind Help, buttons before Close.
-    enum class Place { above, left, right };
-
     // The last row of a screen's column.
     NavigationRow(const ScreenLayout& layout, QBoxLayout* column);
 
-    void add(Place place, QWidget* widget);
+    // What a screen adds: a line above the row, a button behind those at the left, where it can have
+    // another one joined to it, a button at the place of Next.
+    void add_above(QWidget* line);
+    void add_left(QAbstractButton* button, QAbstractButton* joined = nullptr);
+    void add_as_next(QPushButton* button);
+
+    // From left to right.
+    std::vector<QWidget*> controls() const;
     // Close, or the OK of a note.
     QPushButton* always_there() const { return cmdclose != nullptr ? cmdclose : Cmdnext; }
 
@@ -42,12 +47,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QPushButton* add_button(const QString& text, const char* name);
-    QToolButton* add_picture(const QString& icon, const QString& accessible_name, const char* name);
-
     QBoxLayout* column_;
     QHBoxLayout* row_;
-    int left_ = 0;  // how many buttons there are on the left
+    int left_ = 0;  // how many places there are on the left
 };
 
 }  // namespace kelvar

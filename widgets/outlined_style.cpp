@@ -46,6 +46,9 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     if (element == PE_FrameFocusRect && qobject_cast<const QAbstractButton*>(widget) != nullptr) {
         return;  // filled, it makes an option look chosen; the focus ring marks the focus
     }
+    if (element == PE_IndicatorRadioButton && option->rect.isEmpty()) {
+        return;  // the option shows otherwise that it is chosen
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit) {
         outline(painter, option, Shape::rectangle);

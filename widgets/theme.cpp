@@ -35,7 +35,11 @@ Colors make_colors(bool dark) {
                 .band_text = QColor(0xff, 0xff, 0xff),
                 .text = QColor(0xe8, 0xed, 0xf2),
                 .note = QColor(0xb8, 0xc4, 0xcf),
-                .accent = QColor(0x7c, 0xbd, 0xe8)};
+                .accent = QColor(0x7c, 0xbd, 0xe8),
+                .quiet = QColor(0x30, 0x3a, 0x45),
+                .selected = QColor(0x2b, 0x4a, 0x60),
+                .filled = QColor(0x2a, 0x74, 0xaa),
+                .on_filled = QColor(0xff, 0xff, 0xff)};
     }
     return {.window = QColor(0xf2, 0xf5, 0xf8),
             .card = QColor(0xff, 0xff, 0xff),
@@ -46,7 +50,11 @@ Colors make_colors(bool dark) {
             .band_text = QColor(0xff, 0xff, 0xff),
             .text = QColor(0x1d, 0x28, 0x33),
             .note = QColor(0x4a, 0x57, 0x64),
-            .accent = QColor(0x1a, 0x66, 0x9c)};
+            .accent = QColor(0x1a, 0x66, 0x9c),
+            .quiet = QColor(0xe3, 0xeb, 0xf2),
+            .selected = QColor(0xd5, 0xe6, 0xf3),
+            .filled = QColor(0x1a, 0x66, 0x9c),
+            .on_filled = QColor(0xff, 0xff, 0xff)};
 }
 
 bool dark_ = false;
@@ -59,7 +67,7 @@ QPalette palette() {
     palette.setColor(QPalette::Window, c.window);
     palette.setColor(QPalette::WindowText, c.text);
     palette.setColor(QPalette::Base, c.field);
-    palette.setColor(QPalette::AlternateBase, dark_ ? c.field.darker(112) : QColor(0xf3, 0xf7, 0xfa));
+    palette.setColor(QPalette::AlternateBase, dark_ ? c.field.darker(112) : QColor(0xee, 0xf3, 0xf7));
     palette.setColor(QPalette::Text, c.text);
     palette.setColor(QPalette::PlaceholderText, c.note);
     palette.setColor(QPalette::Button, dark_ ? QColor(0x33, 0x3d, 0x47) : QColor(0xfa, 0xfb, 0xfc));
@@ -67,8 +75,8 @@ QPalette palette() {
     palette.setColor(QPalette::ToolTipBase, c.card);
     palette.setColor(QPalette::ToolTipText, c.text);
     palette.setColor(QPalette::Link, c.accent);
-    palette.setColor(QPalette::Highlight, dark_ ? QColor(0x2a, 0x74, 0xaa) : c.accent);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Highlight, c.filled);
+    palette.setColor(QPalette::HighlightedText, c.on_filled);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, disabled);
     }
@@ -97,6 +105,25 @@ QString style_sheet(const QFont& font) {
         QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
         QLabel[role="value"] { font-weight: 600; }
         QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QPushButton, QToolButton { background: %3; border: 1px solid %16; border-radius: 4px; }
+        QPushButton { padding: 0px 12px; }
+        QToolButton { padding: 1px; }
+        QPushButton:hover, QToolButton:hover { background: %12; }
+        QPushButton:pressed, QToolButton:pressed { background: %17; }
+        QPushButton:disabled, QToolButton:disabled { color: %14; }
+        QPushButton[primary="true"]:enabled, QDialog QPushButton:default:enabled {
+            background: %18; border-color: %18; color: %19; }
+        QPushButton[primary="true"]:hover, QDialog QPushButton:default:hover { background: %1; }
+        QAbstractButton[joined="left"] { border-top-right-radius: 0px; border-bottom-right-radius: 0px;
+                                         border-right: none; }
+        QAbstractButton[joined="right"] { border-top-left-radius: 0px; border-bottom-left-radius: 0px; }
+        QToolBar QToolButton { border: none; }
+        kelvar--ViewChoice QRadioButton { background: %3; border: 1px solid %16; padding: 0px 16px; }
+        kelvar--ViewChoice QRadioButton:hover { background: %12; }
+        kelvar--ViewChoice QRadioButton:checked { background: %17; border-color: %5; font-weight: 600; }
+        kelvar--ViewChoice QRadioButton::indicator { width: 0px; height: 0px; }
+        QFrame#strip { background: %12; border: 1px solid %4; border-top: none; }
+        QLabel#lblheadline { font-size: %20pt; }
         QLabel#lblmorebelow { background: %12; border: 1px solid %4; border-radius: 10px; }
         QMenu { border: 1px solid %4; }
         QToolButton::menu-indicator { image: none; }
@@ -106,18 +133,18 @@ QString style_sheet(const QFont& font) {
         QScrollArea { background: transparent; border: none; }
         QWidget#content { background: transparent; }
         QHeaderView::section { background: %12; color: %13; font-weight: 600; border: none;
-                               border-bottom: 1px solid %4; padding: 4px 8px; }
+                               border-bottom: 1px solid %4; padding: 2px 8px; }
         QTableView { border: 1px solid %4; gridline-color: transparent; }
-        kelvar--Grid::item { border: 0px; padding: 0px 5px; }
-        kelvar--Grid[close="true"]::item { padding: 0px 1px; }
-        kelvar--Grid[close="true"] QHeaderView::section { padding: 4px 4px; }
+        kelvar--Grid[close="true"] QHeaderView::section { padding: 2px 4px; }
         QTableView:focus { border: 2px solid %5; }
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))
         .arg(QFontMetrics(font).height() + theme::grid)
-        .arg(c.note.name(), dark_ ? c.card.lighter(130).name() : u"#e3ebf2"_s, c.text.name(),
+        .arg(c.note.name(), c.quiet.name(), c.text.name(),
              QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name())
-        .arg(indicator);
+        .arg(indicator)
+        .arg(c.outline.name(), c.selected.name(), c.filled.name(), c.on_filled.name(),
+             points(large_text() ? 1.0 : 1.2));
 }
 
 const char* role_name(Role role) {
@@ -203,6 +230,15 @@ bool low_display() {
     constexpr int lowest_usual = 724;  // pixels, for a window of the standard size with its frame
     return large_text() ||
            QGuiApplication::primaryScreen()->availableGeometry().height() < lowest_usual;
+}
+
+int widest_paragraph() {
+    constexpr int usual = 80;  // letters
+    return usual * QFontMetrics(QApplication::font()).averageCharWidth();
+}
+
+int button_height() {
+    return QFontMetrics(QApplication::font()).height() + (large_text() ? grid : 3 * grid / 2);
 }
 
 int side_margin() {

@@ -16,6 +16,13 @@ inline constexpr int grid = 8;
 // Sets style, palette, fonts and style sheet. Called once, before the first window.
 void apply(QApplication& application);
 
+// What is wider than the first is centred in a larger window; running text ends at the second, for the
+// eye to find the next line. In device-independent pixels.
+inline constexpr int widest_content = 1100;
+int widest_paragraph();
+// Of all buttons in a row.
+int button_height();
+
 // True when the desktop's font is so large, or its display so narrow, that what otherwise stands side
 // by side goes below each other, so that nothing needs sideways scrolling.
 bool large_text();
@@ -35,6 +42,10 @@ struct Colors {
     QColor text;
     QColor note;
     QColor accent;
+    QColor quiet;     // ground of headers and strips, and of a button under the pointer
+    QColor selected;  // ground of what is chosen, without the focus
+    QColor filled;    // ground of what is chosen with the focus, and of the default button
+    QColor on_filled;
 };
 const Colors& colors();
 

@@ -5,6 +5,8 @@
 
 #include "widgets/theme.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvar {
 
 ViewChoice::ViewChoice(const char* name, const QString& first, const QString& second)
@@ -13,13 +15,16 @@ ViewChoice::ViewChoice(const char* name, const QString& first, const QString& se
     auto* one_of = new QButtonGroup(this);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(2 * theme::grid);
+    row->setSpacing(0);
     int index = 0;
     for (QRadioButton* option : {first_option, second_}) {
         option->setObjectName(QString::fromLatin1(name) + u'_' + QString::number(index++));
         one_of->addButton(option);
+        option->setFixedHeight(theme::button_height() - 2);
         row->addWidget(option);
     }
+    first_option->setProperty("joined", u"left"_s);
+    second_->setProperty("joined", u"right"_s);
     first_option->setChecked(true);
     second_->setFocusPolicy(Qt::ClickFocus);  // Tab goes to the chosen one, also backwards
     connect(second_, &QRadioButton::toggled, this, &ViewChoice::changed);

@@ -33,15 +33,14 @@ PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
     control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, navigation->parentWidget());
-    navigation->add(NavigationRow::Place::left, cmdprint);
-    navigation->add(NavigationRow::Place::left, cmdprintmenu);
+    navigation->add_left(cmdprint, cmdprintmenu);
 
     lblsaved = theme::label({}, theme::Role::body, "lblsaved");
     lblsaved->setContentsMargins(3 * theme::grid, 0, 3 * theme::grid, theme::grid);
     lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
     lblsaved->installEventFilter(this);
     lblsaved->hide();
-    navigation->add(NavigationRow::Place::above, lblsaved);
+    navigation->add_above(lblsaved);
 }
 
 void PrintButtons::offer_csv() {

@@ -25,7 +25,7 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     lblstartvalue = add_value(u"Value of Account at Commencement of Distribution Payment:"_s,
                               "lblstartvalue", 2, 0);
     lblfee = add_value(u"The Current Annual Fee:"_s, "lblfee", 0, 1);
-    lbltotalvalue = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", 1, 1);
+    lbltotalvalue = add_total(1, 1);
     add_note(to_qt(lump_sum_fee_text()), "lblfeenote");
     grphlump = new BarChart("grphlump", u"Value at the payment and current balance at each rate"_s);
     values_ = new TextTableModel({{u"Rate"_s}, {u"Value"_s}, {u"Difference from Today"_s}}, this);

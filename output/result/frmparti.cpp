@@ -19,7 +19,7 @@ frmparti::frmparti(Module1& module1)
     lblpartial = add_value(u"Lump Sum Payment:"_s, "lblpartial", 0, 1);
     lblnumber = add_value(u"Number of Payments: "_s, "lblnumber", 1, 1);
     lblfee = add_value(u"The Current Annual Fee:"_s, "lblfee", 2, 1);
-    lbltotalvalue = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", 3, 1);
+    lbltotalvalue = add_total(3, 1);
 }
 
 void frmparti::load() {

@@ -17,7 +17,7 @@ frmperio::frmperio(Module1& module1)
                               "lblstartvalue", 2, 0);
     lblnumber = add_value(u"Number of Payments: "_s, "lblnumber", 0, 1);
     lblfee = add_value(u"The Current Annual Fee:"_s, "lblfee", 1, 1);
-    lbltotalvalue = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", 2, 1);
+    lbltotalvalue = add_total(2, 1);
 }
 
 void frmperio::load() {

@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStackedWidget>
 
 #include "engine/headline.h"
@@ -22,28 +23,41 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
+namespace {
+
+// The amounts stand out, and what belongs together stays on one line.
+QString emphasised(const QString& sentence) {
+    static const QRegularExpression amount(uR"((\$[\d,]+(\.\d+)?))"_s);
+    QString html = sentence.toHtmlEscaped();
+    static const QRegularExpression kept_together(u"(age|[A-Z][a-z]+,) (?=\\d)"_s);
+    html.replace(kept_together, u"\\1&nbsp;"_s);
+    return html.replace(amount, uR"(<span style="font-weight:600">\1</span>)"_s);
+}
+
+}  // namespace
+
 ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}),
       today(module1.today()) {
     module.visit.projected_on = today;
-    content()->setSpacing(theme::grid);
-    content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
+    const int space = theme::large_text() ? theme::grid / 2 : theme::grid;
+    content()->setSpacing(space);
+    content()->setContentsMargins(0, space, 0, space);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
     QBoxLayout* top = control::row();
     top->addWidget(lblsub, 1);
     top->addWidget(rate_list());
     content()->addLayout(top);
+    lblheadline = theme::label({}, theme::Role::body, "lblheadline");
+    lblheadline->setTextFormat(Qt::RichText);
+    lblheadline->setWordWrap(true);
+    lblheadline->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    content()->addWidget(lblheadline);
     build_values();
     if (!theme::large_text()) {
         content()->addWidget(summary_);
     }
-    headline_row_ = control::row();
-    lblheadline = theme::label({}, theme::Role::body, "lblheadline");
-    lblheadline->setWordWrap(true);
-    lblheadline->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    headline_row_->addWidget(lblheadline, 1);
-    content()->addLayout(headline_row_);
 
     result_ = new QStackedWidget;
     lblcover = theme::label({}, theme::Role::subtitle, "lblcover");
@@ -61,14 +75,11 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
 void ResultScreen::build_values() {
     summary_ = new SummaryPanel;
     values_ = new QGridLayout(summary_);
-    values_->setContentsMargins(2 * theme::grid, theme::grid, 2 * theme::grid, theme::grid);
-    values_->setHorizontalSpacing(theme::grid);
-    values_->setVerticalSpacing(theme::grid / 2);
-    values_->setColumnStretch(0, 3);
-    if (!theme::large_text()) {
-        values_->setColumnMinimumWidth(2, 2 * theme::grid);
-        values_->setColumnStretch(3, 2);
-    }
+    values_->setContentsMargins(2 * theme::grid, 6, 2 * theme::grid, 6);
+    values_->setHorizontalSpacing(2 * theme::grid);
+    values_->setVerticalSpacing(2);
+    values_->setColumnMinimumWidth(2, 2 * theme::grid);
+    values_->setColumnStretch(5, 1);  // spare room is at the right
 }
 
 void ResultScreen::build_buttons() {
@@ -92,11 +103,10 @@ void ResultScreen::add_menu_button() {
         scenario.lookup_age = 0;  // which the life expectancy table would mark
         module.return_to_menu();
     });
-    navigation()->add(NavigationRow::Place::right, cmdmenu);
-    constexpr int twips_per_pixel = 10;
-    if (theme::large_text() ||
-        navigation()->minimumSizeHint().width() > scenario.screen_width / twips_per_pixel) {
+    if (theme::large_text()) {
         content()->addWidget(cmdmenu, 0, Qt::AlignRight);
+    } else {
+        navigation()->add_as_next(cmdmenu);
     }
 }
 
@@ -169,9 +179,11 @@ void ResultScreen::go_previous() {
 
 QLabel* ResultScreen::add_value(const QString& caption, const char* name, int row, int column) {
     auto* text = theme::label(caption, theme::Role::body);
-    text->setWordWrap(true);
-    auto* value = theme::label({}, theme::Role::value, name);
-    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    constexpr qsizetype one_line = 40;  // letters
+    text->setWordWrap(theme::large_text() || caption.size() > one_line);
+    auto* value = theme::label({}, theme::Role::body, name);
+    value->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    text->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     summary_->add(text, value);
     if (theme::large_text()) {
         row = values_->count() / 2;
@@ -180,6 +192,12 @@ QLabel* ResultScreen::add_value(const QString& caption, const char* name, int ro
     values_->addWidget(text, row, 3 * column);
     values_->addWidget(value, row, 3 * column + 1);
     return value;
+}
+
+QLabel* ResultScreen::add_total(int row, int column) {
+    QLabel* total = add_value(u"Your Total Pay-Back: "_s, "lbltotalvalue", row, column);
+    theme::set_role(total, theme::Role::value);
+    return total;
 }
 
 void ResultScreen::add_note(const QString& text, const char* name) {
@@ -208,11 +226,9 @@ double ResultScreen::chosen_rate() const {
 
 void ResultScreen::show_headline(const Projection& projection) {
     shown_ = projection;
-    lblheadline->setText(to_qt(headline(scenario, projection)));
-}
-
-void ResultScreen::add_beside_headline(QWidget* choice) {
-    headline_row_->addWidget(choice, 0, Qt::AlignRight | Qt::AlignBottom);
+    const QString said = to_qt(headline(scenario, projection));
+    lblheadline->setAccessibleName(said);
+    lblheadline->setText(emphasised(said));
 }
 
 void ResultScreen::set_result(QWidget* result) {

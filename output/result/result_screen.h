@@ -40,6 +40,8 @@ protected:
 
     // A caption and the value behind it, in one cell of the values' grid. The label's name is `name`.
     QLabel* add_value(const QString& caption, const char* name, int row, int column);
+    // "Your Total Pay-Back: ", which stands out.
+    QLabel* add_total(int row, int column);
     // A quiet line below all values.
     void add_note(const QString& text, const char* name);
     static void show_money(QLabel* label, double dollars);  // "$###,###,##0.00"
@@ -52,10 +54,8 @@ protected:
     // The button for the next participant: last in the row of buttons, or where these leave no room for
     // it, below the result. After all other buttons.
     void add_menu_button();
-    // The result in one sentence, and beside it what chooses how the area below shows it. What is
-    // printed is this projection.
+    // The result in one sentence. What is printed is this projection.
     void show_headline(const Projection& projection);
-    void add_beside_headline(QWidget* choice);
     // The area below the values that the cover hides.
     void set_result(QWidget* result);
     // Covers the result area and says why nothing is shown. Either way it is a new result.
@@ -87,7 +87,6 @@ private:
     SummaryPanel* summary_ = nullptr;
     QGridLayout* values_ = nullptr;
     QBoxLayout* rates_row_ = nullptr;
-    QBoxLayout* headline_row_ = nullptr;
     QLabel* lblheadline = nullptr;
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;

@@ -21,7 +21,6 @@ namespace kelvar {
 ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, ScreenId chart)
     : ResultScreen(module1, id, name), chart_(chart) {
     schedule_ = new ScheduleView(scenario);
-    add_beside_headline(schedule_->choice());
     set_result(schedule_);
     build_buttons();
 }
@@ -29,8 +28,7 @@ ScheduleScreen::ScheduleScreen(Module1& module1, ScreenId id, const char* name, 
 void ScheduleScreen::build_buttons() {
     cmdchart = control::button(u"Ch&art"_s, "cmdchart");
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
-    navigation()->add(NavigationRow::Place::left, cmdchart);
-    navigation()->add(NavigationRow::Place::left, pichart);
+    navigation()->add_left(cmdchart, pichart);
     cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
     add_beside_rates(cmdcompare);
     connect(cmdcompare, &QPushButton::clicked, this, [this] { compare_rates(); });

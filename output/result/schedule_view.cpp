@@ -59,6 +59,15 @@ QLabel* panel_text(const char* name) {
     return label;
 }
 
+// With the signs of print; read aloud, in words.
+void say(QLabel* label, const QString& text) {
+    label->setText(QString(text).replace(u" divided by "_s, u" ÷ "_s).replace(u" - "_s, u" − "_s));
+    label->setAccessibleName(QString(text)
+                                 .replace(u" - "_s, u" minus "_s)
+                                 .replace(u" + "_s, u" plus "_s)
+                                 .replace(u" = "_s, u" equals "_s));
+}
+
 // Chooses the row that was chosen before the rows were replaced, at first the first one.
 void keep_row(Grid& grid, int row) {
     const int last = grid.model()->rowCount() - 1;
@@ -74,20 +83,33 @@ ScheduleView::ScheduleView(const Scenario& of_program)
     connect(choice_, &ViewChoice::changed, this, [this] { choose_view(); });
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(theme::grid);
+    column->setSpacing(theme::grid / 2);
     grddist = new Grid("grddist", u"Schedule of payments"_s);
     grdyear = new Grid("grdyear", u"Years of the schedule"_s);
     for (Grid* grid : {grddist, grdyear}) {
         grids_->addWidget(grid);
         grid->show_at_least(6);
     }
-    column->addWidget(grids_, 1);
-    column->addWidget(build_panel());
+    auto* lblestimate = control::paragraph(QString::fromUtf16(estimate_note), "lblestimate");
+    auto* above = new QHBoxLayout;
+    above->addWidget(choice_);
+    above->addStretch(1);
+    column->addLayout(above);
+    auto* table = new QVBoxLayout;
+    table->setSpacing(0);
+    table->addWidget(grids_, 1);
+    table->addWidget(build_panel());
+    column->addLayout(table, 1);
     lblminimum = theme::label({}, theme::Role::note, "lblminimum");
     lblminimum->setWordWrap(true);
     lblminimum->hide();
     column->addWidget(lblminimum);
-    column->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
+    if (theme::large_text()) {
+        column->addWidget(lblestimate);
+    } else {
+        lblestimate->setWordWrap(false);
+        above->addWidget(lblestimate);
+    }
     for (Grid* grid : {grddist, grdyear}) {
         keep_in_view_with(grid, panel_);
     }
@@ -98,6 +120,9 @@ ScheduleView::ScheduleView(const Scenario& of_program)
 
 QWidget* ScheduleView::build_panel() {
     panel_ = new QStackedWidget;
+    panel_->setObjectName(u"strip"_s);
+    panel_->setContentsMargins(3 * theme::grid / 2, theme::grid / 2, 3 * theme::grid / 2,
+                               theme::grid / 2);
     lblexplain = panel_text("lblexplain");
     lblledger = panel_text("lblledger");
     longest_ = panel_text("longest");
@@ -165,8 +190,8 @@ QString ScheduleView::explained(int row) const {
 
 void ScheduleView::explain() {
     const QString text = explained(grddist->currentIndex().row());
-    lblexplain->setText(text);
-    grddist->setAccessibleDescription(text);
+    say(lblexplain, text);
+    grddist->setAccessibleDescription(lblexplain->accessibleName());
 }
 
 void ScheduleView::show_years() {
@@ -180,7 +205,7 @@ void ScheduleView::show_years() {
     const int chosen = grdyear->currentIndex().row();
     years_->show_rows(std::move(rows));
     keep_row(*grdyear, chosen);
-    lblledger->setText(to_qt(ledger_text(projection_)));
+    say(lblledger, to_qt(ledger_text(projection_)));
     lblminimum->setText(to_qt(federal_minimum_text(years)));
     lblminimum->setVisible(!lblminimum->text().isEmpty());
 }

@@ -36,7 +36,7 @@ frmPortfolios::frmPortfolios(const Module1& module, QWidget* parent) : QDialog(p
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(portfolio_frame(scenario.portfolio_index, PortfolioName::alone));
     auto* cmdpok = control::button(u"&OK"_s, "cmdpok");
-    cmdpok->setDefault(true);
+    control::make_default(cmdpok);
     connect(cmdpok, &QPushButton::clicked, this, &QDialog::accept);
     layout->addWidget(cmdpok, 0, Qt::AlignRight);
     cmdpok->setFocus();

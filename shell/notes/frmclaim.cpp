@@ -70,7 +70,7 @@ frmclaim::frmclaim(QWidget* parent) : QDialog(parent) {
     layout->addWidget(scroll, 1);
 
     auto* cmdok = control::button(u"&OK"_s, "cmdok");
-    cmdok->setDefault(true);
+    control::make_default(cmdok);
     connect(cmdok, &QPushButton::clicked, this, &QDialog::accept);
     layout->addWidget(cmdok, 0, Qt::AlignRight);
     cmdok->setFocus();

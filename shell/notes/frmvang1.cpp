@@ -28,7 +28,7 @@ frmvang1::frmvang1(Module1& module1)
     set_first_field(table);
     auto* pichart = control::picture(u"chart"_s, u"Life expectancy table"_s, "pichart");
     connect(pichart, &QToolButton::clicked, this, [this] { go_next(); });
-    navigation()->add(NavigationRow::Place::left, pichart);
+    navigation()->add_left(pichart);
     content()->addStretch(1);
 }
 

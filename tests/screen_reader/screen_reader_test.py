@@ -154,7 +154,7 @@ class Walk:
         expect(table.get_description().startswith("Payment 1, July, 2020: $256,270.90 divided by 349 payments"), True)
         reader.type("2021")
         explanation = (
-            "Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come and this one) = $753.06. "
+            "Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come and this one) equals $753.06. "
             "The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee: $258,636.23."
         )
         reader.until(lambda: table.get_description() == explanation, explanation)
@@ -179,8 +179,8 @@ class Walk:
         headings = ("Year", "Age at Last Payment", "Payments", "Beginning Balance", "Earnings", "Fees", "Paid", "Ending Balance")
         expect(cells_of(years, 0), [f"{heading}: {value}" for heading, value in zip(headings, values)])
         reader.find(
-            "$250,000.00 today + $331,157.41 earned - $2,361.42 fees - $578,796.05 paid to you "
-            "+ $0.06 rounding = $0.00 left. "
+            "$250,000.00 today plus $331,157.41 earned minus $2,361.42 fees minus $578,796.05 paid to you "
+            "plus $0.06 rounding equals $0.00 left. "
             "Of this, before the first payment: $6,310.79 earned, $39.89 fees."
         )
         expect(reader.faults(), [])

@@ -15,6 +15,7 @@
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 #include <QWindow>
 
@@ -130,7 +131,8 @@ QString UiTest::focus_name() const {
 }
 
 QString UiTest::text_of(const char* label) {
-    return find<QLabel>(label)->text();
+    const QString text = find<QLabel>(label)->text();
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
 bool UiTest::stands_out(const char* label) {

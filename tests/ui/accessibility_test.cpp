@@ -90,7 +90,8 @@ const QObject* tab_stop(QWidget* control) {
 }
 
 QImage surroundings(const QWidget* control) {
-    return control->parentWidget()->grab(control->geometry().adjusted(-4, -4, 4, 4)).toImage();
+    const QRect place(control->mapTo(control->window(), QPoint()), control->size());
+    return control->window()->grab(place.adjusted(-4, -4, 4, 4)).toImage();
 }
 
 TEST_P(EveryScreen, TabReachesEveryControlDownThePageAndTheFocusIsSeen) {

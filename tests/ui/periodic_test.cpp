@@ -141,14 +141,13 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
         text_of("lblheadline"),
         u"Estimate at 5%, over your minimum distribution years: $734.30 a month from July, 2020, $753.06 from January, 2021, then a new amount each January; last payment July, 2049, age 99."_s);
     const QString first = text_of("lblexplain");
-    EXPECT_TRUE(
-        first.startsWith(u"Payment 1, July, 2020: $256,270.90 divided by 349 payments = $734.30."_s));
+    EXPECT_TRUE(first.startsWith(u"Payment 1, July, 2020: $256,270.90 ÷ 349 payments = $734.30."_s));
     auto* grid = find<Grid>("grddist");
     grid->setFocus();
     type("2021");
     EXPECT_EQ(
         text_of("lblexplain"),
-        u"Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come and this one) = $753.06. The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee: $258,636.23."_s);
+        u"Payment 7, January, 2021: $258,300.14 ÷ 343 payments (342 to come and this one) = $753.06. The $257,547.08 left grows by $1,095.94 in 31 days, less $6.79 fee: $258,636.23."_s);
     EXPECT_GE(grid->viewport()->height() / grid->rowHeight(0), 8) << "rows to be seen";
     const auto amount_read_out = [&](int row) {
         return grid->model()->index(row, 3).data(Qt::AccessibleTextRole).toString();
@@ -179,7 +178,7 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     choose("cmbrate", u" 5%"_s);
     EXPECT_EQ(
         text_of("lblledger"),
-        u"$250,000.00 today + $331,157.41 earned - $2,361.42 fees - $578,796.05 paid to you + $0.06 rounding = $0.00 left. Of this, before the first payment: $6,310.79 earned, $39.89 fees."_s);
+        u"$250,000.00 today + $331,157.41 earned − $2,361.42 fees − $578,796.05 paid to you + $0.06 rounding = $0.00 left. Of this, before the first payment: $6,310.79 earned, $39.89 fees."_s);
 
     menu_entry = u"Save as &CSV..."_s;
     save_as = to_qt((folder.path() / "years.csv").string());
