@@ -15,11 +15,10 @@ namespace {
 enum class Shape { rectangle, circle };
 
 void outline(QPainter* painter, const QStyleOption* option, Shape shape) {
-    const bool enabled = option->state.testFlag(QStyle::State_Enabled);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(enabled ? theme::colors().outline : theme::colors().border);
+    painter->setPen(theme::colors().outline);
     const QRectF line = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
     if (shape == Shape::circle) {
         painter->drawEllipse(line);

@@ -35,7 +35,9 @@ Colors make_colors(bool dark) {
                 .band_text = QColor(0xff, 0xff, 0xff),
                 .text = QColor(0xe8, 0xed, 0xf2),
                 .note = QColor(0xb8, 0xc4, 0xcf),
+                .disabled = QColor(0xa2, 0xae, 0xb9),
                 .accent = QColor(0x7c, 0xbd, 0xe8),
+                .warning = QColor(0xf0, 0xb3, 0x4a),
                 .quiet = QColor(0x30, 0x3a, 0x45),
                 .selected = QColor(0x2b, 0x4a, 0x60),
                 .filled = QColor(0x2a, 0x74, 0xaa),
@@ -50,7 +52,9 @@ Colors make_colors(bool dark) {
             .band_text = QColor(0xff, 0xff, 0xff),
             .text = QColor(0x1d, 0x28, 0x33),
             .note = QColor(0x4a, 0x57, 0x64),
+            .disabled = QColor(0x64, 0x6f, 0x7a),
             .accent = QColor(0x1a, 0x66, 0x9c),
+            .warning = QColor(0xb8, 0x6e, 0x00),
             .quiet = QColor(0xe3, 0xeb, 0xf2),
             .selected = QColor(0xd5, 0xe6, 0xf3),
             .filled = QColor(0x1a, 0x66, 0x9c),
@@ -62,7 +66,6 @@ Colors colors_ = make_colors(false);
 
 QPalette palette() {
     const Colors& c = colors_;
-    const QColor disabled = dark_ ? QColor(0x80, 0x8c, 0x97) : QColor(0x84, 0x90, 0x9b);
     QPalette palette;
     palette.setColor(QPalette::Window, c.window);
     palette.setColor(QPalette::WindowText, c.text);
@@ -78,7 +81,7 @@ QPalette palette() {
     palette.setColor(QPalette::Highlight, c.filled);
     palette.setColor(QPalette::HighlightedText, c.on_filled);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, disabled);
+        palette.setColor(QPalette::Disabled, role, c.disabled);
     }
     palette.setColor(QPalette::Disabled, QPalette::Base, c.window);
     return palette;
@@ -95,6 +98,7 @@ QString style_sheet(const QFont& font) {
         QFrame#navigation { background: %3; border: none; border-top: 1px solid %4; }
         QGroupBox { background: %3; border: 1px solid %4; border-radius: 6px; margin-top: 0px;
                     padding: %10px 8px 4px 8px; }
+        QGroupBox:flat { border: none; padding: %21px 0px 0px 0px; }
         QFrame#card, QFrame#summary { background: %3; border: 1px solid %4; border-radius: 6px; }
         QFrame#summary:focus { border: 2px solid %5; }
         QLabel[role="title"] { font-size: %6pt; font-weight: 600; }
@@ -140,11 +144,11 @@ QString style_sheet(const QFont& font) {
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))
         .arg(QFontMetrics(font).height() + theme::grid)
-        .arg(c.note.name(), c.quiet.name(), c.text.name(),
-             QApplication::palette().color(QPalette::Disabled, QPalette::WindowText).name())
+        .arg(c.note.name(), c.quiet.name(), c.text.name(), c.disabled.name())
         .arg(indicator)
         .arg(c.outline.name(), c.selected.name(), c.filled.name(), c.on_filled.name(),
-             points(large_text() ? 1.0 : 1.2));
+             points(large_text() ? 1.0 : 1.2))
+        .arg(QFontMetrics(font).height());
 }
 
 const char* role_name(Role role) {
@@ -180,8 +184,8 @@ public:
     explicit DrawnIcon(const QString& name) : name_(name) {}
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
-        const QColor disabled = QApplication::palette().color(QPalette::Disabled, QPalette::ButtonText);
-        draw(name_, mode == QIcon::Disabled ? disabled : colors_.accent, *painter, place);
+        const QColor usual = name_ == u"warning" ? colors_.warning : colors_.accent;
+        draw(name_, mode == QIcon::Disabled ? colors_.disabled : usual, *painter, place);
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {

@@ -35,13 +35,15 @@ struct Colors {
     QColor window;
     QColor card;
     QColor field;    // text boxes, lists, tables
-    QColor border;   // of cards and tables, and of what is disabled
-    QColor outline;  // of what can be filled in or ticked
+    QColor border;   // of cards and tables
+    QColor outline;  // of what can be filled in or ticked, also while it is disabled
     QColor band;
     QColor band_text;
     QColor text;
     QColor note;
-    QColor accent;
+    QColor disabled;  // texts and pictures
+    QColor accent;    // links, focus and data
+    QColor warning;   // the sign of a message
     QColor quiet;     // ground of headers and strips, and of a button under the pointer
     QColor selected;  // ground of what is chosen, without the focus
     QColor filled;    // ground of what is chosen with the focus, and of the default button
@@ -55,8 +57,8 @@ QLabel* label(const QString& text, Role role, const char* name = nullptr);
 // The same for a label that is shown already.
 void set_role(QLabel* label, Role role);
 
-// One of our own drawings from widgets/icons in the accent colour: for a button, or as a picture of a
-// size in device-independent pixels.
+// One of our own drawings from widgets/icons in the accent or its own colour: for a button, or as a
+// picture of a size in device-independent pixels.
 QIcon icon(const QString& name);
 QPixmap picture(const QString& name, int size);
 // The square beside a word of a legend, filled with this pattern in the accent colour.

@@ -357,7 +357,12 @@ TEST(Contrast, OutlinesAreDrawn) {
         QRadioButton circle;
         QLineEdit edit;
         QComboBox list;
-        for (QWidget* control : std::initializer_list<QWidget*>{&box, &circle, &edit, &list}) {
+        QLineEdit grey;
+        QRadioButton grey_circle;
+        grey.setEnabled(false);
+        grey_circle.setEnabled(false);
+        for (QWidget* control :
+             std::initializer_list<QWidget*>{&box, &circle, &edit, &list, &grey, &grey_circle}) {
             const QImage image = control->grab().toImage();
             int outlined = 0;
             for (int y = 0; y < image.height(); ++y) {
@@ -371,6 +376,8 @@ TEST(Contrast, OutlinesAreDrawn) {
             }
             EXPECT_GE(outlined, 8) << control->metaObject()->className() << (dark ? ", dark" : "");
         }
+        const QImage sign = theme::picture(u"warning"_s, 24).toImage();
+        EXPECT_EQ(sign.pixelColor(12, 20), theme::colors().warning) << "no link";
     }
 }
 
@@ -482,14 +489,18 @@ TEST(Contrast, IsEnoughInLightAndDark) {
             {"note on window", c.note, c.window, 4.5},
             {"note on card", c.note, c.card, 4.5},
             {"note in field", c.note, c.field, 4.5},
-            {"section on window", c.accent, c.window, 4.5},
-            {"section on card", c.accent, c.card, 4.5},
+            {"disabled on window", p.color(QPalette::Disabled, QPalette::WindowText), c.window, 4.5},
+            {"disabled on card", p.color(QPalette::Disabled, QPalette::Text), c.card, 4.5},
+            {"disabled on button", c.disabled, p.color(QPalette::Button), 4.5},
+            {"link on window", c.accent, c.window, 4.5},
+            {"link on card", c.accent, c.card, 4.5},
             {"selection", p.color(QPalette::HighlightedText), p.color(QPalette::Highlight), 4.5},
             {"bars and focus ring", c.accent, c.field, 3.0},
             {"chosen bar", c.text, c.accent, 1.5},
             {"box to fill in on card", c.outline, c.card, 3.0},
             {"circle on window", c.outline, c.window, 3.0},
             {"signs of messages", c.accent, c.window, 3.0},
+            {"sign of a warning", c.warning, c.window, 3.0},
         };
         for (const Pair& pair : pairs) {
             EXPECT_GE(contrast(pair.one, pair.other), pair.least)
