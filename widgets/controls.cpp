@@ -40,8 +40,11 @@ void CaptionedFrame::paintEvent(QPaintEvent*) {
     painter.drawComplexControl(QStyle::CC_GroupBox, option);
     // Not the layout's own place, which can be behind the frame's when the frame is painted.
     const QRect contents = contentsRect().marginsRemoved(layout()->contentsMargins());
-    painter.setPen(theme::colors().accent);
-    painter.drawText(QRect(contents.left(), theme::grid, contents.width(), contentsRect().top()),
+    QFont semibold = font();
+    semibold.setWeight(QFont::DemiBold);
+    painter.setFont(semibold);
+    const int top = contentsRect().top() - painter.fontMetrics().height();
+    painter.drawText(QRect(contents.left(), top, contents.width(), contentsRect().top()),
                      Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, title());
 }
 
@@ -113,7 +116,7 @@ QToolButton* picture(const QString& icon, const QString& accessible_name, const 
 }
 
 QLabel* words_beside(QToolButton* picture, const QString& text, const char* name) {
-    QLabel* words = theme::label(text, theme::Role::note, name);
+    QLabel* words = theme::label(text, theme::Role::link, name);
     words->setWordWrap(theme::large_text());
     words->setBuddy(picture);
     words->setCursor(Qt::PointingHandCursor);

@@ -106,9 +106,10 @@ QString style_sheet(const QFont& font) {
                               background: transparent; padding: 0px 16px; }
         QPushButton#lblkelv:focus { text-decoration: underline; }
         QLabel[role="subtitle"] { font-size: %7pt; }
-        QLabel[role="section"] { font-size: %7pt; font-weight: 600; color: %5; }
+        QLabel[role="section"] { font-weight: 600; }
         QLabel[role="value"] { font-weight: 600; }
         QLabel[role="note"] { font-size: %8pt; color: %11; }
+        QLabel[role="link"] { color: %5; }
         QPushButton, QToolButton { background: %3; border: 1px solid %16; border-radius: 4px; }
         QPushButton { padding: 0px 12px; }
         QToolButton { padding: 1px; }
@@ -163,6 +164,8 @@ const char* role_name(Role role) {
             return "value";
         case Role::note:
             return "note";
+        case Role::link:
+            return "link";
         default:
             return "body";
     }

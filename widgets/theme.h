@@ -52,7 +52,7 @@ struct Colors {
 const Colors& colors();
 
 // What a label is for decides its size and colour.
-enum class Role { body, title, subtitle, section, value, note };
+enum class Role { body, title, subtitle, section, value, note, link };
 QLabel* label(const QString& text, Role role, const char* name = nullptr);
 // The same for a label that is shown already.
 void set_role(QLabel* label, Role role);

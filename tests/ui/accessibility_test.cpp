@@ -433,7 +433,7 @@ TEST(Alignment, CaptionsOfFramesStandOverTheirContents) {
         for (const QString& caption : {u"Balance"_s, u"B&alance"_s, u"Balance in the account &now"_s}) {
             const std::unique_ptr<QGroupBox> frame(control::frame(caption, "frame"));
             auto* row = new QHBoxLayout(frame.get());
-            auto* label = theme::label(u"Balance"_s, theme::Role::body);
+            auto* label = theme::label(u"Balance"_s, theme::Role::section);
             row->addWidget(label);
             frame->resize(600, 200);
             frame->ensurePolished();
@@ -443,6 +443,9 @@ TEST(Alignment, CaptionsOfFramesStandOverTheirContents) {
             const Ink below = ink(*frame, {QPoint(inside.left(), label->y()), inside.bottomRight()});
             EXPECT_LE(std::abs(above.left - below.left), 1)
                 << points << " pt, " << caption.toStdString();
+            EXPECT_TRUE(caption != label->text() ||
+                        (above.left == below.left && above.right == below.right))
+                << "all headings look alike";
         }
     }
 }
