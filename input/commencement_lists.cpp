@@ -47,18 +47,21 @@ void CommencementLists::build() {
     auto* lblyear = theme::label(u"Year"_s, theme::Role::body, "lblmethod_3");
     lblmonth->setBuddy(cmbscnmonth);
     lblyear->setBuddy(cmbscnyear);
-    auto* row = new QHBoxLayout;
+    auto* lists = new QHBoxLayout;
+    lists->addWidget(lblmonth);
+    lists->addWidget(cmbscnmonth);
+    lists->addSpacing(theme::grid);
+    lists->addWidget(lblyear);
+    lists->addWidget(cmbscnyear);
+    lists->addStretch(1);
+    QBoxLayout* row = control::row();
+    row->setSpacing(theme::grid);
     row->addWidget(theme::label(u"Commencing:"_s, theme::Role::body, "lblmethod_1"));
-    row->addSpacing(theme::grid);
-    row->addWidget(lblmonth);
-    row->addWidget(cmbscnmonth);
-    row->addSpacing(theme::grid);
-    row->addWidget(lblyear);
-    row->addWidget(cmbscnyear);
-    row->addStretch(1);
+    row->addLayout(lists, 1);
     lblchanged = limit_line("lblchanged");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(below_box);
     column->addLayout(row);
     column->addWidget(lblchanged);
 }
@@ -93,6 +96,7 @@ void CommencementLists::show_changed() {
             wished_month, wished_year, month, year);
     }
     show_limit(lblchanged, changed, {cmbscnmonth, cmbscnyear});
+    lblchanged->setVisible(!changed.isEmpty());
 }
 
 bool CommencementLists::eventFilter(QObject* watched, QEvent* event) {

@@ -1,7 +1,7 @@
 #include "input/frequency_boxes.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
+#include <QGridLayout>
 
 #include "input/rules/frequency.h"
 #include "widgets/theme.h"
@@ -12,14 +12,16 @@ namespace kelvar {
 
 FrequencyBoxes::FrequencyBoxes(const QString& name, const QString& of) {
     const QString captions[] = {u"Monthl&y"_s, u"&Quarterly"_s, u"Se&mi-Annually"_s, u"Ann&ually"_s};
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(theme::side_margin(), 0, 0, 0);
-    row->setSpacing(2 * theme::grid);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(2 * theme::grid);
+    const std::size_t columns = theme::large_text() ? 2 : boxes_.size();
+    grid->setColumnStretch(static_cast<int>(columns), 1);
     for (std::size_t index = 0; index < boxes_.size(); ++index) {
         auto* box = new QCheckBox(captions[index]);
         box->setObjectName(u"%1_%2"_s.arg(name).arg(index));
         box->setAccessibleDescription(of);
-        row->addWidget(box);
+        grid->addWidget(box, static_cast<int>(index / columns), static_cast<int>(index % columns));
         boxes_[index] = box;
         connect(box, &QCheckBox::clicked, this, [this, box] {
             for (QCheckBox* other : boxes_) {
@@ -28,7 +30,6 @@ FrequencyBoxes::FrequencyBoxes(const QString& name, const QString& of) {
             emit changed();
         });
     }
-    row->addStretch(1);
 }
 
 std::int16_t FrequencyBoxes::frequency() const {

@@ -33,7 +33,7 @@ frmdist1::frmdist1(Module1& module1)
 void frmdist1::build_birth() {
     auto* fram1 = control::frame(u"&Date of Birth (MM / DD / YYYY)"_s, "fram1");
     auto* column = new QVBoxLayout(fram1);
-    column->setSpacing(theme::grid / 2);
+    column->setSpacing(below_box);
     auto* row = new QHBoxLayout;
     mskbirth = new MaskedDateEdit("mskbirth");
     mskbirth->setAccessibleName(u"Date of Birth (MM / DD / YYYY)"_s);

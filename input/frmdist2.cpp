@@ -1,13 +1,13 @@
 #include "input/frmdist2.h"
 
 #include <QButtonGroup>
-#include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
 
 #include "input/commencement_lists.h"
+#include "input/option_card.h"
 #include "input/partial_amount_box.h"
 #include "input/rules/next_checks.h"
 #include "widgets/controls.h"
@@ -42,13 +42,12 @@ frmdist2::frmdist2(Module1& module1)
 }
 
 void frmdist2::build_methods() {
-    QBoxLayout* column = nullptr;
-    content()->addWidget(method_card(0, u"Full &Lump Sum Payment"_s, column));
-    content()->addWidget(method_card(1, u"Periodic Payment&s:"_s, column));
-    chkperiod = frequency_boxes("chkperiod", u"Periodic payments"_s, column);
-    content()->addWidget(method_card(2, u"&Amount Certain with Periodic Payments"_s, column));
-    build_partial(column);
-    content()->addWidget(method_card(3, u"&Rollover funds out of the 457 and 401(K) Plan"_s, column));
+    add_method(0, u"Full &Lump Sum Payment"_s);
+    chkperiod = frequency_boxes("chkperiod", u"Periodic payments"_s);
+    add_method(1, u"Periodic Payment&s:"_s)->add(chkperiod);
+    build_partial();
+    add_method(2, u"&Amount Certain with Periodic Payments"_s)->add(periodic_after_partial_);
+    add_method(3, u"&Rollover funds out of the 457 and 401(K) Plan"_s);
 
     optmethod[0]->setEnabled(module.screens.offers(ScreenId::frmlump));
     optmethod[2]->setEnabled(module.screens.offers(ScreenId::frmparti));
@@ -63,39 +62,34 @@ void frmdist2::build_methods() {
     }
 }
 
-QFrame* frmdist2::method_card(int index, const QString& text, QBoxLayout*& column) {
-    auto* card = new QFrame;
-    card->setObjectName(u"card"_s);
-    column = new QVBoxLayout(card);
-    column->setContentsMargins(theme::grid, theme::grid, theme::grid, theme::grid);
-    column->setSpacing(theme::grid / 2);
+OptionCard* frmdist2::add_method(int index, const QString& text) {
     auto* option = new QRadioButton(text);
     option->setObjectName(u"optmethod_%1"_s.arg(index));
-    column->addWidget(option, 0, Qt::AlignLeft);
     optmethod[static_cast<std::size_t>(index)] = option;
+    auto* card = new OptionCard(option);
+    content()->addWidget(card);
     return card;
 }
 
-FrequencyBoxes* frmdist2::frequency_boxes(const char* name, const QString& of, QBoxLayout* column) {
+FrequencyBoxes* frmdist2::frequency_boxes(const char* name, const QString& of) {
     auto* boxes = new FrequencyBoxes(QString::fromLatin1(name), of);
     connect(boxes, &FrequencyBoxes::changed, this,
             [this, boxes] { scenario.frequency = boxes->frequency(); });
-    column->addWidget(boxes);
     return boxes;
 }
 
-void frmdist2::build_partial(QBoxLayout* card) {
+void frmdist2::build_partial() {
     periodic_after_partial_ = new QWidget;
     auto* column = new QVBoxLayout(periodic_after_partial_);
-    column->setContentsMargins(theme::side_margin(), 0, 0, 0);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(theme::grid / 2);
-    card->addWidget(periodic_after_partial_);
 
     partial_amount_ = new PartialAmountBox(module);
     column->addWidget(partial_amount_);
     column->addWidget(
         theme::label(u"With remaining balance to be paid:"_s, theme::Role::body, "lblmethod_0"));
-    chkpartial = frequency_boxes("chkpartial", u"Remaining balance"_s, column);
+    chkpartial = frequency_boxes("chkpartial", u"Remaining balance"_s);
+    column->addWidget(chkpartial);
     commencement_ = new CommencementLists(module);
     column->addWidget(commencement_);
     connect(commencement_, &CommencementLists::taken, partial_amount_, &PartialAmountBox::show_least);

@@ -6,12 +6,12 @@
 #include "input/rules/refusal.h"
 #include "shell/screen.h"
 
-class QFrame;
 class QRadioButton;
 
 namespace kelvar {
 
 class CommencementLists;
+class OptionCard;
 class PartialAmountBox;
 
 // Method of distribution: lump sum, periodic payments, or an amount certain with payments after it.
@@ -30,9 +30,9 @@ protected:
 
 private:
     void build_methods();
-    void build_partial(QBoxLayout* column);
-    QFrame* method_card(int index, const QString& text, QBoxLayout*& column);
-    FrequencyBoxes* frequency_boxes(const char* name, const QString& of, QBoxLayout* column);
+    void build_partial();
+    OptionCard* add_method(int index, const QString& text);
+    FrequencyBoxes* frequency_boxes(const char* name, const QString& of);
 
     void choose_method(int index);
 

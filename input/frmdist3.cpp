@@ -11,6 +11,7 @@
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
 #include "input/limit_lines.h"
+#include "input/option_card.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/spouse.h"
@@ -30,13 +31,16 @@ frmdist3::frmdist3(Module1& module1)
              {.title = u"Length of Payment (Check only one)"_s, .step = u"Step 3 of 4"_s}) {
     QBoxLayout* columns = control::row();
     columns->setSpacing(3 * theme::grid);
+    // Room below for a spouse's date of birth.
+    content()->setContentsMargins(theme::side_margin(), 2 * theme::grid, theme::side_margin(),
+                                  theme::grid);
     content()->addLayout(columns, 1);
     auto* left = new QVBoxLayout;
-    left->setSpacing(theme::grid / 2);
-    columns->addLayout(left, 11);
+    left->setSpacing(theme::grid);
+    columns->addLayout(left, 4);
     build_options(left);
     life_table_ = new LifeTablePanel;
-    columns->addWidget(life_table_, 10);
+    columns->addWidget(life_table_, 3);
 }
 
 void frmdist3::build_options(QBoxLayout* column) {
@@ -50,16 +54,17 @@ void frmdist3::build_options(QBoxLayout* column) {
         one_of->addButton(option, index);
         connect(option, &QRadioButton::clicked, this, [this, index] { choose_length(index); });
     }
-    txtnumber = control::money_box("txtnumber", u"Number of Payments"_s);
+    txtnumber = control::number_box("txtnumber", u"Number of Payments"_s, u"99,999"_s);
     txtfixamount = control::money_box("txtfixamount", u"Dollar Amount of Payments"_s);
     number_ = new LimitedBox({}, txtnumber, "lblnumberlimit");
     amount_ = new LimitedBox(u"$"_s, txtfixamount, "lblamountlimit");
-    column->addWidget(optlength[0]);
-    column->addWidget(number_);
-    column->addWidget(optlength[1]);
-    column->addWidget(amount_);
-    column->addWidget(optlength[2]);
-    build_life_options(column);
+    build_life_options();
+    const std::array<QWidget*, 3> belonging{number_, amount_, life_options_};
+    for (std::size_t index = 0; index < belonging.size(); ++index) {
+        auto* card = new OptionCard(optlength[index]);
+        card->add(belonging[index]);
+        column->addWidget(card);
+    }
     column->addStretch(1);
     belongs_to(optlength[0], txtnumber);
     belongs_to(optlength[1], txtfixamount);
@@ -68,10 +73,9 @@ void frmdist3::build_options(QBoxLayout* column) {
     on_leave(txtfixamount, [this](Leaving) { read_amount(); });
 }
 
-void frmdist3::build_life_options(QBoxLayout* column) {
+void frmdist3::build_life_options() {
     life_options_ = new LifeOptions;
     mskbenebirth = life_options_->spouse_birth();
-    column->addWidget(life_options_);
     belongs_to(optlength[2], life_options_->single());
     belongs_to(optlength[2], life_options_->joint());
     for (QAbstractButton* option : {optlength[2], life_options_->joint()}) {

@@ -31,7 +31,7 @@ protected:
 
 private:
     void build_options(QBoxLayout* column);
-    void build_life_options(QBoxLayout* column);
+    void build_life_options();
 
     void show_ages();
     void mark_joint_pair();

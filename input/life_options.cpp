@@ -20,8 +20,8 @@ LifeOptions::LifeOptions() {
         {},  // depends on the age, see name_single
         u"Payments based on &joint life expectancy (based on your life expectancy and that of your spouse). You can only select this option if your spouse is your sole beneficiary and he/she is more than 10 years younger than you."_s};
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(4 * theme::grid, 0, 0, 0);
-    column->setSpacing(theme::grid / 2);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(theme::grid / 4);  // the options have margins of their own
     lbllifelimit = limit_line("lbllifelimit");
     QBoxLayout* heading = control::row();
     heading->setSpacing(2 * theme::grid);
@@ -44,8 +44,9 @@ LifeOptions::LifeOptions() {
 
 void LifeOptions::build_spouse(QBoxLayout* column) {
     frame3 = control::frame(u"Date of &Birth"_s, "frame3");
+    frame3->setFlat(true);  // the card around has the border
     auto* row = new QHBoxLayout(frame3);
-    row->setContentsMargins(2 * theme::grid, theme::grid / 2, 2 * theme::grid, theme::grid / 2);
+    row->setContentsMargins(0, 0, 0, 0);
     mskbenebirth = new MaskedDateEdit("mskbenebirth");
     mskbenebirth->setAccessibleName(u"Date of Birth of Spouse (MM/DD/YYYY)"_s);
     auto* Label2 = theme::label(u"of Spouse"_s, theme::Role::body, "Label2");
@@ -74,6 +75,7 @@ void LifeOptions::show_spouse(bool shown) {
 
 void LifeOptions::show_limits(const QString& payments, const QString& births) {
     show_limit(lbllifelimit, payments, {single()});
+    lbllifelimit->setVisible(!payments.isEmpty());
     lblspouselimit->setText(births);
     for (QWidget* control : {static_cast<QWidget*>(joint()), static_cast<QWidget*>(mskbenebirth)}) {
         control->setAccessibleDescription(payments.isEmpty() ? births : payments + u". "_s + births);

@@ -45,8 +45,8 @@ LimitedBox::LimitedBox(const QString& sign, QLineEdit* box, const char* limit_na
     row->addWidget(box);
     row->addStretch(1);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(4 * theme::grid, 0, 0, theme::grid / 2);
-    column->setSpacing(2);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(below_box);
     column->addLayout(row);
     column->addWidget(limit_);
 }

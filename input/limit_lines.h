@@ -10,6 +10,9 @@ class QLineEdit;
 
 namespace kelvar {
 
+// Distance from a box to its line, in pixels: its focus ring leaves a gap.
+inline constexpr int below_box = 6;
+
 // A line of a note's look. Its room stays while nothing is known, so that nothing moves when it is.
 QLabel* limit_line(const char* name);
 

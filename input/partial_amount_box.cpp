@@ -41,9 +41,9 @@ void PartialAmountBox::build() {
     cmbPercent = new EntryList("cmbPercent", u"Partial amount as a percentage of the balance"_s);
     cmbPercent->setMinimumContentsLength(6);
     Label3->setBuddy(cmbPercent);
-    auto* dollars = new QHBoxLayout;
+    QBoxLayout* dollars = control::row();
     dollars->addWidget(Label2);
-    dollars->addWidget(txtpartial);
+    dollars->addWidget(txtpartial, 0, Qt::AlignLeft);
     dollars->addStretch(1);
     auto* percent = new QHBoxLayout;
     percent->addWidget(Label3);
@@ -55,9 +55,10 @@ void PartialAmountBox::build() {
     row->addLayout(dollars);
     row->addLayout(percent, 1);
     lblleastpartial = limit_line("lblleastpartial");
+    lblleastpartial->hide();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
+    column->setSpacing(below_box);
     column->addLayout(row);
     column->addWidget(lblleastpartial);
 }
@@ -98,6 +99,7 @@ void PartialAmountBox::show_least() {
                                       to_qt(format_number(*least, pattern::dollars)))
                                 : QString();
     show_limit(lblleastpartial, limit, {txtpartial, cmbPercent});
+    lblleastpartial->setVisible(least.has_value());
 }
 
 void PartialAmountBox::least_stands_out() {

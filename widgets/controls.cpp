@@ -180,14 +180,18 @@ QComboBox* list(const char* name, const QString& accessible_name) {
     return list;
 }
 
-QLineEdit* money_box(const char* name, const QString& accessible_name) {
+QLineEdit* number_box(const char* name, const QString& accessible_name, const QString& widest) {
     auto* box = new EntryBox;
     box->setObjectName(QString::fromLatin1(name));
     box->setAccessibleName(accessible_name);
     box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("9,999,999,999,999.99")) +
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(widest) +
                        4 * box->fontMetrics().averageCharWidth());
     return box;
+}
+
+QLineEdit* money_box(const char* name, const QString& accessible_name) {
+    return number_box(name, accessible_name, QStringLiteral("9,999,999,999,999.99"));
 }
 
 }  // namespace control

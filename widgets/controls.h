@@ -48,6 +48,8 @@ void press_with(const QKeySequence& keys, QAbstractButton* button, QWidget* scre
 void only_closes(QDialog* dialog);
 
 QComboBox* list(const char* name, const QString& accessible_name);
+// A text box for a number, wide enough for the widest one that is usual.
+QLineEdit* number_box(const char* name, const QString& accessible_name, const QString& widest);
 // A text box for an amount, wide enough for the largest accepted one.
 QLineEdit* money_box(const char* name, const QString& accessible_name);
 

@@ -23,6 +23,20 @@ bool ScrolledPage::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+// The bar stands in the margin of the page, so that nothing jumps when it comes; beside running text,
+// which always has it or never, that is the place of the sign. It gets its room later, because the
+// range can change more than once while the view lays itself out.
+ScrolledView::ScrolledView() {
+    QScrollBar* bar = verticalScrollBar();
+    bar->parentWidget()->raise();
+    const auto share_margin = [this, bar] {
+        const int in_margin = std::min(bar->sizeHint().width(), theme::side_margin() - theme::grid / 2);
+        const bool shared = bar->maximum() > 0 && more_below_ == nullptr;
+        setViewportMargins(0, 0, shared ? -in_margin : 0, 0);
+    };
+    connect(bar, &QScrollBar::rangeChanged, this, share_margin, Qt::QueuedConnection);
+}
+
 void ScrolledView::say_when_more_is_below() {
     if (more_below_ != nullptr) {
         return;

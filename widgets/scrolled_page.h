@@ -26,6 +26,8 @@ class ScrolledView : public QScrollArea {
     Q_OBJECT
 
 public:
+    ScrolledView();
+
     // For running text: a sign at the lower edge while there is more of it below.
     void say_when_more_is_below();
 

@@ -13,6 +13,8 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -24,6 +26,7 @@
 #include "shell/application.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/message_dialog.h"
+#include "widgets/theme.h"
 
 namespace kelvar::test {
 
@@ -258,6 +261,43 @@ TEST_F(ScreenTest, WhatAnOptionOpensAndWhatIsSaidOfAListIsInSight) {
         find<QWidget>(name)->setFocus();
     }
     EXPECT_TRUE(in_sight("lbllatest"));
+    const int width_beside_bar = find<QWidget>("framtime")->width();
+    window->resize(869, 680);
+    settle();
+    EXPECT_EQ(find<QScrollArea>("page")->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(find<QWidget>("framtime")->width(), width_beside_bar) << "a frame jumped";
+}
+
+TEST_F(ScreenTest, WhatBelongsToAnOptionStandsInItsCardBelowItsText) {
+    const auto place = [this](const char* name) {
+        const auto* widget = find<QWidget>(name);
+        return QRect(widget->mapTo(window, QPoint()), widget->size());
+    };
+    const auto expect_below = [&](const char* option, const std::vector<const char*>& names) {
+        auto* button = find<QRadioButton>(option);
+        EXPECT_EQ(button->parentWidget()->objectName(), u"card"_s);
+        QStyleOptionButton shown;
+        shown.initFrom(button);
+        const QRect text =
+            button->style()->subElementRect(QStyle::SE_RadioButtonContents, &shown, button);
+        for (const char* name : names) {
+            EXPECT_EQ(place(name).left(), place(option).left() + text.left()) << name;
+        }
+    };
+    go_to_method();
+    expect_below("optmethod_1", {"chkperiod_0"});
+    expect_below("optmethod_2", {"lblmethod_0", "chkpartial_0", "lblmethod_1"});
+    EXPECT_LE(place("lblmethod_0").top() - place("txtpartial").bottom(), theme::grid) << "a hole";
+    click("cmdprev");
+    click("Cmdnext");
+    click("optmethod_1");
+    click("chkperiod_0");
+    click("Cmdnext");
+    expect_below("optlength_0", {"txtnumber", "lblnumberlimit"});
+    expect_below("optlength_1", {"lblamountlimit"});
+    expect_below("optlength_2", {"Label1", "oplifeexp_0", "lblspouselimit"});
+    EXPECT_EQ(place("lblnumberlimit").top() - place("txtnumber").bottom() - 1, 6);
+    EXPECT_LT(place("txtnumber").width(), place("txtfixamount").width() / 2);
 }
 
 TEST_F(ScreenTest, EnterIsNextAfterANoteAndNoOtherScreenWakesOnTheWay) {
