@@ -23,6 +23,10 @@ namespace kelvar {
 
 namespace {
 
+// Beside the texts of a column, left and right together, in pixels; the style sheet has the parts.
+constexpr int usual_padding = 2 * theme::grid;
+constexpr int close_padding = theme::grid - 1;
+
 // Of headings and of what changed.
 QFont bold(QFont font) {
     font.setWeight(QFont::DemiBold);
@@ -44,7 +48,7 @@ int lead(const QAbstractItemModel& model, int column) {
 // Draws what changed in bold and in the accent colour. A chosen row is strong only with the focus.
 class Delegate : public QStyledItemDelegate {
 public:
-    Delegate(QObject* parent, const bool& close, const bool& brief)
+    Delegate(QTableView* parent, const bool& close, const bool& brief)
         : QStyledItemDelegate(parent), close_(close), brief_(brief) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& cell,
@@ -58,10 +62,15 @@ public:
         }
         painter->setFont(changed ? bold(cell.font) : cell.font);
         painter->setPen(strong ? colors.on_filled : changed ? colors.accent : colors.text);
-        const int padding = close_ ? theme::grid / 2 : theme::grid;
+        const int right = close_ ? theme::grid / 2 : theme::grid;
+        const int left = (close_ ? close_padding : usual_padding) - right;
         const QRect room =
-            cell.rect.adjusted(padding + lead(*index.model(), index.column()), 0, -padding, 0);
-        painter->drawText(room, index.data(Qt::TextAlignmentRole).toInt() | Qt::AlignVCenter,
+            cell.rect.adjusted(left + lead(*index.model(), index.column()), 0, -right, 0);
+        const bool sentence =
+            static_cast<const QTableView*>(parent())->columnSpan(index.row(), index.column()) > 1;
+        painter->drawText(room,
+                          Qt::AlignVCenter | (sentence ? Qt::AlignLeft | Qt::TextWordWrap
+                                                       : index.data(Qt::TextAlignmentRole).toInt()),
                           index.data(brief_ ? int{brief_role} : int{Qt::DisplayRole}).toString());
     }
 
@@ -128,7 +137,7 @@ protected:
         QStringList words = option->text.split(u' ');
         for (QString& word : words) {
             word = QFontMetrics(bold(font()))
-                       .elidedText(word, Qt::ElideRight, sectionSize(column) - theme::grid);
+                       .elidedText(word, Qt::ElideRight, sectionSize(column) - close_padding);
         }
         option->text = words.join(u' ');
     }
@@ -179,8 +188,29 @@ int Grid::row_height() const {
     return fontMetrics().height() + theme::grid;
 }
 
+// Of a row that shows a sentence over joined cells as much as its lines need.
+int Grid::height_of(int row) const {
+    int height = fontMetrics().height();
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        if (columnSpan(row, column) > 1) {
+            const int left = horizontalHeader()->sectionPosition(column);
+            const QRect room(0, 0, horizontalHeader()->length() - left - 2 * theme::grid, 10 * height);
+            const QString text = model()->index(row, column).data().toString();
+            height = fontMetrics().boundingRect(room, Qt::TextWordWrap, text).height();
+            break;
+        }
+    }
+    return height + theme::grid;
+}
+
 // Rows share the height that would show a piece of one more, so that none is cut in half.
 void Grid::fit_rows() {
+    if (shows_all_rows_) {
+        for (int row = 0; row < model()->rowCount(); ++row) {
+            verticalHeader()->resizeSection(row, height_of(row));
+        }
+        return;
+    }
     const int rows = viewport()->height() / row_height();
     const bool all_fit = model() == nullptr || model()->rowCount() <= rows;
     verticalHeader()->setDefaultSectionSize(all_fit || rows == 0 ? row_height()
@@ -195,6 +225,7 @@ void Grid::join_cells(int row, int first_column) {
 void Grid::show_all_rows() {
     shows_all_rows_ = true;
     fit_height();
+    fit_rows();
 }
 
 void Grid::show_at_least(int rows) {
@@ -205,15 +236,22 @@ void Grid::fit_height() {
     const QFontMetrics metrics(bold(font()));
     int lines = metrics.height();
     for (int column = 0; column < model()->columnCount(); ++column) {
-        const int width = columnWidth(column) - (close_ ? 1 : 2) * theme::grid - lead(*model(), column);
+        const int width =
+            columnWidth(column) - (close_ ? close_padding : usual_padding) - lead(*model(), column);
         const QRect room(0, 0, width, 10 * metrics.height());
         const QString heading = model()->headerData(column, Qt::Horizontal).toString();
         lines = std::max(lines, metrics.boundingRect(room, Qt::TextWordWrap, heading).height());
     }
     horizontalHeader()->setFixedHeight(lines + theme::grid / 2);
-    const int rows = shows_all_rows_ ? std::max(1, model()->rowCount()) : least_rows_;
+    int rows = least_rows_ * row_height();
+    if (shows_all_rows_) {
+        rows = model()->rowCount() == 0 ? row_height() : 0;
+        for (int row = 0; row < model()->rowCount(); ++row) {
+            rows += height_of(row);
+        }
+    }
     const bool scrolls = horizontalHeader()->length() > width() - 2 * frameWidth();
-    const int height = horizontalHeader()->height() + rows * row_height() + 2 * frameWidth() +
+    const int height = horizontalHeader()->height() + rows + 2 * frameWidth() +
                        (scrolls ? horizontalScrollBar()->sizeHint().height() : 0);
     setMinimumHeight(height);
     setMaximumHeight(shows_all_rows_ ? height : QWIDGETSIZE_MAX);
@@ -366,9 +404,8 @@ void Grid::spread_columns() {
     };
     brief_ = false;
     const int columns = static_cast<int>(widths_.size());
-    const int usual_padding = 2 * theme::grid;
     move_closer(texts() + columns * usual_padding > viewport()->width());
-    const int padding = close_ ? theme::grid : usual_padding;
+    const int padding = close_ ? close_padding : usual_padding;
     const int room = viewport()->width() - columns * padding;
     brief_ = texts() > room;
     const int needed = texts();
@@ -389,9 +426,12 @@ void Grid::spread_columns() {
         const int share = spare * shared / shares - spare * before / shares;
         setColumnWidth(column, width.lead + whole - less + padding + share);
     }
+    if (kept_) {
+        const int place = missing > 0 ? kept_->after + 1 : kept_->column;
+        horizontalHeader()->moveSection(horizontalHeader()->visualIndex(kept_->column), place);
+    }
 }
 
-// The paddings are the style sheet's.
 void Grid::move_closer(bool close) {
     if (close == close_) {
         return;

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QTableView>
+#include <optional>
 
 namespace kelvar {
 
@@ -23,6 +24,12 @@ public:
     void keyboardSearch(const QString& typed) override;
     // Shows the text of this cell over all columns from there on; after the rows were shown.
     void join_cells(int row, int first_column);
+    // Where it scrolls sideways, the column stands beside another one, after it.
+    struct KeptColumn {
+        int column;
+        int after;
+    };
+    void keep_in_sight(KeptColumn kept) { kept_ = kept; }
     // Takes the height of all rows, for a table that is short.
     void show_all_rows();
     // Is never so low that fewer rows are to be seen; at first 4.
@@ -38,6 +45,7 @@ protected:
 private:
     void measure_columns();
     int row_height() const;  // of a row alone
+    int height_of(int row) const;
     void fit_height();
     void fit_rows();
     void spread_columns();
@@ -60,6 +68,7 @@ private:
     bool brief_ = false;               // the texts
     int least_rows_ = 4;
     bool shows_all_rows_ = false;
+    std::optional<KeptColumn> kept_;
     int search_column_ = 0;
     QString sought_;  // what was typed so far
     QElapsedTimer since_typed_;

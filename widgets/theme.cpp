@@ -140,7 +140,7 @@ QString style_sheet(const QFont& font) {
         QHeaderView::section { background: %12; color: %13; font-weight: 600; border: none;
                                border-bottom: 1px solid %4; padding: 2px 8px; }
         QTableView { border: 1px solid %4; gridline-color: transparent; }
-        kelvar--Grid[close="true"] QHeaderView::section { padding: 2px 4px; }
+        kelvar--Grid[close="true"] QHeaderView::section { padding: 2px 4px 2px 3px; }
         QTableView:focus { border: 2px solid %5; }
     )"_s.arg(c.band.name(), c.band_text.name(), c.card.name(), c.border.name(), c.accent.name(),
              points(1.6), points(1.1), points(1.0), points(3.2))

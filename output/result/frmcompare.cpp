@@ -22,29 +22,12 @@ namespace kelvar {
 
 namespace {
 
-// What is paid in all stands beside the rate where large text or amounts leave no room for every
-// column.
-template <class Part>
-std::vector<Part> in_order(std::vector<Part> row, double balance) {
-    constexpr double large_amount = 1e8;  // dollars
-    if (theme::large_text() || balance >= large_amount) {
-        std::rotate(row.begin() + 1, row.end() - 1, row.end());
-    }
-    return row;
-}
-
-std::vector<TextTableModel::Column> columns(double balance) {
-    return in_order<TextTableModel::Column>({{u"Rate"_s},
-                                             {u"Value at First Payment"_s},
-                                             {u"First Amount"_s},
-                                             {u"Amount in Last Full Year"_s},
-                                             {u"Number"_s},
-                                             {u"Last Payment"_s},
-                                             {u"Age"_s},
-                                             {u"Earnings"_s},
-                                             {u"Fees"_s},
-                                             {u"Total Paid"_s}},
-                                            balance);
+std::vector<TextTableModel::Column> columns() {
+    return {{u"Rate"_s},         {u"Value at First Payment"_s},
+            {u"First Amount"_s}, {u"Amount in Last Full Year"_s},
+            {u"Number"_s},       {u"Last Payment"_s},
+            {u"Age"_s},          {u"Earnings"_s},
+            {u"Fees"_s},         {u"Total Paid"_s}};
 }
 
 bool is_complete(const ComparedRate& rate) {
@@ -57,8 +40,7 @@ frmcompare::frmcompare(Module1& module1)
     : Screen(module1, ScreenId::frmcompare, "frmcompare",
              {.title = u"Comparison of Rates"_s, .next = false}) {
     content()->setSpacing(theme::grid);
-    constexpr int side = theme::grid / 2;  // the table takes the room
-    content()->setContentsMargins(side, theme::grid, side, theme::grid);
+    content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
     content()->addWidget(lblsub);
@@ -77,8 +59,9 @@ frmcompare::frmcompare(Module1& module1)
 void frmcompare::build_table() {
     grdcompare = new Grid("grdcompare", u"The chosen rates side by side"_s);
     grdcompare->setAccessibleDescription(u"Enter shows the schedule at this rate"_s);
-    rows_ = new TextTableModel(columns(scenario.present_value), this);
+    rows_ = new TextTableModel(columns(), this);
     grdcompare->setModel(rows_);
+    grdcompare->keep_in_sight({.column = 9, .after = 2});  // what is paid in all
     content()->addWidget(grdcompare);
     set_first_field(grdcompare);
     connect(grdcompare, &QTableView::activated, this, [this] { show_schedule(); });
@@ -114,7 +97,7 @@ void frmcompare::show_rates() {
     for (const ComparedRate& rate : comparison_.rates) {
         auto cells = text_cells(rate_texts(rate), rate_texts(rate, true));
         spare_cents(cells, {1, 7, 8, 9});  // what is not an amount of one payment
-        rows.push_back(is_complete(rate) ? in_order(cells, scenario.present_value) : cells);
+        rows.push_back(std::move(cells));
     }
     rows_->show_rows(std::move(rows));
     for (int row = 0; row < rows_->rowCount(); ++row) {

@@ -221,6 +221,8 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
         text_of("lblspread")
             .contains(
                 u"If it earned 8% every year instead of 5%, you would be paid $470,471.64 more"_s));
+    EXPECT_EQ(find<Grid>("grdcompare")->mapTo(window, QPoint()).x(), 24)
+        << "the margin of every screen";
     const QString total_at_8 = rates->index(1, 9).data().toString();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the comparison is of the day of the result
     press(Qt::Key_Down);
@@ -667,11 +669,12 @@ TEST_F(Periodic, BillionsFitTheTables) {
     const auto in_sight = [&](int column) {
         return rates->viewport()->rect().contains(rates->visualRect(rates->model()->index(0, column)));
     };
-    EXPECT_TRUE(in_sight(1)) << "what is paid in all stands beside the rate";
+    EXPECT_TRUE(in_sight(3) && in_sight(9)) << "what is paid in all stands beside the first amount";
+    EXPECT_EQ(rates->model()->headerData(9, Qt::Horizontal), u"Total Paid"_s) << "the last for others";
     for (int column = 1; column < 10; ++column) {
         press(Qt::Key_Right);
     }
-    EXPECT_TRUE(in_sight(9)) << "fees";
+    EXPECT_TRUE(in_sight(8)) << "fees";
 }
 
 TEST_F(Periodic, LatestYearOffersJanuaryToMarch) {

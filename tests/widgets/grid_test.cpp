@@ -135,6 +135,21 @@ TEST_F(GridTest, NoRowIsCutInHalf) {
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(last_in_sight)));
 }
 
+TEST_F(GridTest, ASentenceOverJoinedCellsBeginsAtTheLeftAndWraps) {
+    model.show_rows(
+        {{{u"Nothing"_s}, {}}, {{u"Too long a sentence for one line of this table"_s}, {}}});
+    grid.join_cells(0, 0);
+    grid.join_cells(1, 0);
+    grid.show_all_rows();
+    grid.resize(200, 300);
+    EXPECT_GE(grid.rowHeight(1), grid.rowHeight(0) + grid.fontMetrics().height());
+    EXPECT_EQ(grid.height(), grid.maximumHeight()) << "of both";
+    EXPECT_EQ(grid.verticalScrollBar()->maximum(), 0);
+    const QRect right_half(100, 0, 90, grid.rowHeight(0));
+    const QImage empty = grid.viewport()->grab(right_half).toImage();
+    EXPECT_EQ(empty, QImage(empty).scaled(1, 1).scaled(empty.size())) << "all of one colour";
+}
+
 TEST_F(GridTest, MenuCopiesAndChoosesAll) {
     QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
     QApplication::sendEvent(&grid, &asked);
