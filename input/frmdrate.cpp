@@ -37,7 +37,7 @@ void frmdrate::build_rates(QBoxLayout* column) {
     for (int index = 0; index < 5; ++index) {
         auto* box = new QCheckBox;
         box->setObjectName(u"chkrate_%1"_s.arg(index));
-        column->addWidget(box);
+        column->addWidget(box, 0, Qt::AlignLeft);
         chkrate[static_cast<std::size_t>(index)] = box;
         connect(box, &QCheckBox::clicked, this, [this, index] { rate_ticked(index); });
     }

@@ -64,6 +64,7 @@ NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
     setObjectName(u"navigation"_s);
     row_->setContentsMargins(0, theme::grid, 0, theme::grid);
     row_->setSpacing(theme::grid);
+    row_->addStrut(4 * theme::grid);  // as high without pictures
     if (layout.is_note()) {
         row_->addStretch(1);
         Cmdnext = control::button(u"&OK"_s, layout.ok_name);

@@ -249,7 +249,7 @@ int button_height() {
 }
 
 int side_margin() {
-    return large_text() ? grid / 2 : 3 * grid;
+    return large_text() ? 3 * grid / 2 : 3 * grid;
 }
 
 const Colors& colors() {

@@ -28,7 +28,7 @@ int button_height();
 bool large_text();
 // True then, and when the display is too low for the standard size: what is only air gives way.
 bool low_display();
-// Margin left and right of the content, indentation below an option; narrower for large text.
+// Margin left and right on every screen, narrower for large text.
 int side_margin();
 
 struct Colors {

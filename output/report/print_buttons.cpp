@@ -36,7 +36,7 @@ PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
     navigation->add_left(cmdprint, cmdprintmenu);
 
     lblsaved = theme::label({}, theme::Role::body, "lblsaved");
-    lblsaved->setContentsMargins(3 * theme::grid, 0, 3 * theme::grid, theme::grid);
+    lblsaved->setContentsMargins(theme::side_margin(), 0, theme::side_margin(), theme::grid);
     lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
     lblsaved->installEventFilter(this);
     lblsaved->hide();

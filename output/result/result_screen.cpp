@@ -40,14 +40,14 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
     : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}),
       today(module1.today()) {
     module.visit.projected_on = today;
-    const int space = theme::large_text() ? theme::grid / 2 : theme::grid;
+    const int space = theme::large_text() ? theme::grid / 2 : theme::grid;  // leaves room for rows
     content()->setSpacing(space);
     content()->setContentsMargins(0, space, 0, space);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
     lblsub->setWordWrap(true);
     QBoxLayout* top = control::row();
     top->addWidget(lblsub, 1);
-    top->addWidget(rate_list());
+    top->addWidget(rate_list(), 0, Qt::AlignLeft);
     content()->addLayout(top);
     lblheadline = theme::label({}, theme::Role::body, "lblheadline");
     lblheadline->setTextFormat(Qt::RichText);

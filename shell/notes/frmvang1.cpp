@@ -49,8 +49,9 @@ QWidget* frmvang1::build_table() {
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + theme::grid);
-    table->setMinimumHeight(model->rowCount() * table->verticalHeader()->defaultSectionSize() +
-                            theme::grid);
+    table->ensurePolished();
+    table->setFixedHeight(model->rowCount() * table->verticalHeader()->defaultSectionSize() +
+                          2 * table->frameWidth());
     auto* lblcell = theme::label({}, theme::Role::value, "lblcell");
     lblcell->setAlignment(Qt::AlignCenter);
     lblcell->setWordWrap(true);

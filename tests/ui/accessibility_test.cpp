@@ -296,6 +296,7 @@ TEST_P(LargeText, IsNotClipped) {
 TEST_P(LargeText, ShowsRowsAndTheTotal) {
     for (Grid* grid : visible<Grid>()) {
         const int rows = grid->viewport()->height() / grid->rowHeight(0);
+        EXPECT_EQ(grid->mapTo(window, QPoint()).x(), 12) << "the margin of every screen";
         EXPECT_GE(rows, grid->objectName() == u"grddist" ? 6 : std::min(4, grid->model()->rowCount()));
         if (grid->objectName() == u"grdcompare") {
             EXPECT_EQ(grid->horizontalHeader()->visualIndex(9), 3) << "what is paid in all";
@@ -308,6 +309,8 @@ TEST_P(LargeText, ShowsRowsAndTheTotal) {
             };
             const auto third_row = [](Grid* of) { return of->visualRect(of->model()->index(2, 0)); };
             EXPECT_TRUE(in_sight(grid->viewport(), third_row(grid)));
+            EXPECT_EQ(find<QComboBox>("cmbrate")->width(),
+                      find<QComboBox>("cmbrate")->sizeHint().width());
             EXPECT_TRUE(in_sight(find<QLabel>("lblheadline"), find<QLabel>("lblheadline")->rect()));
             const int height = grid->height();
             grid->setCurrentIndex(grid->model()->index(6, 0));  // January, which has more to say

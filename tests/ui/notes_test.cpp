@@ -33,6 +33,11 @@ public:
 
 TEST_F(Notes, LeadThereAndBack) {
     click("Cmdnext");
+    EXPECT_EQ(find<QLabel>("lbltime")->palette().color(QPalette::WindowText), theme::colors().accent);
+    const int row = find<QWidget>("navigation")->height();
+    click("pictime");
+    EXPECT_EQ(find<QWidget>("navigation")->height(), row);
+    click("cmdok");
     there_and_back("pictime", "frmtimin", "cmdok");
     there_and_back("lbltime", "frmtimin", "cmdok");  // the words beside the picture
     there_and_back("Picmethod", "frmethod", "cmdok");
@@ -102,6 +107,7 @@ TEST_F(Notes, DurationTableSaysACellInWords) {
         click(button);
     }
     auto* table = find<QTableView>("grdduration");
+    EXPECT_EQ(table->viewport()->height(), table->model()->rowCount() * table->rowHeight(0));
     const auto say = [&](const QString& withdrawal, const QString& rate) {
         for (int row = 1; row < table->model()->rowCount(); ++row) {
             for (int column = 1; column < table->model()->columnCount(); ++column) {

@@ -342,6 +342,7 @@ TEST_F(ScreenTest, AllStandsForTheFourRates) {
         click(box);
         EXPECT_EQ(ticks(), expected) << box;
     }
+    EXPECT_EQ(find<QWidget>("chkrate_0")->width(), find<QWidget>("chkrate_0")->sizeHint().width());
     click("cmdprev");
     EXPECT_EQ(screen_name(), u"frmdist2"_s) << "a lump sum has no length";
 }
