@@ -25,13 +25,20 @@ public:
         if (turned_) {
             add_room_above(3);
         }
+        chosen_value_ = add_value(look);
+        chosen_value_->setLayer(u"overlay"_s);
+        chosen_value_->setBrush(look.paper);
+        chosen_value_->setPen(look.lines);
+        chosen_value_->setPadding({3, 0, 3, 0});
     }
 
     void mark(const ChartPoint* point) override {
         for (int set = 0; set < sets_; ++set) {
             plottable(set)->setSelection(QCPDataSelection());
         }
+        chosen_ = point == nullptr ? std::nullopt : std::optional(*point);
         if (point != nullptr) {
+            chosen_value_->setText(short_text(value_of(*point), data().unit));
             const int bar = static_cast<int>(point->label);
             plottable(static_cast<int>(point->set))->setSelection(QCPDataSelection({bar, bar + 1}));
         }
@@ -44,7 +51,7 @@ public:
 
 protected:
     // Values stand above their bars when all of them fit beside each other, if need be turned to read
-    // upwards.
+    // upwards; else that of the chosen bar alone, over the bars beside it and inside the axes.
     void fit_sets() override {
         const double room = slot() * group_width / sets_;
         const bool fit = std::ranges::all_of(values_, [&](const QCPItemText* value) {
@@ -54,6 +61,17 @@ protected:
         });
         for (QCPItemText* value : values_) {
             value->setVisible(fit);
+        }
+        chosen_value_->setVisible(chosen_ && !fit);
+        if (chosen_) {
+            const QFontMetricsF metrics(chosen_value_->font());
+            const QRectF plot = axisRect()->rect();
+            const double half = metrics.horizontalAdvance(chosen_value_->text()) / 2.0;
+            const double middle_there = xAxis->coordToPixel(middle(*chosen_));
+            const double place =
+                std::max(plot.left() + half, std::min(middle_there, plot.right() - half));
+            const double above = yAxis->coordToPixel(value_of(*chosen_)) - gap / 2.0;
+            chosen_value_->position->setPixelPosition({place, above});
         }
     }
 
@@ -68,33 +86,38 @@ private:
         auto* bars = new QCPBars(xAxis, yAxis);  // owned by the drawing, like all that it draws
         bars->setName(data().sets[set].name);
         bars->setWidth(group_width / sets_);
-        bars->setPen(QPen(look.sets, 1.5));
-        bars->setBrush(QBrush(look.sets, set == 0 ? Qt::SolidPattern : Qt::BDiagPattern));
+        const Qt::BrushStyle pattern = set == 0 ? Qt::SolidPattern : Qt::BDiagPattern;
+        bars->setPen(QPen(look.sets.front(), 1.5));
+        bars->setBrush(QBrush(look.sets.front(), pattern));
         bars->setSelectable(QCP::stSingleData);
-        bars->selectionDecorator()->setPen(bars->pen());
-        bars->selectionDecorator()->setBrush(look.text);
+        bars->selectionDecorator()->setPen(QPen(look.chosen, 2.5));
+        bars->selectionDecorator()->setBrush(QBrush(look.chosen, pattern));
         for (std::size_t label = 0; label < data().sets[set].values.size(); ++label) {
-            const double value = data().sets[set].values[label];
-            bars->addData(middle({set, label}), value);
-            add_text_above(middle({set, label}), value, look);
+            const ChartPoint bar{set, label};
+            bars->addData(middle(bar), value_of(bar));
+            QCPItemText* value = add_value(look);
+            value->setText(short_text(value_of(bar), data().unit));
+            value->position->setCoords(middle(bar), value_of(bar));
+            values_.push_back(value);
         }
     }
 
-    void add_text_above(double place, double value, const ChartLook& look) {
+    QCPItemText* add_value(const ChartLook& look) {
         QFont font = look.font;
         font.setPointSizeF(font.pointSizeF() * small_font);
-        QCPItemText* text = add_text(short_text(value, data().unit), font);
-        text->position->setCoords(place, value);
+        QCPItemText* text = add_text({}, font);
         text->setRotation(turned_ ? -90.0 : 0.0);
         text->setPositionAlignment(turned_ ? Qt::AlignLeft | Qt::AlignVCenter
                                            : Qt::AlignHCenter | Qt::AlignBottom);
         text->setPadding(turned_ ? QMargins(3, 0, 0, 0) : QMargins(0, 0, 0, 2));
-        values_.push_back(text);
+        return text;
     }
 
     int sets_;
     bool turned_;  // the values
     std::vector<QCPItemText*> values_;
+    std::optional<ChartPoint> chosen_;
+    QCPItemText* chosen_value_;
 };
 
 }  // namespace

@@ -19,21 +19,24 @@ namespace {
 
 ChartLook screen_look(const QWidget& chart) {
     return {.font = chart.font(),
-            .paper = chart.palette().color(QPalette::Base),
-            .text = chart.palette().color(QPalette::WindowText),
+            .paper = theme::colors().card,
+            .text = theme::colors().text,
             .lines = theme::colors().border,
-            .sets = theme::colors().accent,
-            .most_steps = theme::large_text() ? 4 : 8};
+            .sets = theme::colors().lines,
+            .chosen = theme::colors().chosen,
+            .most_steps = theme::large_text() ? 4 : 8,
+            .names_ends = true};
 }
 
 // Black on white with a grid that survives a copier, whatever the screen's colours are.
 ChartLook paper_look(QFont font, bool small) {
     font.setPointSizeF(11.0);  // also where the screen's texts are larger
+    const QColor ink(0x17, 0x40, 0x5f);
     return {.font = font,
             .paper = Qt::white,
             .text = Qt::black,
             .lines = QColor(0xb0, 0xb0, 0xb0),
-            .sets = QColor(0x17, 0x40, 0x5f),
+            .sets = {ink, ink, ink, ink},
             .most_steps = small ? 4 : 8,
             .turn_values_beyond = small ? 0 : 8};  // nobody can point at a bar on paper
 }
@@ -45,6 +48,7 @@ Chart::Chart(const char* name, const QString& accessible_name)
     make_charts_accessible();
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessible_name);
+    setAttribute(Qt::WA_StyledBackground);  // a card
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     readout_->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -3,6 +3,7 @@
 #include <QPicture>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "core/numbers.h"
 #include "widgets/text.h"
@@ -62,10 +63,7 @@ void ChartDrawing::set_up_axes() {
     xAxis->setTickLabelPadding(metrics.height() / 2);  // below the text of the lowest tick
     xAxis->setPadding(0);
     xAxis->grid()->setVisible(false);
-    const double step = tick_step(data_.upper, look_.most_steps);
-    for (double tick = 0.0; tick <= data_.upper; tick += step) {
-        ticks_->addTick(tick, short_text(tick, data_.unit));
-    }
+    place_ticks();
     yAxis->setTicker(ticks_);
     yAxis->setRange(0.0, data_.upper);
     yAxis->setTickLabelPadding(static_cast<int>(gap));
@@ -144,7 +142,7 @@ void ChartDrawing::updateLayout() {
     QCustomPlot::updateLayout();
     place_labels();
     QCustomPlot::updateLayout();
-    name_upper_bound();
+    place_ticks();
     fit_sets();
     QCustomPlot::updateLayout();
 }
@@ -155,12 +153,21 @@ void ChartDrawing::place_labels() {
     labels_->clear();
     const QFontMetricsF metrics(look_.font);
     const double number = metrics.horizontalAdvance(data_.labels.value(data_.labels.size() - 1)) + gap;
+    // A label in words stands for itself; the steps are counted from the first number.
+    const qsizetype first = data_.labels.value(0, u"0"_s).front().isDigit() ? 0 : 1;
+    const double aside = look_.names_ends && first == 1 ? move_words_aside(number) : 0.0;
     qsizetype step = 1;
     for (const qsizetype larger : {2, 5, 10, 20, 50}) {
         if (number > slot() * static_cast<double>(step)) {
             step = larger;
         }
     }
+    const auto middle_of = [this](double label) {
+        return xAxis->coordToPixel(label) - axisRect()->left();
+    };
+    const qsizetype end = look_.names_ends ? data_.labels.size() - 1 : -1;
+    const double free_until = end < 0 ? std::numeric_limits<double>::max()
+                                      : middle_of(static_cast<double>(end)) - (number + gap) / 2.0;
     double free_from = -axisRect()->left();
     for (qsizetype label = 0; label < data_.labels.size(); ++label) {
         QString text = data_.labels[label];
@@ -168,24 +175,49 @@ void ChartDrawing::place_labels() {
             text.replace(u' ', u'\n');
         }
         const double half = metrics.size(0, text).width() / 2.0;
-        const double middle = slot() * (static_cast<double>(label) + 0.5);
-        // A label in words stands for itself; the steps are counted from the first number.
-        const qsizetype first = data_.labels.front().front().isDigit() ? 0 : 1;
-        if ((label < first || (label - first) % step == 0) && middle - half >= free_from) {
+        const double place = label < first ? -aside : static_cast<double>(label);
+        const double middle = middle_of(place);
+        const bool counted = label < first || (label - first) % step == 0;
+        const bool fits = middle - half >= free_from && middle + half <= free_until;
+        if (label == end || (counted && fits)) {
             const QString note = data_.notes.value(label);
-            labels_->addTick(static_cast<double>(label), note.isEmpty() ? text : text + u'\n' + note);
+            labels_->addTick(place, note.isEmpty() ? text : text + u'\n' + note);
             free_from = middle + half + gap;
         }
     }
 }
 
-// When there is room above the last round tick.
-void ChartDrawing::name_upper_bound() {
+// So far, in labels, that words before numbers leave the first number its place; the axis begins there.
+double ChartDrawing::move_words_aside(double number) {
+    const double words =
+        QFontMetricsF(look_.font).size(0, QString(data_.labels[0]).replace(u' ', u'\n')).width();
+    const double apart = (words + gap + number) / 2.0;
+    xAxis->setRangeLower(-0.5);
+    if (apart <= slot()) {
+        return 0.0;
+    }
+    const double width = axisRect()->width();
+    const double aside = std::max(0.5, (apart * xAxis->range().upper - width) / (width - apart));
+    xAxis->setRangeLower(-aside);
+    return aside;
+}
+
+// Round steps, and the bound, which is named when there is room above the last of them, or in its
+// place.
+void ChartDrawing::place_ticks() {
     const double step = tick_step(data_.upper, look_.most_steps);
+    ticks_->clear();
+    for (double tick = 0.0; tick <= data_.upper; tick += step) {
+        ticks_->addTick(tick, short_text(tick, data_.unit));
+    }
     const double above_last = std::fmod(data_.upper, step);
-    const double room = axisRect()->height() * above_last / data_.upper;
     if (above_last > 0.0) {
-        const bool named = room >= QFontMetricsF(look_.font).height();
+        const double room = axisRect()->height() * above_last / data_.upper;
+        const bool beside = room >= QFontMetricsF(look_.font).height();
+        if (look_.names_ends && !beside) {
+            ticks_->ticks().remove(ticks_->ticks().lastKey());
+        }
+        const bool named = look_.names_ends || beside;
         ticks_->addTick(data_.upper, named ? short_text(data_.upper, data_.unit) : QString());
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <qcustomplot.h>
+#include <array>
 
 #include "widgets/chart.h"
 
@@ -13,9 +14,11 @@ struct ChartLook {
     QColor paper;
     QColor text;
     QColor lines;
-    QColor sets;
+    std::array<QColor, 4> sets;  // lines; bars have the first
+    QColor chosen{};
     int most_steps = 8;          // of the value axis
     int turn_values_beyond = 0;  // this many bars the values read upwards; 0 never
+    bool names_ends = false;     // the bound, the last label and the lines, whatever gives way to them
 };
 
 class ChartDrawing : public QCustomPlot {
@@ -40,6 +43,7 @@ protected:
     virtual void fit_sets() {}
 
     const ChartData& data() const { return data_; }
+    double value_of(const ChartPoint& point) const { return data_.sets[point.set].values[point.label]; }
     QCPItemText* add_text(const QString& text, const QFont& font);
     // Room for this many lines more above the highest tick.
     void add_room_above(int lines);
@@ -52,7 +56,8 @@ private:
     void add_legend(int key_width);
     void add_row_above(QCPLayoutElement* element);
     void place_labels();
-    void name_upper_bound();
+    double move_words_aside(double number);
+    void place_ticks();
 
     ChartData data_;
     ChartLook look_;

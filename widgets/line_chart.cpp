@@ -1,6 +1,7 @@
 #include "widgets/line_chart.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "widgets/chart_drawing.h"
 #include "widgets/theme.h"
@@ -79,6 +80,9 @@ public:
             for (const double value : data.sets[static_cast<std::size_t>(set)].values) {
                 line->addData(line->dataCount(), value);
             }
+            if (look.names_ends) {
+                add_name(line->name(), hue(set));
+            }
         }
         emphasise(LineChart::no_line);
         setAutoAddPlottableToLegend(false);
@@ -90,8 +94,8 @@ public:
     void emphasise(int set) {
         for (int line = 0; line < static_cast<int>(data().sets.size()); ++line) {
             const bool strong = line == set;
-            graph(line)->setPen(line_pen(look_.sets, line, strong ? strong_width : line_width));
-            graph(line)->setScatterStyle(marker(line, look_.sets, strong ? look_.sets : look_.paper));
+            graph(line)->setPen(line_pen(hue(line), line, strong ? strong_width : line_width));
+            graph(line)->setScatterStyle(marker(line, hue(line), strong ? hue(line) : look_.paper));
         }
     }
 
@@ -99,21 +103,83 @@ public:
         mark_->data()->clear();
         if (point != nullptr) {
             const int set = static_cast<int>(point->set);
-            mark_->addData(static_cast<double>(point->label), value(*point));
+            mark_->addData(static_cast<double>(point->label), value_of(*point));
             mark_->setScatterStyle(marker(set, look_.text, look_.text, 1.5));
         }
     }
 
     double distance(const ChartPoint& point, const QPointF& spot) const override {
-        const QPointF there(xAxis->coordToPixel(static_cast<double>(point.label)),
-                            yAxis->coordToPixel(value(point)));
-        return QLineF(spot, there).length();
+        return QLineF(spot, pixel(point)).length();
+    }
+
+protected:
+    // Each line's name interrupts it at its peak, or as near to that as the others leave room.
+    void fit_sets() override {
+        for (std::size_t set = 0; set < names_.size(); ++set) {
+            const std::vector<double>& values = data().sets[set].values;
+            const auto peak = std::ranges::max_element(values) - values.begin();
+            std::vector<std::size_t> labels(values.size());
+            std::iota(labels.begin(), labels.end(), 0U);
+            std::ranges::stable_sort(labels, {}, [peak](std::size_t label) {
+                return std::abs(static_cast<std::ptrdiff_t>(label) - peak);
+            });
+            const auto place = std::ranges::find_if(labels, [&](std::size_t label) {
+                return has_room({set, label});
+            });
+            names_[set]->setVisible(place != labels.end());
+            if (place != labels.end()) {
+                names_[set]->position->setPixelPosition(pixel({set, *place}));
+            }
+        }
     }
 
 private:
-    double value(const ChartPoint& point) const { return data().sets[point.set].values[point.label]; }
+    QColor hue(int set) const { return look_.sets[static_cast<std::size_t>(set) % look_.sets.size()]; }
+    QPointF pixel(const ChartPoint& point) const {
+        return {xAxis->coordToPixel(static_cast<double>(point.label)),
+                yAxis->coordToPixel(value_of(point))};
+    }
+
+    // Its ground is as high as its letters.
+    void add_name(const QString& text, const QColor& color) {
+        const QFontMetricsF metrics(look_.font);
+        const QRectF letters = metrics.tightBoundingRect(text);
+        QCPItemText* name = add_text(text, look_.font);
+        name->setColor(color);
+        name->setBrush(look_.paper);
+        name->setPositionAlignment(Qt::AlignCenter);
+        name->setPadding({2, 1 - qRound(metrics.ascent() + letters.top()), 2,
+                          1 - qRound(metrics.descent() - letters.bottom())});
+        names_.push_back(name);
+    }
+
+    QRectF box_of_name(std::size_t set, const QPointF& middle) const {
+        QRectF box({}, QFontMetricsF(look_.font).size(0, names_[set]->text()));
+        box.moveCenter(middle);
+        return box;
+    }
+
+    // For the name inside the axes, beside the other lines and the names that have their place.
+    bool has_room(const ChartPoint& point) const {
+        const QRectF box = box_of_name(point.set, pixel(point));
+        for (std::size_t set = 0; set < names_.size(); ++set) {
+            const QPointF named = names_[set]->position->pixelPosition();
+            if (set < point.set && names_[set]->visible() && box_of_name(set, named).intersects(box)) {
+                return false;
+            }
+            for (const double x : {box.left(), box.center().x(), box.right()}) {
+                const double distance =
+                    graph(static_cast<int>(set))->selectTest({x, box.center().y()}, false);
+                if (distance < (set == point.set ? 0.0 : box.height() / 2.0)) {  // below 0 outside
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
 
     ChartLook look_;
+    std::vector<QCPItemText*> names_;  // of the lines, none on paper
     QCPGraph* mark_ = nullptr;
 };
 

@@ -41,7 +41,10 @@ Colors make_colors(bool dark) {
                 .quiet = QColor(0x30, 0x3a, 0x45),
                 .selected = QColor(0x2b, 0x4a, 0x60),
                 .filled = QColor(0x2a, 0x74, 0xaa),
-                .on_filled = QColor(0xff, 0xff, 0xff)};
+                .on_filled = QColor(0xff, 0xff, 0xff),
+                .chosen = QColor(0xd6, 0xec, 0xfa),
+                .lines = {QColor(0x7c, 0xbd, 0xe8), QColor(0xf0, 0xa4, 0x5d), QColor(0x4f, 0xc3, 0xb1),
+                          QColor(0xc7, 0x9b, 0xe6)}};
     }
     return {.window = QColor(0xf2, 0xf5, 0xf8),
             .card = QColor(0xff, 0xff, 0xff),
@@ -58,7 +61,10 @@ Colors make_colors(bool dark) {
             .quiet = QColor(0xe3, 0xeb, 0xf2),
             .selected = QColor(0xd5, 0xe6, 0xf3),
             .filled = QColor(0x1a, 0x66, 0x9c),
-            .on_filled = QColor(0xff, 0xff, 0xff)};
+            .on_filled = QColor(0xff, 0xff, 0xff),
+            .chosen = QColor(0x17, 0x40, 0x5f),
+            .lines = {QColor(0x1a, 0x66, 0x9c), QColor(0xb4, 0x53, 0x09), QColor(0x00, 0x78, 0x6c),
+                      QColor(0x7a, 0x3e, 0x9d)}};
 }
 
 bool dark_ = false;
@@ -99,8 +105,9 @@ QString style_sheet(const QFont& font) {
         QGroupBox { background: %3; border: 1px solid %4; border-radius: 6px; margin-top: 0px;
                     padding: %10px 8px 4px 8px; }
         QGroupBox:flat { border: none; padding: %21px 0px 0px 0px; }
-        QFrame#card, QFrame#summary { background: %3; border: 1px solid %4; border-radius: 6px; }
-        QFrame#summary:focus { border: 2px solid %5; }
+        QFrame#card, QFrame#summary, kelvar--Chart {
+            background: %3; border: 1px solid %4; border-radius: 6px; }
+        QFrame#summary:focus, kelvar--Chart:focus { border: 2px solid %5; }
         QLabel[role="title"] { font-size: %6pt; font-weight: 600; }
         QPushButton#lblkelv { font-size: %9pt; font-weight: 700; color: %5; border: none;
                               background: transparent; padding: 0px 16px; }
@@ -277,13 +284,20 @@ QIcon icon(const QString& name) {
 }
 
 QPixmap picture(const QString& name, int size) {
-    return DrawnIcon(name).pixmap(QSize(size, size), QIcon::Normal, QIcon::Off);
+    return icon(name).pixmap(size);
+}
+
+QPixmap canvas(int side) {
+    const double sharpness = qApp->devicePixelRatio();
+    QPixmap canvas(QSize(side, side) * sharpness);
+    canvas.setDevicePixelRatio(sharpness);
+    canvas.fill(Qt::transparent);
+    return canvas;
 }
 
 QPixmap legend_key(Qt::BrushStyle pattern) {
     constexpr int side = 2 * grid;
-    QPixmap key(side, side);
-    key.fill(Qt::transparent);
+    QPixmap key = canvas(side);
     QPainter painter(&key);
     painter.setPen(QPen(colors_.accent, 1.5));
     painter.setBrush(QBrush(colors_.accent, pattern));

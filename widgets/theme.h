@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QIcon>
 #include <QLabel>
+#include <array>
 
 class QApplication;
 
@@ -48,6 +49,8 @@ struct Colors {
     QColor selected;  // ground of what is chosen, without the focus
     QColor filled;    // ground of what is chosen with the focus, and of the default button
     QColor on_filled;
+    QColor chosen;                // what the keys or the pointer say of a chart
+    std::array<QColor, 4> lines;  // of a chart
 };
 const Colors& colors();
 
@@ -61,6 +64,8 @@ void set_role(QLabel* label, Role role);
 // picture of a size in device-independent pixels.
 QIcon icon(const QString& name);
 QPixmap picture(const QString& name, int size);
+// A transparent square to draw on, as sharp as the display.
+QPixmap canvas(int side);
 // The square beside a word of a legend, filled with this pattern in the accent colour.
 QPixmap legend_key(Qt::BrushStyle pattern);
 

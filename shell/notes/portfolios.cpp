@@ -51,8 +51,7 @@ const std::array<Portfolio, 4>& portfolios() {
 QPixmap allocation_picture(const Portfolio& portfolio, int size) {
     constexpr int full_circle = 360 * 16;
     const QColor accent = theme::colors().accent;
-    QPixmap picture(size, size);
-    picture.fill(Qt::transparent);
+    QPixmap picture = theme::canvas(size);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect circle(2, 2, size - 4, size - 4);

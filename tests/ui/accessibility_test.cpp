@@ -230,7 +230,11 @@ TEST_P(EveryScreen, PlacesOfAChartAreItsChildren) {
         EXPECT_EQ(element->indexOfChild(last), end);
         EXPECT_EQ(last->text(QAccessible::Name), text_of("lblreadout"));
         EXPECT_FALSE(element->child(0)->state().focused);
+        const QRect card = chart->rect();
+        const QPoint edge(card.left(), card.center().y());
+        EXPECT_EQ(chart->grab().toImage().pixelColor(edge), theme::colors().accent);
         press(Qt::Key_Tab);  // now the words are on the chart as a whole
+        EXPECT_EQ(chart->grab().toImage().pixelColor(edge), theme::colors().border);
         EXPECT_EQ(text_of("lblreadout"), chart->accessibleDescription());
         for (int place = 0; place < chart->places(); ++place) {
             EXPECT_NE(text_of("lblreadout"), chart->sentence(place));
@@ -453,6 +457,15 @@ TEST(Alignment, CaptionsOfFramesStandOverTheirContents) {
     }
 }
 
+TEST(Pictures, AreAsSharpAsTheFinestDisplay) {
+    for (const QPixmap& picture :
+         {theme::picture(u"kelvar"_s, 96), theme::legend_key(Qt::BDiagPattern)}) {
+        EXPECT_EQ(picture.devicePixelRatio(), 2.0);
+        EXPECT_EQ(picture.width(), 2.0 * picture.deviceIndependentSize().width());
+    }
+    EXPECT_EQ(theme::legend_key(Qt::SolidPattern).deviceIndependentSize(), QSizeF(16.0, 16.0));
+}
+
 // Options whose captions wrap are round, and drawn as the others are.
 TEST(Alignment, AllOptionsLookAlike) {
     for (const bool dark : {false, true}) {
@@ -502,7 +515,12 @@ TEST(Contrast, IsEnoughInLightAndDark) {
             {"link on card", c.accent, c.card, 4.5},
             {"selection", p.color(QPalette::HighlightedText), p.color(QPalette::Highlight), 4.5},
             {"bars and focus ring", c.accent, c.field, 3.0},
-            {"chosen bar", c.text, c.accent, 1.5},
+            {"chosen bar", c.chosen, c.accent, 1.5},
+            {"chosen bar on card", c.chosen, c.card, 3.0},
+            {"first line", c.lines[0], c.card, 4.5},
+            {"second line", c.lines[1], c.card, 4.5},
+            {"third line", c.lines[2], c.card, 4.5},
+            {"fourth line", c.lines[3], c.card, 4.5},
             {"box to fill in on card", c.outline, c.card, 3.0},
             {"circle on window", c.outline, c.window, 3.0},
             {"signs of messages", c.accent, c.window, 3.0},

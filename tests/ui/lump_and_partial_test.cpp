@@ -45,6 +45,15 @@ TEST_F(LumpSum, AllFourRates) {
     auto* chart = find<BarChart>("grphlump");
     EXPECT_EQ(chart->findChild<QCustomPlot*>()->yAxis->tickVectorLabels().toList().join(u' '),
               u"$0 $50,000 $100,000 $150,000 $200,000 $250,000 $270,000"_s);
+    const auto values_shown = [drawing = chart->findChild<QCustomPlot*>()] {
+        QStringList texts;
+        for (int item = 0; item < drawing->itemCount(); ++item) {
+            if (drawing->item(item)->visible()) {
+                texts << static_cast<QCPItemText*>(drawing->item(item))->text();
+            }
+        }
+        return texts;
+    };
     chart->setFocus();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the visit began the day before
     for (const auto& [rate, value] : values) {
@@ -59,6 +68,7 @@ TEST_F(LumpSum, AllFourRates) {
         EXPECT_EQ(text_of("lblreadout"), rate + u": Total Pay Back (including  interest) "_s + value);
         press(Qt::Key_Right);
         EXPECT_EQ(text_of("lblreadout"), rate + u": Current Account Balance $250,000.00"_s);
+        EXPECT_EQ(values_shown(), QStringList{u"$250,000"_s}) << "of the chosen bar alone";
         press(Qt::Key_Right);
     }
     EXPECT_EQ(notes_shown, QStringList{u"frmclaim"_s});

@@ -94,6 +94,23 @@ TEST_F(LineChartTest, PointerSaysTheNearestValueOfWhatIsShownNow) {
     EXPECT_EQ(said(), u"Balances"_s) << "there is nothing to go to";
 }
 
+// Where there is no room for all, what lies beside an end of an axis gives way, and no line's name
+// goes.
+TEST_F(LineChartTest, EndsOfAxesAndLinesAreNamed) {
+    auto* drawing = chart.findChild<QCustomPlot*>();
+    for (int name = 0; name < 4; ++name) {
+        EXPECT_TRUE(drawing->item(name)->visible()) << name;
+    }
+    LineData lines = balances();
+    lines.labels.prepend(u"Lump Sum"_s);
+    chart.show_lines(lines);
+    chart.resize(300, 320);
+    QApplication::processEvents();
+    drawing = chart.findChild<QCustomPlot*>();
+    EXPECT_EQ(drawing->yAxis->tickVectorLabels().toList().join(u' '), u"$0 $20 $40 $60 $80 $110"_s);
+    EXPECT_EQ(drawing->xAxis->tickVectorLabels().toList().join(u' '), u"Lump\nSum 2030 2032 2035"_s);
+}
+
 // Words stay words, in the size that the width asks for, whatever the page's resolution is.
 TEST_F(LineChartTest, PaperHasWordsUpToTheBound) {
     QFont font = chart.font();
