@@ -91,7 +91,7 @@ NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
         row_->addLayout(join(Cmdnext, picnext));
         Cmdnext->setMinimumWidth(next_width() - picnext->width());
     } else {
-        row_->addSpacing(next_width());
+        row_->addSpacing(next_width() + theme::grid);  // a space has no space of its own
     }
     cmdclose = control::button(u"&Close"_s, "cmdclose");
     row_->addWidget(cmdclose);

@@ -163,6 +163,23 @@ void expect_readable(QAccessibleInterface* element) {
     }
 }
 
+// From the right: Close; Next or who comes next; Previous, also where there is no Next.
+TEST_P(EveryScreen, ButtonsStandAtOnePlace) {
+    const std::pair<const char*, QRect> places[] = {{"cmdhelp", QRect(24, 0, 72, 30)},
+                                                    {"picprev", QRect(493, 0, 30, 30)},
+                                                    {"Cmdnext", QRect(621, 0, 114, 30)},
+                                                    {"cmdmenu", QRect(621, 0, 144, 30)},
+                                                    {"cmdclose", QRect(773, 0, 72, 30)}};
+    for (const auto& [name, place] : places) {
+        const auto* button = window->visible_screen()->findChild<QWidget*>(QString::fromLatin1(name));
+        if (button != nullptr) {
+            const QPoint row = button->parentWidget()->mapTo(window, QPoint(0, button->y()));
+            EXPECT_EQ(button->geometry(), place.translated(0, button->y())) << name;
+            EXPECT_EQ(row.y(), window->height() - 39) << name;
+        }
+    }
+}
+
 TEST_P(EveryScreen, ScreenReadersGetANameForEveryControlAndTheCellsOfTables) {
     expect_readable(QAccessible::queryAccessibleInterface(window->visible_screen()));
 }
@@ -384,7 +401,7 @@ TEST(Contrast, OutlinesAreDrawn) {
             EXPECT_GE(outlined, 8) << control->metaObject()->className() << (dark ? ", dark" : "");
         }
         const QImage sign = theme::picture(u"warning"_s, 24).toImage();
-        EXPECT_EQ(sign.pixelColor(12, 20), theme::colors().warning) << "no link";
+        EXPECT_EQ(sign.scaled(24, 24).pixelColor(12, 20), theme::colors().warning) << "no link";
     }
 }
 
@@ -513,7 +530,13 @@ TEST(Contrast, IsEnoughInLightAndDark) {
             {"disabled on button", c.disabled, p.color(QPalette::Button), 4.5},
             {"link on window", c.accent, c.window, 4.5},
             {"link on card", c.accent, c.card, 4.5},
-            {"selection", p.color(QPalette::HighlightedText), p.color(QPalette::Highlight), 4.5},
+            {"default button, chosen row with the focus", c.on_filled, c.filled, 4.5},
+            {"chosen row", c.text, c.selected, 4.5},
+            {"changed amount in a chosen row", c.accent, c.selected, 4.5},
+            {"changed amount", c.accent, p.color(QPalette::AlternateBase), 4.5},
+            {"heading, strip, button under the pointer", c.text, c.quiet, 4.5},
+            {"bar beside a chosen row", c.accent, c.selected, 3.0},
+            {"border of a button", c.outline, c.card, 3.0},
             {"bars and focus ring", c.accent, c.field, 3.0},
             {"chosen bar", c.chosen, c.accent, 1.5},
             {"chosen bar on card", c.chosen, c.card, 3.0},

@@ -523,6 +523,7 @@ TEST_F(ScreenTest, FailureWhileStoringEndsTheProgramAndLeavesNoHalfSchedule) {
         .exec(
             "CREATE TRIGGER full_disk BEFORE INSERT ON schedule WHEN NEW.number = 100 "
             "BEGIN SELECT RAISE(ABORT, 'no room'); END");
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a fork would have no threads to draw with
     EXPECT_EXIT(
         {
             QTimer::singleShot(0, this, [this] { click("Cmdnext"); });
