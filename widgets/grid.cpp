@@ -123,13 +123,10 @@ public:
 
 protected:
     void paintSection(QPainter* painter, const QRect& section, int column) const override {
-        QHeaderView::paintSection(painter, section, column);
-        if (const int moved = lead(*model(), column); moved > 0) {
-            const QRect rest = section.adjusted(moved, 0, 0, 0);
-            painter->fillRect(section.adjusted(0, 0, 0, -1), theme::colors().quiet);
-            painter->setClipRect(rest);
-            QHeaderView::paintSection(painter, rest, column);
-        }
+        const QRect moved = section.adjusted(lead(*model(), column), 0, 0, 0);
+        painter->fillRect(section, theme::colors().border);
+        painter->fillRect(section.adjusted(0, 0, 0, -1), theme::colors().quiet);
+        QHeaderView::paintSection(painter, moved, column);
     }
 
     void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyle>
 #include <QToolButton>
 
 #include "widgets/controls.h"
@@ -91,7 +92,8 @@ NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
         row_->addLayout(join(Cmdnext, picnext));
         Cmdnext->setMinimumWidth(next_width() - picnext->width());
     } else {
-        row_->addSpacing(next_width() + theme::grid);  // a space has no space of its own
+        // A space has no space of its own, and gives way where there is no room.
+        row_->addSpacerItem(new QSpacerItem(next_width() + theme::grid, 0, QSizePolicy::Maximum));
     }
     cmdclose = control::button(u"&Close"_s, "cmdclose");
     row_->addWidget(cmdclose);
@@ -127,8 +129,14 @@ void NavigationRow::resizeEvent(QResizeEvent* event) {
             needed += picture->isHidden() ? picture->width() : 0;
         }
     }
+    const bool all_fit = needed <= width();
     for (QToolButton* picture : pictures) {
-        picture->setVisible(needed <= width());
+        picture->setVisible(all_fit);
+    }
+    setProperty("apart", !all_fit);  // what was joined to a picture has its own border then
+    for (QWidget* control : controls()) {
+        control->style()->unpolish(control);
+        control->style()->polish(control);
     }
 }
 

@@ -129,6 +129,7 @@ QString style_sheet(const QFont& font) {
         QAbstractButton[joined="left"] { border-top-right-radius: 0px; border-bottom-right-radius: 0px;
                                          border-right: none; }
         QAbstractButton[joined="right"] { border-top-left-radius: 0px; border-bottom-left-radius: 0px; }
+        QFrame#navigation[apart="true"] QPushButton[joined] { border: 1px solid %16; border-radius: 4px; }
         QToolBar QToolButton { border: none; }
         kelvar--ViewChoice QRadioButton { background: %3; border: 1px solid %16; padding: 0px 16px; }
         kelvar--ViewChoice QRadioButton:hover { background: %12; }
