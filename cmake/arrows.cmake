@@ -1,9 +1,11 @@
 # Which folders a folder includes from: its target, named after it, is linked with theirs, and
 # tests/include_directions.cmake fails for any other. README shows the same arrows.
-set(folders core engine input/rules widgets shell shell/notes input output/report output/chart output/result)
+set(folders core engine input/rules participant widgets shell shell/notes input output/report output/chart
+            output/result)
 set(arrows_core)
 set(arrows_engine core)
 set(arrows_input/rules core)
+set(arrows_participant core input/rules)
 set(arrows_widgets core)
 set(arrows_shell core widgets)
 set(arrows_shell/notes core engine widgets shell)
@@ -11,7 +13,7 @@ set(arrows_input core input/rules widgets shell shell/notes)
 set(arrows_output/report core engine widgets)
 set(arrows_output/chart core engine widgets shell output/report)
 set(arrows_output/result core engine widgets shell output/report)
-set(without_qt core engine input/rules)
+set(without_qt core engine input/rules participant)
 
 function(link_along_arrows folder)
   string(REPLACE / _ target ${folder})
