@@ -45,6 +45,7 @@ void Module1::set_screen_size() {
 
 void Module1::reset_scenario() {
     const Scenario fresh;
+    scenario.name = fresh.name;
     scenario.current_age = fresh.current_age;
     scenario.first_pay_month = fresh.first_pay_month;
     scenario.first_pay_year = fresh.first_pay_year;
@@ -82,16 +83,34 @@ int Module1::check_payments_exceed_life() {
 }
 
 void Module1::close_all_screens() {
+    if (!screens.leave_participant()) {
+        return;
+    }
     for (const ScreenId id : order_to_the_end(scenario.method)) {
         screens.close(id);
     }
 }
 
-void Module1::return_to_menu() {
+bool Module1::return_to_menu() {
+    if (!screens.leave_participant()) {
+        return false;
+    }
     for (const ScreenId id : order_to_the_menu()) {
         screens.close(id);
     }
     screens.show(ScreenId::frmdist);
+    return true;
+}
+
+void Module1::forget_participant() {
+    reset_scenario();
+    const Scenario fresh;
+    scenario.birth_date = fresh.birth_date;
+    scenario.spouse_birth_date = fresh.spouse_birth_date;
+    scenario.lookup_age = fresh.lookup_age;  // which the life expectancy table would mark
+    scenario.selected_rates.clear();
+    visit = {};
+    database().empty_work_tables();
 }
 
 void Module1::report(std::string_view text) {

@@ -44,10 +44,15 @@ public:
     // Reports payments that outlast the life expectancy; 1 when it did, 0 when all is well.
     int check_payments_exceed_life();
 
-    // Closes every screen in the fixed order, last the main window, which ends the program.
+    // Closes every screen in the fixed order, last the main window, which ends the program; unless the
+    // user stays with the participant, see Screens::leave_participant.
     void close_all_screens();
-    // Starts afresh at the menu: closes what holds entries or results of the old scenario.
-    void return_to_menu();
+    // Starts afresh at the menu: closes what holds entries or results of the old scenario. False when
+    // the user stays.
+    bool return_to_menu();
+    // Nothing of a participant who was left stays in the scenario and in the work tables. Throws
+    // DatabaseError; then the tables are as they were.
+    void forget_participant();
 
     // Stores the text as the last message, shows it and waits.
     void report(std::string_view text);

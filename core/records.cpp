@@ -345,6 +345,18 @@ bool Database::changed_by_others() const {
     return data_version() != known_version_;
 }
 
+void Database::empty_work_tables() {
+    Transaction transaction(*this);
+    schedule_->DeleteAll();
+    distrib_->MoveFirst();
+    distrib_->Edit();
+    for (const std::string& field : distrib_->fields_) {
+        distrib_->set(field, {});
+    }
+    distrib_->Update();
+    transaction.commit();
+}
+
 Database::Transaction::Transaction(Database& database) : database_(database) {
     database_.guarded([&] { database_.connection_->exec("BEGIN IMMEDIATE"); });
     try {

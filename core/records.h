@@ -130,6 +130,9 @@ public:
     Recordset& schedule() { return *schedule_; }
     Recordset& distrib() { return *distrib_; }
 
+    // Leaves no payment, and a heading row without contents, whole or not at all.
+    void empty_work_tables();
+
     // True when somebody else has written the file since the work tables were read from it.
     bool changed_by_others() const;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ enum LengthOption : std::int16_t {
 
 // One instance for the process. Money is in dollars, rates are percent per year, ages whole years.
 struct Scenario {
+    std::string name{};  // on the printouts; may be empty
     Date birth_date{no_date};
     Date entry_date{no_date};          // the day on which the first payment month was accepted
     std::int16_t current_age = 0;      // today; on the birthday itself still the younger age
@@ -70,8 +72,9 @@ struct Scenario {
 
 // What one screen hands to the next for a moment.
 struct Visit {
-    Date projected_on{no_date};  // today of the result that is shown, for its comparison
-    int compared_rate = -1;      // of selected_rates, to the comparison and back; -1 none
+    Date projected_on{no_date};          // today of the result that is shown, for its comparison
+    int compared_rate = -1;              // of selected_rates, to the comparison and back; -1 none
+    std::optional<double> shown_rate{};  // of the result that was looked at last
 };
 
 // True when the payments run over the joint table's years; `joint_life` alone can be left from before

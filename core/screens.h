@@ -57,6 +57,16 @@ public:
     virtual void show_message(const std::string& text) = 0;
     // Shows the yes/no message screen and waits; true for yes.
     virtual bool ask(const std::string& text) = 0;
+
+    // Before a participant is left: asks whether changes are to be saved to its file, if it has one.
+    // False when the user stays. After that no file belongs to what is entered.
+    virtual bool leave_participant() = 0;
+    // Saves what is entered to its file; asks for a name where it has none, or another one is wanted.
+    virtual void save_participant(bool under_another_name) = 0;
+    // Lets the user choose a participant's file and enters what it holds.
+    virtual void open_participant() = 0;
+    // Leaves the participant, with all that is left of it in the program, for the menu.
+    virtual void new_participant() = 0;
 };
 
 }  // namespace kelvar

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "core/entries.h"
 #include "input/limit_lines.h"
 #include "input/rules/commencement.h"
 #include "input/rules/first_payment.h"
@@ -128,6 +129,28 @@ void CommencementLists::month_typed(const QString& letter) {
         wished_month_ = *month;
         show_changed();
     }
+}
+
+bool CommencementLists::choose(const Entries& entries) {
+    if (!entries.scenario_month || !entries.scenario_year) {
+        return false;
+    }
+    wished_month_ = to_qt(month_name(*entries.scenario_month));
+    wished_year_ = QString::number(*entries.scenario_year);
+    get_year();
+    take();
+    return changed().isEmpty();
+}
+
+void CommencementLists::put_into(Entries& entries) const {
+    if (!cmbscnmonth->currentText().isEmpty()) {
+        entries.scenario_month = month_number(to_utf8(cmbscnmonth->currentText()));
+        entries.scenario_year = cmbscnyear->currentText().toInt();
+    }
+}
+
+QString CommencementLists::changed() const {
+    return lblchanged->text();
 }
 
 void CommencementLists::take() {

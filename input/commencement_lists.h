@@ -9,6 +9,8 @@ class QLabel;
 
 namespace kelvar {
 
+struct Entries;
+
 // Month and year in which the payments after an amount certain commence. Until the user has chosen one
 // of them, they follow the first payment; what the user chose comes back as soon as it is offered
 // again.
@@ -22,6 +24,13 @@ public:
     void get_year();
     // Stores what is chosen, 0 where nothing can be, while the method has a commencement.
     void take();
+
+    // Chooses month and year of entries; false where they do not say them, or the lists do not offer
+    // them.
+    bool choose(const Entries& entries);
+    void put_into(Entries& entries) const;
+    // Why the lists do not show what was chosen; empty when they do.
+    QString changed() const;
 
 signals:
     void taken();

@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "core/entries.h"
 #include "input/limit_lines.h"
 #include "input/rules/first_payment.h"
 #include "input/rules/limits.h"
@@ -165,6 +166,24 @@ void FirstPaymentLists::show_changed() {
         list->setAccessibleDescription((lbllatest->text() + u' ' + lblchanged->text()).trimmed());
         keep_in_view_with(list, shown ? lbllatest : lblchanged);  // the lower one
     }
+}
+
+void FirstPaymentLists::choose(const Entries& entries) {
+    wished_month_ = entries.first_pay_month.value_or(wished_month_);
+    wished_year_ = entries.first_pay_year.value_or(wished_year_);
+    get_year();
+    chk_year();
+}
+
+bool FirstPaymentLists::shows_choice() const {
+    return wished_month_ == month() && (wished_year_ == 0 || wished_year_ == year());
+}
+
+void FirstPaymentLists::put_into(Entries& entries) const {
+    const bool shown = year() != 0;
+    entries.first_pay_month = shown ? month() : wished_month_;
+    entries.first_pay_year = shown ? std::optional{year()}
+                                   : (wished_year_ != 0 ? std::optional{wished_year_} : std::nullopt);
 }
 
 int FirstPaymentLists::month() const {

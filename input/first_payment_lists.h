@@ -9,6 +9,8 @@ class QLabel;
 
 namespace kelvar {
 
+struct Entries;
+
 // Month and year of the first payment with the age that is reached then. What the user chose comes back
 // as soon as it is offered again. Writes `over_72_flag`.
 class FirstPaymentLists : public QWidget {
@@ -29,6 +31,12 @@ public:
     // The date of birth is refused or taken away: neither the age nor the latest month is known. What
     // was offered for the last one stays.
     void clear_age();
+
+    // Chooses month and year of entries, as soon as they are offered.
+    void choose(const Entries& entries);
+    // The lists show what was chosen.
+    bool shows_choice() const;
+    void put_into(Entries& entries) const;
 
     int month() const;      // 1..12
     int year() const;       // 0 while no year is offered

@@ -32,6 +32,14 @@ FrequencyBoxes::FrequencyBoxes(const QString& name, const QString& of) {
     }
 }
 
+void FrequencyBoxes::choose(int frequency) {
+    for (std::size_t index = 0; index < boxes_.size(); ++index) {
+        if (frequency_of_box(static_cast<int>(index)) == frequency && !boxes_[index]->isChecked()) {
+            boxes_[index]->click();
+        }
+    }
+}
+
 std::int16_t FrequencyBoxes::frequency() const {
     for (std::size_t index = 0; index < boxes_.size(); ++index) {
         if (boxes_[index]->isChecked()) {

@@ -17,6 +17,7 @@ public:
     FrequencyBoxes(const QString& name, const QString& of);
 
     std::int16_t frequency() const;  // payments per year; 0 while none is ticked
+    void choose(int frequency);      // nothing for a number of payments that no box has
 
 signals:
     void changed();

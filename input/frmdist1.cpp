@@ -3,15 +3,19 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
+#include "core/entries.h"
 #include "core/numbers.h"
 #include "input/first_payment_lists.h"
 #include "input/limit_lines.h"
 #include "input/rules/account_value.h"
+#include "input/rules/first_payment.h"
 #include "input/rules/limits.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/typed_numbers.h"
 #include "widgets/controls.h"
+#include "widgets/entry_boxes.h"
 #include "widgets/masked_date_edit.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -20,12 +24,26 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
+namespace {
+
+constexpr int longest_name = 60;  // characters
+
+// What is pasted can hold line breaks and the like.
+QString printable(QString text) {
+    static const QRegularExpression controls(uR"(\p{Cc})"_s);
+    return text.remove(controls).trimmed();
+}
+
+}  // namespace
+
 frmdist1::frmdist1(Module1& module1)
-    : Screen(module1, ScreenId::frmdist1, "frmdist1",
-             {.title = u"Commencement Date of Distribution"_s, .step = u"Step 1 of 4"_s}) {
+    : Screen(
+          module1, ScreenId::frmdist1, "frmdist1",
+          {.title = u"Commencement Date of Distribution"_s, .step = u"Step 1 of 4"_s, .save = true}) {
     build_birth();
     build_value();
     build_month();
+    build_name();
     content()->addStretch(1);
     set_first_field(mskbirth);
 }
@@ -88,6 +106,23 @@ void frmdist1::build_month() {
         u"For Participant: you have up until the March 31st after the close of the year in which you reach 70 1/2 to begin distribution payments."_s,
         "Label1"));
     content()->addWidget(framtime);
+}
+
+void frmdist1::build_name() {
+    auto* row = control::row();
+    auto* lblname = theme::label(u"Name &on the printouts (optional)"_s, theme::Role::body, "lblname");
+    txtname = new EntryBox;
+    txtname->setObjectName(u"txtname"_s);
+    txtname->setAccessibleName(u"Name on the printouts, optional"_s);
+    txtname->setMaxLength(longest_name);
+    txtname->setMaximumWidth(theme::widest_paragraph() / 2);
+    lblname->setBuddy(txtname);
+    row->addWidget(lblname);
+    row->addWidget(txtname, 1);
+    row->addStretch(1);
+    content()->addLayout(row);
+    connect(txtname, &QLineEdit::textChanged, this,
+            [this](const QString& text) { scenario.name = to_utf8(printable(text)); });
 }
 
 void frmdist1::load() {
@@ -178,6 +213,35 @@ void frmdist1::go_dnxt2() {
     }
     edit_date();
     module.screens.show(ScreenId::frmdist2);
+}
+
+void frmdist1::put_into(Entries& entries) const {
+    entries.name = scenario.name.empty() ? std::nullopt : std::optional{scenario.name};
+    entries.birth_date = read_masked_date(to_utf8(mskbirth->mask_text()));
+    const auto value = get_num(to_utf8(txtcurvalue->text()));
+    entries.present_value = value ? std::optional{round_to_cents(*value)} : std::nullopt;
+    first_payment_->put_into(entries);
+}
+
+bool frmdist1::take(const Entries& entries) {
+    txtname->setText(to_qt(entries.name.value_or("")));
+    if (entries.present_value) {
+        txtcurvalue->setText(to_qt(format_number(*entries.present_value, pattern::amount)));
+        take_value();
+    }
+    first_payment_->choose(entries);
+    if (!entries.birth_date) {
+        return false;
+    }
+    mskbirth->setText(to_qt(date_text(*entries.birth_date)));
+    if (!chk_birth() || !entries.present_value || !entries.first_pay_month || !entries.first_pay_year) {
+        return false;
+    }
+    if (!first_payment_->shows_choice()) {
+        refuse(invalid_month, "Cmbfrstmonth");
+        return false;
+    }
+    return true;
 }
 
 void frmdist1::get_back() {

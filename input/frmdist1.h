@@ -20,6 +20,8 @@ public:
     explicit frmdist1(Module1& module);
     void load() override;
     void activate() override;
+    void put_into(Entries& entries) const override;
+    bool take(const Entries& entries) override;
 
 protected:
     void go_next() override { go_dnxt2(); }
@@ -30,6 +32,7 @@ private:
     void show_birth_limit();
     void build_value();
     void build_month();
+    void build_name();
 
     bool chk_birth();
     void take_birth(const BirthCheck& check);
@@ -44,6 +47,7 @@ private:
     MaskedDateEdit* mskbirth = nullptr;
     QLabel* lblbirthlimit = nullptr;
     QLineEdit* txtcurvalue = nullptr;
+    QLineEdit* txtname = nullptr;
     FirstPaymentLists* first_payment_ = nullptr;
 };
 

@@ -6,11 +6,13 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "core/entries.h"
 #include "input/commencement_lists.h"
 #include "input/option_card.h"
 #include "input/partial_amount_box.h"
 #include "input/rules/next_checks.h"
 #include "widgets/controls.h"
+#include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -28,7 +30,7 @@ bool is_option(const QWidget* widget) {
 
 frmdist2::frmdist2(Module1& module1)
     : Screen(module1, ScreenId::frmdist2, "frmdist2",
-             {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s}) {
+             {.title = u"Method of Distribution"_s, .step = u"Step 2 of 4"_s, .save = true}) {
     content()->setSpacing(theme::grid);
     content()->addWidget(theme::label(u"(Check only one)"_s, theme::Role::note, "Label1"));
     build_methods();
@@ -247,6 +249,40 @@ void frmdist2::go_on_unless(const Check& check) {
         partial_amount_->least_stands_out();
     }
     refuse(check->text, check->field);
+}
+
+void frmdist2::put_into(Entries& entries) const {
+    const auto method = static_cast<Method>(scenario.method);
+    entries.method = method == no_method ? std::nullopt : std::optional{method};
+    entries.frequency = scenario.frequency == 0 ? std::nullopt : std::optional<int>{scenario.frequency};
+    entries.partial_amount.reset();
+    entries.partial_percent.reset();
+    entries.scenario_month.reset();
+    entries.scenario_year.reset();
+    if (method == partial_lump_sum) {
+        partial_amount_->put_into(entries);
+        commencement_->put_into(entries);
+    }
+}
+
+bool frmdist2::take(const Entries& entries) {
+    if (!entries.method) {
+        return false;
+    }
+    optmethod[static_cast<std::size_t>(*entries.method - lump_sum)]->click();
+    const int frequency = entries.frequency.value_or(0);
+    if (*entries.method != partial_lump_sum) {
+        chkperiod->choose(frequency);
+        return *entries.method == lump_sum || frequency != 0;
+    }
+    chkpartial->choose(frequency);
+    partial_amount_->take(entries);
+    const bool offered = commencement_->choose(entries);
+    if (!offered && entries.scenario_month && entries.scenario_year) {
+        refuse(to_utf8(commencement_->changed()), "cmbscnyear");
+    }
+    return !error_shown() && frequency != 0 && offered &&
+           (entries.partial_amount || entries.partial_percent);
 }
 
 // Only of what nothing on the screen has taken.

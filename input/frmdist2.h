@@ -22,6 +22,8 @@ public:
     explicit frmdist2(Module1& module);
     void load() override;
     void activate() override;
+    void put_into(Entries& entries) const override;
+    bool take(const Entries& entries) override;
 
 protected:
     void go_next() override { next_screen(); }

@@ -5,13 +5,16 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <cmath>
 
+#include "core/entries.h"
 #include "core/numbers.h"
 #include "input/length_limits.h"
 #include "input/life_options.h"
 #include "input/life_table_panel.h"
 #include "input/limit_lines.h"
 #include "input/option_card.h"
+#include "input/rules/birth_date.h"
 #include "input/rules/lookup_ages.h"
 #include "input/rules/next_checks.h"
 #include "input/rules/spouse.h"
@@ -26,9 +29,16 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
+namespace {
+
+constexpr double most_typed = 99'999'999.0;  // that a participant's file keeps; far beyond any life
+
+}  // namespace
+
 frmdist3::frmdist3(Module1& module1)
-    : Screen(module1, ScreenId::frmdist3, "frmdist3",
-             {.title = u"Length of Payment (Check only one)"_s, .step = u"Step 3 of 4"_s}) {
+    : Screen(
+          module1, ScreenId::frmdist3, "frmdist3",
+          {.title = u"Length of Payment (Check only one)"_s, .step = u"Step 3 of 4"_s, .save = true}) {
     QBoxLayout* columns = control::row();
     columns->setSpacing(3 * theme::grid);
     // Room below for a spouse's date of birth.
@@ -259,6 +269,50 @@ void frmdist3::go_next() {
     }
     module.screens.show(ScreenId::frmdrate);  // first, so that step 2 does not come to the front
     module.screens.hide(ScreenId::frmdist3);
+}
+
+void frmdist3::put_into(Entries& entries) const {
+    const auto length = static_cast<LengthOption>(scenario.length_option);
+    entries.length_option = length == no_length ? std::nullopt : std::optional{length};
+    entries.joint_life = joint_chosen() ? std::optional{true} : std::nullopt;
+    const auto number = read_unsigned(to_utf8(txtnumber->text()));
+    entries.number_of_payments = number && *number < most_typed
+                                     ? std::optional{static_cast<int>(std::round(*number))}
+                                     : std::nullopt;
+    const auto amount = get_num(to_utf8(txtfixamount->text()));
+    entries.fixed_amount = amount ? std::optional{round_to_cents(*amount)} : std::nullopt;
+    entries.spouse_birth_date = read_masked_date(to_utf8(mskbenebirth->mask_text()));
+}
+
+bool frmdist3::take(const Entries& entries) {
+    if (entries.number_of_payments) {
+        txtnumber->setText(QString::number(*entries.number_of_payments));
+    }
+    if (entries.fixed_amount) {
+        txtfixamount->setText(to_qt(format_number(*entries.fixed_amount, pattern::plain_amount)));
+    }
+    if (entries.spouse_birth_date) {
+        mskbenebirth->setText(to_qt(date_text(*entries.spouse_birth_date)));
+    }
+    if (!entries.length_option) {
+        return false;
+    }
+    optlength[static_cast<std::size_t>(*entries.length_option - by_number_of_payments)]->click();
+    switch (*entries.length_option) {
+        case by_number_of_payments:
+            return entries.number_of_payments.has_value();
+        case by_dollar_amount:
+            return entries.fixed_amount.has_value();
+        default:
+            return !entries.joint_life.value_or(false) || take_joint(entries);
+    }
+}
+
+bool frmdist3::take_joint(const Entries& entries) {
+    life_options_->joint()->setChecked(true);
+    show_tables();
+    ask_for_spouse();
+    return joint_chosen() && entries.spouse_birth_date;
 }
 
 void frmdist3::go_previous() {

@@ -24,6 +24,8 @@ public:
     explicit frmdist3(Module1& module);
     void load() override;
     void activate() override;
+    void put_into(Entries& entries) const override;
+    bool take(const Entries& entries) override;
 
 protected:
     void go_next() override;
@@ -50,6 +52,7 @@ private:
     void en_f2() { txtfixamount->setEnabled(true); }
     void en_f3();
 
+    bool take_joint(const Entries& entries);
     std::optional<double> read_number();  // and show what was read
     std::optional<double> read_amount();
     bool chk_birth();

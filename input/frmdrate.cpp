@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "core/entries.h"
 #include "input/rules/first_payment.h"
 #include "shell/notes/portfolios.h"
 #include "widgets/text.h"
@@ -18,7 +19,7 @@ namespace kelvar {
 
 frmdrate::frmdrate(Module1& module1)
     : Screen(module1, ScreenId::frmdrate, "frmdrate",
-             {.title = u"Assumed Annual Rate of Return"_s, .step = u"Step 4 of 4"_s}) {
+             {.title = u"Assumed Annual Rate of Return"_s, .step = u"Step 4 of 4"_s, .save = true}) {
     auto* Frame1 = control::frame(u"Assumed Annual &Rate of Return* (Select one or more)"_s, "Frame1");
     auto* column = new QVBoxLayout(Frame1);
     column->setSpacing(theme::grid);
@@ -178,6 +179,45 @@ void frmdrate::pick_one() {
         default:
             break;
     }
+}
+
+void frmdrate::put_into(Entries& entries) const {
+    const std::vector<double> rates = rate_list(module.database().rate(), ticks());
+    entries.selected_rates = rates.empty() ? std::nullopt : std::optional{rates};
+    entries.all_rates = chkrate[0]->isChecked() ? std::optional{true} : std::nullopt;
+}
+
+bool frmdrate::take(const Entries& entries) {
+    if (!entries.selected_rates) {
+        return false;
+    }
+    if (entries.all_rates.value_or(false)) {
+        chkrate[0]->click();
+    }
+    std::vector<double> offered;
+    for (std::size_t index = 1; index < chkrate.size(); ++index) {
+        RateTicks one{};
+        one[index] = true;
+        for (const double rate : rate_list(module.database().rate(), one)) {
+            offered.push_back(rate);
+            if (std::ranges::find(*entries.selected_rates, rate) != entries.selected_rates->end()) {
+                chkrate[index]->setChecked(true);
+            }
+        }
+    }
+    const auto is_offered = [&](double rate) {
+        return std::ranges::find(offered, rate) != offered.end();
+    };
+    if (!std::ranges::all_of(*entries.selected_rates, is_offered)) {
+        const Refusal refusal = *check_rates({});
+        refuse(refusal.text, refusal.field);
+        return false;
+    }
+    const auto shown = std::ranges::find(*entries.selected_rates, entries.shown_rate.value_or(0.0));
+    if (shown != entries.selected_rates->end()) {
+        module.visit.compared_rate = static_cast<int>(shown - entries.selected_rates->begin());
+    }
+    return true;
 }
 
 void frmdrate::show_portfolio(int index, QPoint position) {

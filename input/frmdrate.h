@@ -17,6 +17,8 @@ public:
     explicit frmdrate(Module1& module);
     void load() override;
     void activate() override;
+    void put_into(Entries& entries) const override;
+    bool take(const Entries& entries) override;
 
 protected:
     // The words beside a portfolio show it where they were clicked.

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "core/entries.h"
 #include "core/numbers.h"
 #include "input/limit_lines.h"
 #include "input/rules/limits.h"
@@ -122,6 +123,26 @@ bool PartialAmountBox::take_edited() {
     return !percentage_edited_ || take_percentage();
 }
 
+void PartialAmountBox::take(const Entries& entries) {
+    if (entries.partial_percent) {
+        cmbPercent->setEditText(to_qt(number_text(*entries.partial_percent)));
+        percentage_edited_ = true;
+        take_percentage();
+    } else if (entries.partial_amount) {
+        show_dollars(*entries.partial_amount);
+        take_dollars();
+    }
+}
+
+void PartialAmountBox::put_into(Entries& entries) const {
+    const bool dollars = dollars_edited();
+    if (!dollars && (percentage_edited_ || by_percentage_)) {
+        entries.partial_percent = read_percentage(to_utf8(cmbPercent->currentText()));
+    } else {
+        entries.partial_amount = dollars ? read_partial_amount(to_utf8(txtpartial->text())) : typed_;
+    }
+}
+
 void PartialAmountBox::dollars_left(const Leaving& leaving) {
     if (!dollars_edited()) {
         return;
@@ -187,11 +208,13 @@ void PartialAmountBox::apply_percentage(double percentage) {
     shown_present_value_ = scenario.present_value;
     scenario.partial_amount = amount_of_percentage(scenario.present_value, percentage);
     scenario.partial_percent = to_utf8(cmbPercent->currentText());
+    by_percentage_ = true;
     show_dollars(scenario.partial_amount);
 }
 
 void PartialAmountBox::show_percentage() {
     percentage_edited_ = false;
+    by_percentage_ = false;
     shown_present_value_ = scenario.present_value;
     scenario.partial_percent = percentage_of_amount(scenario.present_value, scenario.partial_amount);
     cmbPercent->setCurrentIndex(-1);

@@ -13,6 +13,7 @@ class QLineEdit;
 namespace kelvar {
 
 class EntryList;
+struct Entries;
 
 // The amount certain, in dollars or as a percentage of the balance: two boxes of which each follows the
 // other. Writes `partial_amount` and `partial_percent` as soon as one is left.
@@ -37,6 +38,11 @@ public:
     void take_all();
     // Takes what was typed and not left yet; false when that was refused.
     bool take_edited();
+
+    // Enters dollars or percentage, whichever the entries have, as if it were typed.
+    void take(const Entries& entries);
+    // What was entered last: the dollars or the percentage.
+    void put_into(Entries& entries) const;
 
     // One of the boxes was left.
     void dollars_left(const Leaving& leaving);
@@ -73,6 +79,7 @@ private:
     QString shown_dollars_;
     double shown_present_value_ = 0.0;  // for which the percentage was last worked out
     bool percentage_edited_ = false;    // typed but not yet taken over
+    bool by_percentage_ = false;        // the dollars are what the percentage comes to
 };
 
 }  // namespace kelvar

@@ -9,11 +9,25 @@
 
 namespace {
 
-// The folder that the first argument names, where each user has one; otherwise the program's own. Its
-// name may be any bytes.
-std::filesystem::path folder_of_program(int argc, char** argv) {
-    return argc > 1 ? std::filesystem::weakly_canonical(argv[1])
-                    : std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+// The folder that the first argument names, where each user has one; otherwise the program's own. One
+// that is not there is known by the slash at its end. The argument behind it, or the only one, is a
+// participant's file. Names may be any bytes.
+struct Arguments {
+    std::filesystem::path folder{QCoreApplication::applicationDirPath().toStdString()};
+    std::filesystem::path participant{};
+};
+
+Arguments arguments_of(int argc, char** argv) {
+    Arguments arguments;
+    int next = 1;
+    if (argc > 1 &&
+        (std::filesystem::is_directory(argv[1]) || std::string_view(argv[1]).ends_with('/'))) {
+        arguments.folder = std::filesystem::weakly_canonical(argv[next++]);
+    }
+    if (argc > next) {
+        arguments.participant = std::filesystem::absolute(argv[next]);
+    }
+    return arguments;
 }
 
 }  // namespace
@@ -28,13 +42,13 @@ int main(int argc, char** argv) {
     Application::setDesktopFileName(QStringLiteral("io.github.kelvar.Kelvar"));
     theme::apply(application);
     try {
-        const std::filesystem::path program_folder = folder_of_program(argc, argv);
+        const auto [program_folder, participant] = arguments_of(argc, argv);
         const OnlyProgram only_one(program_folder);
         if (only_one.is_second()) {
             return Application::report_already_open();
         }
         Program program(program_folder);
-        program.open();
+        program.open(participant);
         return Application::exec();
     } catch (const std::exception& error) {
         return Application::report_run_time_error(error);

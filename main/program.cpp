@@ -1,5 +1,6 @@
 #include "main/program.h"
 
+#include <QFile>
 #include <utility>
 
 #include "input/frmdist1.h"
@@ -57,9 +58,12 @@ Program::Program(const std::filesystem::path& folder, Clock clock)
     add_all_screens(*window_, *module_);
 }
 
-void Program::open() {
+void Program::open(const std::filesystem::path& participant) {
     window_->load(*module_);
     window_->show();
+    if (!participant.empty()) {
+        window_->open_file(QFile::decodeName(participant.c_str()));
+    }
 }
 
 }  // namespace kelvar

@@ -16,7 +16,7 @@ public:
     explicit Program(const std::filesystem::path& folder, Clock clock = system_date);
 
     // Opens the database and shows the main window with the title screen. Throws DatabaseError.
-    void open();
+    void open(const std::filesystem::path& participant = {});
 
     MainWindow& window() { return *window_; }
     Module1& module() { return *module_; }

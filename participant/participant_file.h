@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "input/rules/entries.h"
+#include "core/entries.h"
 
 namespace kelvar {
 

@@ -97,7 +97,14 @@ void frmdist::build_options() {
     cmdchart->setMinimumWidth(cmdchart->sizeHint().width() + 2 * theme::grid);
     cmdchart->setEnabled(module.screens.offers(ScreenId::frmvang));
     connect(cmdchart, &QPushButton::clicked, this, [this] { module.screens.show(ScreenId::frmvang); });
-    grid->addWidget(cmdchart, row + 1, 0, 1, 3, Qt::AlignLeft);
+    auto* cmdopen = control::button(u"&Open Participant..."_s, "cmdopen");
+    cmdopen->setMinimumWidth(cmdopen->sizeHint().width() + 2 * theme::grid);
+    connect(cmdopen, &QPushButton::clicked, this, [this] { module.screens.open_participant(); });
+    QBoxLayout* buttons = control::row();
+    buttons->addWidget(cmdchart);
+    buttons->addWidget(cmdopen);
+    buttons->addStretch(1);
+    grid->addLayout(buttons, row + 1, 0, 1, 4);
     content()->addWidget(card);
 }
 

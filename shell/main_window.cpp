@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QWindow>
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include <memory>
 
 #include "shell/help_window.h"
+#include "shell/kept_participant.h"
 #include "shell/screen.h"
 #include "widgets/accessible.h"
 #include "widgets/message_dialog.h"
@@ -35,6 +38,7 @@ MainWindow::MainWindow() : stack_(new QStackedWidget), blank_(new QWidget) {
     setWindowTitle(u"Kelvar"_s);
     stack_->addWidget(blank_);
     setCentralWidget(stack_);
+    setAcceptDrops(true);
     make_buttons_accessible();
     make_scroll_areas_accessible();
     new ScreenRoom(this);
@@ -52,6 +56,17 @@ void MainWindow::add_modal(ScreenId id, DialogFactory make) {
 
 void MainWindow::load(Module1& module) {
     module_ = &module;
+    kept_ = std::make_unique<KeptParticipant>(*this, module);
+    const auto on_keys = [this](const QKeySequence& keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, action] {
+            if (screen_of(ScreenId::frmdist) != nullptr) {  // not over the title
+                action();
+            }
+        });
+    };
+    on_keys(Qt::CTRL | Qt::Key_S, [this] { save_participant(false); });
+    on_keys(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { save_participant(true); });
+    on_keys(Qt::CTRL | Qt::Key_O, [this] { open_participant(); });
     module.set_screen_size();
     standard_ = QSize(pixels(module.scenario.screen_width), pixels(module.scenario.screen_height));
     fit_to_display();
@@ -93,7 +108,8 @@ void MainWindow::show(ScreenId id) {
         dialog->exec();
         return;
     }
-    if (!screens_.contains(id)) {
+    const bool is_new = !screens_.contains(id);
+    if (is_new) {
         std::unique_ptr<Screen> made(factories_.at(id)());
         made->load();
         made->arrange_tab_order();
@@ -103,6 +119,9 @@ void MainWindow::show(ScreenId id) {
     std::erase(order_, id);
     order_.push_back(id);
     bring_topmost_to_front();
+    if (is_new) {
+        kept_->fill(id);
+    }
 }
 
 void MainWindow::hide(ScreenId id) {
@@ -150,6 +169,11 @@ void MainWindow::bring_topmost_to_front() {
     front_->activate();
 }
 
+Screen* MainWindow::screen_of(ScreenId id) const {
+    const auto found = screens_.find(id);
+    return found == screens_.end() ? nullptr : found->second;
+}
+
 Screen* MainWindow::visible_screen() const {
     return order_.empty() ? nullptr : screens_.at(order_.back());
 }
@@ -166,26 +190,69 @@ void MainWindow::show_help(const std::string& help_file, const std::string& scre
 }
 
 void MainWindow::show_message(const std::string& text) {
-    run_message(false, text);
+    run_message(false, to_qt(text));
 }
 
 bool MainWindow::ask(const std::string& text) {
+    return run_message(true, to_qt(text)) == QDialog::Accepted;
+}
+
+int MainWindow::ask_to_save(const QString& text) {
     return run_message(true, text);
 }
 
-bool MainWindow::run_message(bool question, const std::string& text) {
+int MainWindow::run_message(bool question, const QString& text) {
     if (message_open_) {
-        return false;
+        return QDialog::Rejected;
     }
     while (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
     }
     message_open_ = true;
-    MessageDialog dialog(question ? MessageDialog::Kind::question : MessageDialog::Kind::message,
-                         to_qt(text), this);
-    const bool accepted = dialog.exec() == QDialog::Accepted;
+    MessageDialog dialog(question ? MessageDialog::Kind::question : MessageDialog::Kind::message, text,
+                         this);
+    const int answer = dialog.exec();
     message_open_ = false;
-    return accepted;
+    return answer;
+}
+
+bool MainWindow::leave_participant() {
+    return ending_ || kept_ == nullptr || kept_->leave();
+}
+
+void MainWindow::save_participant(bool under_another_name) {
+    kept_->save(under_another_name);
+}
+
+void MainWindow::open_participant() {
+    kept_->ask_and_open();
+}
+
+void MainWindow::new_participant() {
+    kept_->begin_anew();
+}
+
+void MainWindow::open_file(const QString& path) {
+    if (screen_of(ScreenId::frmdist) == nullptr) {
+        kept_->open_at_the_menu(path);
+    } else {
+        kept_->open(path);
+    }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (files.size() == 1 && files.front().isLocalFile() && !message_open_) {
+        event->acceptProposedAction();
+    }
+}
+
+// Later, because messages can come up, and who drops the file would wait for them.
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = event->mimeData()->urls().front().toLocalFile();
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path] { open_file(path); }, Qt::QueuedConnection);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -197,6 +264,10 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 // The window's own close button ends the program like Close.
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!leave_participant()) {
+        event->ignore();
+        return;
+    }
     if (!ending_ && module_ != nullptr) {
         ending_ = true;
         module_->close_all_screens();

@@ -16,6 +16,7 @@ class QStackedWidget;
 namespace kelvar {
 
 class HelpWindow;
+class KeptParticipant;
 class Screen;
 
 class MainWindow : public QMainWindow, public Screens {
@@ -46,6 +47,15 @@ public:
     void show_help(const std::string& help_file, const std::string& screen_name) override;
     void show_message(const std::string& text) override;
     bool ask(const std::string& text) override;
+    bool leave_participant() override;
+    void save_participant(bool under_another_name) override;
+    void open_participant() override;
+    void new_participant() override;
+
+    // The result of a question as a MessageDialog gives it.
+    int ask_to_save(const QString& text);
+    // Opens a participant's file; while the title is in front, as soon as the menu is.
+    void open_file(const QString& path);
 
     using QMainWindow::close;
     using QMainWindow::hide;
@@ -53,18 +63,22 @@ public:
 
     // The screen in front; null before load.
     Screen* visible_screen() const;
+    // Null when the screen was not made, or is closed.
+    Screen* screen_of(ScreenId id) const;
 
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void fit_to_display();
     void centre();
     void record_place();
     void bring_topmost_to_front();
-    bool run_message(bool question, const std::string& text);
+    int run_message(bool question, const QString& text);
 
     Module1* module_ = nullptr;
     QSize standard_;  // of a screen
@@ -76,6 +90,7 @@ private:
     std::vector<ScreenId> order_;  // shown screens, the one in front last
     Screen* front_ = nullptr;      // the one that was last brought to the front
     std::unique_ptr<HelpWindow> help_;
+    std::unique_ptr<KeptParticipant> kept_;  // null before load
     bool message_open_ = false;
     bool ending_ = false;
 };

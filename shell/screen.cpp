@@ -1,8 +1,11 @@
 #include "shell/screen.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QFrame>
 #include <QLabel>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <algorithm>
@@ -82,6 +85,13 @@ void Screen::build_navigation(const Layout& layout, QVBoxLayout* column) {
     run(navigation_->Cmdnext, [this, note] { note ? go_previous() : go_next(); });
     run(navigation_->picnext, [this] { go_next(); });
     run(navigation_->cmdclose, [this] { module.close_all_screens(); });
+    if (layout.save) {
+        QMenu* menu = navigation_->cmdsave->menu();
+        menu->addAction(u"&Participant\tCtrl+S"_s, this,
+                        [this] { module.screens.save_participant(false); });
+        menu->addAction(u"Participant &As...\tCtrl+Shift+S"_s, this,
+                        [this] { module.screens.save_participant(true); });
+    }
     if (navigation_->cmdclose != nullptr) {
         control::press_with(Qt::CTRL | Qt::Key_Q, navigation_->cmdclose, this);
     }
@@ -100,6 +110,15 @@ void Screen::build_habits() {
                pointer_,
                focus_};
     set_first_field(navigation_->Cmdnext);
+}
+
+void Screen::say(const QString& text) {
+    navigation_->say(text);
+}
+
+void Screen::press_next() {
+    clear_error();
+    go_next();
 }
 
 void Screen::go_previous() {
@@ -194,6 +213,11 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     const auto type = event->type();
+    if (type == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls() &&
+        watched != window()) {
+        event->ignore();  // a file is for the window, also over a box
+        return true;
+    }
     const bool action = type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
                         type == QEvent::ShortcutOverride;
     // Only keys and clicks on this screen: closing a message is still part of the same action.
@@ -222,6 +246,7 @@ void Screen::showEvent(QShowEvent* event) {
 }
 
 void Screen::hideEvent(QHideEvent* event) {
+    say({});
     qApp->removeEventFilter(this);
     QWidget::hideEvent(event);
 }

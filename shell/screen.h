@@ -20,6 +20,7 @@ class QPushButton;
 namespace kelvar {
 
 class FocusMarker;
+struct Entries;
 class OptionPointer;
 class ScrolledView;
 
@@ -42,6 +43,15 @@ public:
     virtual void load() {}
     // Each time the screen comes to the front, also after load.
     virtual void activate() {}
+
+    // A step adds what is entered on it.
+    virtual void put_into(Entries&) const {}
+    // A step enters what it can, as if it were typed, with the messages that come of it. True when
+    // nothing is missing or refused so far, so that Next can follow.
+    virtual bool take(const Entries&) { return false; }
+    void press_next();
+    // See NavigationRow::say.
+    void say(const QString& text);
 
     // Tab goes through the content as it was built, then along the navigation row.
     void arrange_tab_order();

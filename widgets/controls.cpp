@@ -92,7 +92,7 @@ QPushButton* button(const QString& text, const char* name) {
     button->setFixedHeight(theme::button_height());
     if (theme::large_text()) {  // the style's least width leaves no room for longer captions beside it
         button->setMinimumWidth(button->fontMetrics().size(Qt::TextShowMnemonic, text).width() +
-                                3 * theme::grid + 2);
+                                2 * theme::button_padding() + 2);
     } else {
         button->setMinimumWidth(9 * theme::grid);
     }

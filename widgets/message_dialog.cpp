@@ -48,7 +48,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& text, QWidget* parent) : 
         auto* cmdNo = control::button(u"&NO"_s, "cmdNo");
         cmdyes->setDefault(true);
         connect(cmdyes, &QPushButton::clicked, this, &QDialog::accept);
-        connect(cmdNo, &QPushButton::clicked, this, &QDialog::reject);
+        connect(cmdNo, &QPushButton::clicked, this, [this] { done(said_no); });
         buttons->addWidget(cmdyes);
         buttons->addWidget(cmdNo);
         cmdyes->setFocus();

@@ -11,6 +11,7 @@ class MessageDialog : public QDialog {
 
 public:
     enum class Kind { message, question };
+    static constexpr int said_no = 2;  // a result of exec; Escape is QDialog::Rejected
 
     MessageDialog(Kind kind, const QString& text, QWidget* parent);
     ~MessageDialog() override;

@@ -1,7 +1,10 @@
 #include "widgets/navigation_row.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QStyle>
 #include <QToolButton>
@@ -40,7 +43,7 @@ QHBoxLayout* join(QAbstractButton* left, QAbstractButton* right) {
 int next_width() {
     const QString longest = theme::large_text() ? u"Next"_s : u"New Participant"_s;
     const int words = QFontMetrics(QApplication::font()).horizontalAdvance(longest);
-    return words + 3 * theme::grid + 2;
+    return words + 2 * theme::button_padding() + 2;
 }
 
 std::vector<QWidget*> widgets_of(const QLayout& layout) {
@@ -60,23 +63,34 @@ std::vector<QWidget*> widgets_of(const QLayout& layout) {
 }  // namespace
 
 NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
-    : column_(column), row_(new QHBoxLayout(this)) {
-    column_->addWidget(this);
+    : row_(new QHBoxLayout(this)) {
+    lblsaved = theme::label({}, theme::Role::body, "lblsaved");
+    lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
+    lblsaved->installEventFilter(this);
+    lblsaved->hide();
+    column->addWidget(lblsaved);
+    column->addWidget(this);
     setObjectName(u"navigation"_s);
     row_->setContentsMargins(0, theme::grid, 0, theme::grid);
     row_->setSpacing(theme::grid);
     row_->addStrut(4 * theme::grid);  // as high without pictures
     if (layout.is_note()) {
-        row_->addStretch(1);
+        row_->addStretch(1);  // Close is at the right on every other screen
         Cmdnext = control::button(u"&OK"_s, layout.ok_name);
         control::make_default(Cmdnext);
         row_->addWidget(Cmdnext);
+        row_->addStretch(1);
         back = Cmdnext;
         return;
     }
     if (layout.help) {
         cmdhelp = control::button(u"&Help"_s, "cmdhelp");
         add_left(cmdhelp);
+    }
+    if (layout.save) {
+        cmdsave = control::button(u"Sa&ve"_s, "cmdsave");
+        cmdsave->setMenu(new QMenu(cmdsave));
+        add_left(cmdsave);
     }
     row_->addStretch(1);
     if (layout.previous) {
@@ -96,11 +110,36 @@ NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
         row_->addSpacerItem(new QSpacerItem(next_width() + theme::grid, 0, QSizePolicy::Maximum));
     }
     cmdclose = control::button(u"&Close"_s, "cmdclose");
+    const QString ends = u"Ends the program; what is not saved is forgotten"_s;
+    cmdclose->setToolTip(ends);
+    cmdclose->setAccessibleDescription(ends);
     row_->addWidget(cmdclose);
 }
 
-void NavigationRow::add_above(QWidget* line) {
-    column_->insertWidget(column_->indexOf(this), line);
+void NavigationRow::say(const QString& text) {
+    lblsaved->setAccessibleName(text);
+    lblsaved->setToolTip(text);
+    lblsaved->setVisible(!text.isEmpty());
+    fit_said();
+    if (!text.isEmpty()) {
+        QAccessibleEvent said(lblsaved, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
+}
+
+// Folders in the middle go first: the beginning says that it is saved, the end under which name.
+void NavigationRow::fit_said() {
+    const QMargins row = row_->contentsMargins();
+    lblsaved->setContentsMargins(row.left(), 0, row.right(), theme::grid);
+    lblsaved->setText(lblsaved->fontMetrics().elidedText(lblsaved->accessibleName(), Qt::ElideMiddle,
+                                                         lblsaved->contentsRect().width()));
+}
+
+bool NavigationRow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lblsaved && event->type() == QEvent::Resize) {
+        fit_said();
+    }
+    return QFrame::eventFilter(watched, event);
 }
 
 void NavigationRow::add_left(QAbstractButton* button, QAbstractButton* joined) {

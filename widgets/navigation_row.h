@@ -10,6 +10,7 @@
 class QAbstractButton;
 class QBoxLayout;
 class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QToolButton;
 
@@ -22,9 +23,12 @@ public:
     // The last row of a screen's column.
     NavigationRow(const ScreenLayout& layout, QBoxLayout* column);
 
-    // What a screen adds: a line above the row, a button behind those at the left, where it can have
-    // another one joined to it, a button at the place of Next.
-    void add_above(QWidget* line);
+    // What was done last, such as where a file was saved, in a line above the row; empty while there is
+    // nothing to say.
+    void say(const QString& text);
+
+    // What a screen adds: a button behind those at the left, where it can have another one joined to
+    // it, a button at the place of Next.
     void add_left(QAbstractButton* button, QAbstractButton* joined = nullptr);
     void add_as_next(QPushButton* button);
 
@@ -35,6 +39,7 @@ public:
 
     // Null for what the screen does not have. The OK of a note is Next.
     QPushButton* cmdhelp = nullptr;
+    QPushButton* cmdsave = nullptr;  // opens a menu
     QToolButton* picprev = nullptr;
     QPushButton* cmdprev = nullptr;
     QPushButton* Cmdnext = nullptr;
@@ -45,9 +50,12 @@ public:
 protected:
     // Where there is no room for all, pictures that say the same as a button give way to the captions.
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QBoxLayout* column_;
+    void fit_said();
+
+    QLabel* lblsaved = nullptr;
     QHBoxLayout* row_;
     int left_ = 0;  // how many places there are on the left
 };

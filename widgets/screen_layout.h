@@ -15,6 +15,7 @@ struct ScreenLayout {
     bool help = true;
     bool previous = true;
     bool next = true;
+    bool save = false;  // what the participant has entered
     Kind kind = Kind::ordinary;
     const char* ok_name = "cmdok";  // of a note
 

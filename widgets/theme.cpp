@@ -118,7 +118,7 @@ QString style_sheet(const QFont& font) {
         QLabel[role="note"] { font-size: %8pt; color: %11; }
         QLabel[role="link"] { color: %5; }
         QPushButton, QToolButton { background: %3; border: 1px solid %16; border-radius: 4px; }
-        QPushButton { padding: 0px 12px; }
+        QPushButton { padding: 0px %22px; }
         QToolButton { padding: 1px; }
         QPushButton:hover, QToolButton:hover { background: %12; }
         QPushButton:pressed, QToolButton:pressed { background: %17; }
@@ -157,7 +157,8 @@ QString style_sheet(const QFont& font) {
         .arg(indicator)
         .arg(c.outline.name(), c.selected.name(), c.filled.name(), c.on_filled.name(),
              points(large_text() ? 1.0 : 1.2))
-        .arg(QFontMetrics(font).height());
+        .arg(QFontMetrics(font).height())
+        .arg(button_padding());
 }
 
 const char* role_name(Role role) {
@@ -250,6 +251,10 @@ bool low_display() {
 int widest_paragraph() {
     constexpr int usual = 80;  // letters
     return usual * QFontMetrics(QApplication::font()).averageCharWidth();
+}
+
+int button_padding() {
+    return large_text() ? grid / 2 : 3 * grid / 2;
 }
 
 int button_height() {

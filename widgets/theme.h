@@ -21,8 +21,9 @@ void apply(QApplication& application);
 // eye to find the next line. In device-independent pixels.
 inline constexpr int widest_content = 1100;
 int widest_paragraph();
-// Of all buttons in a row.
+// Of all buttons in a row; left and right of their words.
 int button_height();
+int button_padding();
 
 // True when the desktop's font is so large, or its display so narrow, that what otherwise stands side
 // by side goes below each other, so that nothing needs sideways scrolling.

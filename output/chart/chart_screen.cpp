@@ -9,7 +9,7 @@
 #include "engine/chart_rules.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
-#include "output/report/saved_file.h"
+#include "shell/saved_file.h"
 #include "widgets/summary_panel.h"
 #include "widgets/text.h"
 #include "widgets/theme.h"
@@ -29,7 +29,7 @@ QString month_and_year(const Recordset& schedule) {
 }  // namespace
 
 ChartScreen::ChartScreen(Module1& module1, ScreenId id, const char* name)
-    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}) {
+    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false, .save = true}) {
     summary_ = new SummaryPanel;
     auto* columns = control::row();
     summary_->setLayout(columns);
@@ -157,10 +157,11 @@ PrintJob ChartScreen::print_job() const {
         chart.paint_on_paper(painter, area);
     };
     return {.title = title + u" - Chart"_s,  // the list of payments has the same title
-            .file_name = proposed_name(method_ + (balance ? u" Balance Chart"_s : u" Chart"_s), rate_,
-                                       module.today()),
+            .file_name =
+                proposed_name(scenario.name, method_ + (balance ? u" Balance Chart"_s : u" Chart"_s),
+                              rate_, module.today()),
             .orientation = QPageLayout::Landscape,
-            .reports = {chart_page(title, headings, paint)}};
+            .reports = {chart_page(title, to_qt(scenario.name), headings, paint)}};
 }
 
 }  // namespace kelvar

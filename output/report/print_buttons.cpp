@@ -1,9 +1,6 @@
 #include "output/report/print_buttons.h"
 
-#include <QAccessible>
 #include <QActionGroup>
-#include <QEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
@@ -16,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvar {
 
-PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
+PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation), navigation_(navigation) {
     cmdprint = control::button(u"Prin&t"_s, "cmdprint");
     connect(cmdprint, &QPushButton::clicked, this, [this] { start(Destination::printer); });
 
@@ -24,8 +21,7 @@ PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
     offer(u"&Print"_s, Destination::printer);
     offer(u"Print with &Options..."_s, Destination::print_dialog);
     offer(u"Pre&view..."_s, Destination::preview);
-    offer(u"&Save as PDF..."_s, Destination::pdf_file);
-    cmdprintmenu = control::picture(u"down"_s, u"More: print or save as PDF"_s, "cmdprintmenu");
+    cmdprintmenu = control::picture(u"down"_s, u"More: how and what to print"_s, "cmdprintmenu");
     if (!theme::large_text()) {
         cmdprintmenu->setText(u"More"_s);
         cmdprintmenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -34,22 +30,15 @@ PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation) {
     cmdprintmenu->setMenu(menu_);
     control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, navigation->parentWidget());
     navigation->add_left(cmdprint, cmdprintmenu);
-
-    lblsaved = theme::label({}, theme::Role::body, "lblsaved");
-    lblsaved->setContentsMargins(theme::side_margin(), 0, theme::side_margin(), theme::grid);
-    lblsaved->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long one widens no window
-    lblsaved->installEventFilter(this);
-    lblsaved->hide();
-    navigation->add_above(lblsaved);
+    files_.push_back(navigation->cmdsave->menu()->addAction(u"P&DF..."_s, this,
+                                                            [this] { start(Destination::pdf_file); }));
 }
 
 void PrintButtons::offer_csv() {
-    menu_->addAction(u"Save as &CSV..."_s, this, [this] {
+    files_.push_back(navigation_->cmdsave->menu()->addAction(u"&CSV..."_s, this, [this] {
         say({});
         emit csv_chosen();
-    });
-    cmdprintmenu->setAccessibleName(u"More: print or save as PDF or CSV"_s);
-    cmdprintmenu->setToolTip(cmdprintmenu->accessibleName());
+    }));
 }
 
 void PrintButtons::offer(const QString& text, Destination destination) {
@@ -84,32 +73,15 @@ void PrintButtons::start(Destination destination) {
 }
 
 void PrintButtons::say(const QString& text) {
-    lblsaved->setAccessibleName(text);
-    lblsaved->setToolTip(text);
-    lblsaved->setVisible(!text.isEmpty());
-    fit_saved();
-    if (!text.isEmpty()) {
-        QAccessibleEvent said(lblsaved, QAccessible::Alert);
-        QAccessible::updateAccessibility(&said);
-    }
-}
-
-// Folders in the middle go first: the beginning says that it is saved, the end under which name.
-void PrintButtons::fit_saved() {
-    lblsaved->setText(lblsaved->fontMetrics().elidedText(lblsaved->accessibleName(), Qt::ElideMiddle,
-                                                         lblsaved->contentsRect().width()));
-}
-
-bool PrintButtons::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lblsaved && event->type() == QEvent::Resize) {
-        fit_saved();
-    }
-    return QObject::eventFilter(watched, event);
+    navigation_->say(text);
 }
 
 void PrintButtons::setEnabled(bool enabled) {
     cmdprint->setEnabled(enabled);
     cmdprintmenu->setEnabled(enabled);
+    for (QAction* file : files_) {
+        file->setEnabled(enabled);
+    }
 }
 
 }  // namespace kelvar

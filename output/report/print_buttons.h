@@ -1,13 +1,14 @@
-// The Print button of a result, the menu beside it, and the line that says where the last print went.
+// The Print button of a result and the menu beside it, and what the Save button's menu offers besides.
 #pragma once
 
 #include <QObject>
+#include <vector>
 
 #include "output/report/print_job.h"
 #include "output/report/report_templates.h"
 
+class QAction;
 class QActionGroup;
-class QLabel;
 class QMenu;
 class QPushButton;
 class QToolButton;
@@ -16,12 +17,13 @@ namespace kelvar {
 
 class NavigationRow;
 
-// Print, and beside it a small menu that also offers the system's print dialog, a preview and files.
+// Print, and beside it a small menu that also offers the system's print dialog and a preview; files are
+// in the menu of Save.
 class PrintButtons : public QObject {
     Q_OBJECT
 
 public:
-    // Puts them into the navigation row of a screen, enabled.
+    // Puts them into the navigation row of a screen with Save, enabled.
     explicit PrintButtons(NavigationRow* navigation);
 
     void setEnabled(bool enabled);
@@ -35,8 +37,6 @@ public:
     // starting to print empties it as well.
     void say(const QString& text);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 signals:
     void chosen(kelvar::Destination destination);
     void csv_chosen();
@@ -45,13 +45,13 @@ private:
     void offer(const QString& text, Destination destination);
     void start(Destination destination);
     void add_parts(const QString& text, const QString& printed, Parts parts);
-    void fit_saved();
 
-    QLabel* lblsaved = nullptr;
+    NavigationRow* navigation_;
     QPushButton* cmdprint = nullptr;
     QToolButton* cmdprintmenu = nullptr;
     QMenu* menu_ = nullptr;
     QActionGroup* choice_ = nullptr;
+    std::vector<QAction*> files_;
     Parts parts_ = Parts::everything;
 };
 

@@ -19,7 +19,7 @@
 #include "output/report/page_painter.h"
 #include "output/report/print_progress.h"
 #include "output/report/printers.h"
-#include "output/report/saved_file.h"
+#include "shell/saved_file.h"
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
 

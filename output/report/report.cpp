@@ -182,6 +182,7 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     if (const auto why = document->read(to_qt(html))) {
         refuse(template_file, refusal_in_line(text, *why));
     }
+    document->participant = to_qt(result.participant);
     return document;
 }
 
@@ -194,9 +195,12 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
     }
     PagePainter pages(device, printed, page_count, counter);
     for (const Report& report : reports) {
+        const QString title = report->metaInformation(QTextDocument::DocumentTitle);
+        const QString foot =
+            report->participant.isEmpty() ? title : report->participant + u" - "_s + title;
         const int last = report->pageCount() - 1;
         for (int page = 0; page <= last; ++page) {
-            if (!pages.next_page(report->metaInformation(QTextDocument::DocumentTitle))) {
+            if (!pages.next_page(foot)) {
                 continue;
             }
             pages.draw(*report, page);
@@ -209,10 +213,12 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
     pages.finish();
 }
 
-Report chart_page(const QString& title, const QString& above, PaintChart chart) {
+Report chart_page(const QString& title, const QString& participant, const QString& above,
+                  PaintChart chart) {
     auto page = std::make_shared<ReportDocument>(std::filesystem::path());
     page->setHtml(above);
     page->setMetaInformation(QTextDocument::DocumentTitle, title);
+    page->participant = participant;
     page->chart_below = std::move(chart);
     return page;
 }

@@ -39,13 +39,15 @@ using Report = std::shared_ptr<ReportDocument>;
 Report fill_template(const std::filesystem::path& template_file, Database& database,
                      const ReportValues& result = {});
 
-// Draws reports one behind the other, each on a new page, pages counted through. Throws PrintError,
+// Draws reports one behind the other, each on a new page, pages counted through, each with title and
+// participant at its foot. Throws PrintError,
 // also when the counter does not go on.
 void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
                   PageCounter* counter = nullptr);
 
 // One printed page with headings, tables and a chart below them. `above` is HTML; the chart takes the
 // room that it leaves.
-Report chart_page(const QString& title, const QString& above, PaintChart chart);
+Report chart_page(const QString& title, const QString& participant, const QString& above,
+                  PaintChart chart);
 
 }  // namespace kelvar

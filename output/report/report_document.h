@@ -31,6 +31,7 @@ public:
     std::optional<std::string> read(const QString& html);
 
     // Takes the room that the text leaves on its last page; may be empty.
+    QString participant{};  // at the foot of every page; may be empty
     PaintChart chart_below;
 
 protected:

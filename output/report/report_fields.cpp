@@ -26,6 +26,7 @@ void set_fields(mustache::data& record, const Recordset& rows, std::size_t row,
 }
 
 constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
+    {"participant", &ReportValues::participant},
     {"title", &ReportValues::title},
     {"date", &ReportValues::date},
     {"balance", &ReportValues::balance},

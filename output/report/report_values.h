@@ -18,6 +18,7 @@ using NamedTexts = std::vector<std::pair<const char*, std::string>>;
 // A text that is empty says nothing of this result. Templates have each one under `result.` and its
 // name here.
 struct ReportValues {
+    std::string participant;   // name, where one was entered
     std::string title;         // "Periodic Payments - Monthly"
     std::string date;          // of the result, "01/15/2020"
     std::string balance;       // that the result starts from

@@ -7,9 +7,9 @@
 
 #include "engine/chart_rules.h"
 #include "output/report/page_painter.h"
-#include "output/report/saved_file.h"
 #include "output/result/cells.h"
 #include "output/result/printed_values.h"
+#include "shell/saved_file.h"
 #include "widgets/grid.h"
 #include "widgets/hourglass.h"
 #include "widgets/line_chart.h"
@@ -38,7 +38,7 @@ bool is_complete(const ComparedRate& rate) {
 
 frmcompare::frmcompare(Module1& module1)
     : Screen(module1, ScreenId::frmcompare, "frmcompare",
-             {.title = u"Comparison of Rates"_s, .next = false}) {
+             {.title = u"Comparison of Rates"_s, .next = false, .save = true}) {
     content()->setSpacing(theme::grid);
     content()->setContentsMargins(theme::side_margin(), theme::grid, theme::side_margin(), theme::grid);
     lblsub = theme::label({}, theme::Role::section, "lblsub");
@@ -150,7 +150,8 @@ void frmcompare::show_schedule() {
 }
 
 QString frmcompare::file_name() const {
-    return proposed_name(to_qt(method_title(scenario.method)) + u" Comparison"_s, {}, module.today());
+    return proposed_name(scenario.name, to_qt(method_title(scenario.method)) + u" Comparison"_s, {},
+                         module.today());
 }
 
 PrintJob frmcompare::print_job() const {

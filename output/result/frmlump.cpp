@@ -58,6 +58,7 @@ void frmlump::load() {
 
 void frmlump::get_value() {
     const Projection projection = project(scenario, chosen_rate(), today);
+    module.visit.shown_rate = projection.rate;
     take_over(scenario, projection);
     if (projection.outcome == Outcome::nothing_left) {
         lblstartvalue->clear();

@@ -36,6 +36,7 @@ std::string age_text(const Scenario& scenario, Date date) {
 
 ReportValues heading_values(const Scenario& scenario, Date today) {
     ReportValues values;
+    values.participant = scenario.name;
     values.title = scenario.method == lump_sum ? std::string(method_title(scenario.method))
                                                : title_with_frequency(scenario);
     values.date = date_text(today);

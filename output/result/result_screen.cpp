@@ -11,8 +11,8 @@
 #include "engine/headline.h"
 #include "engine/result_texts.h"
 #include "output/report/report_templates.h"
-#include "output/report/saved_file.h"
 #include "output/result/printed_values.h"
+#include "shell/saved_file.h"
 #include "widgets/hourglass.h"
 #include "widgets/summary_panel.h"
 #include "widgets/table_text.h"
@@ -37,7 +37,7 @@ QString emphasised(const QString& sentence) {
 }  // namespace
 
 ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
-    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false}),
+    : Screen(module1, id, name, {.title = u"Distribution Schedule "_s, .next = false, .save = true}),
       today(module1.today()) {
     module.visit.projected_on = today;
     const int space = theme::large_text() ? theme::grid / 2 : theme::grid;  // leaves room for rows
@@ -99,10 +99,7 @@ void ResultScreen::build_buttons() {
 
 void ResultScreen::add_menu_button() {
     QPushButton* cmdmenu = control::button(u"Ne&w Participant"_s, "cmdmenu");
-    connect(cmdmenu, &QPushButton::clicked, this, [this] {
-        scenario.lookup_age = 0;  // which the life expectancy table would mark
-        module.return_to_menu();
-    });
+    connect(cmdmenu, &QPushButton::clicked, this, [this] { module.screens.new_participant(); });
     if (theme::large_text()) {
         content()->addWidget(cmdmenu, 0, Qt::AlignRight);
     } else {
@@ -111,7 +108,7 @@ void ResultScreen::add_menu_button() {
 }
 
 QString ResultScreen::file_name(const QString& title) const {
-    return proposed_name(title, cmbrate->currentText(), module.today());
+    return proposed_name(scenario.name, title, cmbrate->currentText(), module.today());
 }
 
 // The summary and what follows it, as one job: also without one of them.
@@ -214,7 +211,8 @@ void ResultScreen::add_rate() {
     for (const double rate : scenario.selected_rates) {
         cmbrate->addItem(to_qt(rate_text(rate, scenario.method)));
     }
-    cmbrate->setCurrentIndex(0);
+    // At first the first one; a participant's file says which was looked at.
+    cmbrate->setCurrentIndex(std::max(0, std::exchange(module.visit.compared_rate, -1)));
     // Picking the entry that is already chosen counts as well.
     connect(cmbrate, &QComboBox::activated, this, [this] { get_value(); });
     set_first_field(cmbrate);

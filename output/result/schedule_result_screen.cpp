@@ -61,6 +61,7 @@ ResultScreen::Table ScheduleScreen::shown_table() const {
 
 void ScheduleScreen::get_value() {
     const double rate = chosen_rate();
+    module.visit.shown_rate = rate;
     if (rate_ceiling_ <= rate) {
         get_cover(to_qt(no_result_text(Outcome::limit_exceeded)));
         module.report(limit_text_);

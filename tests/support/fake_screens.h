@@ -28,6 +28,10 @@ public:
         questions.push_back(text);
         return next_answer;
     }
+    bool leave_participant() override { return true; }
+    void save_participant(bool) override {}
+    void open_participant() override {}
+    void new_participant() override {}
 };
 
 }  // namespace kelvar::test

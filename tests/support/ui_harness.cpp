@@ -84,7 +84,11 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
         messages_.push_back(to_utf8(dialog->findChild<QLabel*>(QStringLiteral("lblmsg"))->text()));
         const bool question = dialog->objectName() == QLatin1String("frmmsg1");
         const char* button = !question ? "cmdok" : answer_yes ? "cmdyes" : "cmdNo";
-        QTimer::singleShot(0, dialog, [dialog, button] {
+        QTimer::singleShot(0, dialog, [dialog, button, escapes = question && escapes_questions] {
+            if (escapes) {
+                dialog->reject();  // Escape itself is not taken so soon
+                return;
+            }
             QTest::mouseClick(dialog->findChild<QPushButton*>(QString::fromLatin1(button)),
                               Qt::LeftButton);
         });

@@ -31,6 +31,7 @@ public:
     Date today{std::chrono::year{2020} / 1 / 15};
     // How yes/no messages are answered.
     bool answer_yes = false;
+    bool escapes_questions = false;  // answers none
     // Where a PDF is saved when the program asks; empty cancels.
     QString save_as;
     // Whether prints that take so long that they show how far they are get cancelled.

@@ -180,9 +180,9 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
         text_of("lblledger"),
         u"$250,000.00 today + $331,157.41 earned − $2,361.42 fees − $578,796.05 paid to you + $0.06 rounding = $0.00 left. Of this, before the first payment: $6,310.79 earned, $39.89 fees."_s);
 
-    menu_entry = u"Save as &CSV..."_s;
+    menu_entry = u"&CSV..."_s;
     save_as = to_qt((folder.path() / "years.csv").string());
-    click("cmdprintmenu");
+    click("cmdsave");
     QFile saved(save_as);
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     EXPECT_EQ(saved.readLine(),
@@ -190,7 +190,7 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
               "Balance\r\n");
     EXPECT_EQ(saved.readLine(), "2020,70,6,256270.90,5380.85,33.53,4405.80,257212.42\r\n");
     save_as = to_qt(folder.database().string());
-    click("cmdprintmenu");
+    click("cmdsave");
     const std::vector<std::string> refused = take_messages();
     ASSERT_EQ(refused.size(), 1U);
     EXPECT_TRUE(refused[0].starts_with("Nothing was saved.\n\nThe file ")) << refused[0];
@@ -202,7 +202,7 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     setrlimit(RLIMIT_FSIZE, &full);
     save_as = saved.fileName();
     const qint64 whole = saved.size();
-    click("cmdprintmenu");
+    click("cmdsave");
     setrlimit(RLIMIT_FSIZE, &room);
     EXPECT_EQ(take_messages().size(), 1U);
     EXPECT_EQ(QFileInfo(saved.fileName()).size(), whole) << "the file from before is still there";

@@ -35,7 +35,7 @@
 
 #include "output/report/print_job.h"
 #include "output/report/report.h"
-#include "output/report/saved_file.h"
+#include "shell/saved_file.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/bar_chart.h"
@@ -181,8 +181,8 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 1);
     expect_saved_line();
-    menu_entry = u"&Save as PDF..."_s;
-    click("cmdprintmenu");
+    menu_entry = u"P&DF..."_s;
+    click("cmdsave");
     EXPECT_EQ(printed_pages(), 1);
     EXPECT_EQ(offered, u"Periodic Payments Chart 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"Save as PDF"_s);
@@ -309,8 +309,8 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     };
     choose_part(u"S&ummary Only"_s, u"Prints the summary only"_s);
     EXPECT_EQ(printed_pages(), 1);
-    menu_entry = u"&Save as PDF..."_s;
-    click("cmdprintmenu");
+    menu_entry = u"P&DF..."_s;
+    click("cmdsave");
     EXPECT_EQ(printed_pages(), 1);
     choose_part(u"Summary and &Years"_s, u"Prints the summary and the years"_s);
     EXPECT_EQ(printed_pages(), 2);
@@ -379,9 +379,10 @@ TEST_F(Printing, DialogsFitASmallDisplay) {
     }
     options.exec();
     go_to_partial_result();
-    for (const QString& entry : {u"&Save as PDF..."_s, u"Pre&view..."_s}) {
+    for (const auto& [entry, button] :
+         {std::pair{u"P&DF..."_s, "cmdsave"}, {u"Pre&view..."_s, "cmdprintmenu"}}) {
         menu_entry = entry;
-        click("cmdprintmenu");
+        click(button);
     }
     EXPECT_EQ(seen.join(u' ').toStdString(),
               "frmmsg frmmsg1 frmPortfolios  frmclaim savepdf printpreview");
@@ -394,7 +395,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     cancel_prints = true;
     go_to_participant();
     int pages = 0;
-    const Report page = chart_page(u"Slow"_s, {}, [&pages](QPainter&, const QRectF&) {
+    const Report page = chart_page(u"Slow"_s, {}, {}, [&pages](QPainter&, const QRectF&) {
         ++pages;
         QThread::msleep(300);
     });
@@ -478,7 +479,7 @@ TEST_F(Printing, FileNamesLeaveOutWhatNoneCanHold) {
         {QString(400, u'\u20ac'), QString(50, u'\u20ac')},
     };
     for (const auto& [title, name] : cases) {
-        EXPECT_EQ(proposed_name(title, u" -2.5%"_s, day).toStdString(),
+        EXPECT_EQ(proposed_name({}, title, u" -2.5%"_s, day).toStdString(),
                   (name + u" -2.5% 2020-01-05"_s).toStdString());
     }
 }

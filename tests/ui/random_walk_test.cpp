@@ -37,8 +37,8 @@ const QStringList texts{u"06151950"_s,
                         u"  7  "_s,
                         QString()};
 constexpr int typed_texts = 14;  // from the front; the others can only be pasted
-const QStringList menu_entries{u"&Save as PDF..."_s,
-                               u"Save as &CSV..."_s,
+const QStringList menu_entries{u"P&DF..."_s,
+                               u"&CSV..."_s,
                                u"Pre&view..."_s,
                                u"Print with &Options..."_s,
                                u"&Everything"_s,

@@ -57,15 +57,15 @@ public:
 };
 
 TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
-    const QStringList row{u"cmdhelp"_s, u"picprev"_s, u"cmdprev"_s,
+    const QStringList row{u"cmdhelp"_s, u"cmdsave"_s, u"picprev"_s, u"cmdprev"_s,
                           u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s};
-    const QStringList print{u"cmdhelp"_s, u"cmdprint"_s, u"cmdprintmenu"_s};
+    const QStringList print{u"cmdhelp"_s, u"cmdsave"_s, u"cmdprint"_s, u"cmdprintmenu"_s};
     const QStringList chart{u"cmdchart"_s, u"pichart"_s};
     const QStringList back{u"picprev"_s, u"cmdprev"_s, u"cmdclose"_s};
     expect_tab_order({u"lblkelv"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     click("Cmdnext");
     expect_tab_order({u"pictime"_s, u"Picmethod"_s, u"piclengt"_s, u"piclast"_s, u"cmdchart"_s,
-                      u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
+                      u"cmdopen"_s, u"cmdhelp"_s, u"Cmdnext"_s, u"picnext"_s, u"cmdclose"_s});
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
     QApplication::sendEvent(window->focusWidget(), &held);
     EXPECT_EQ(screen_name(), u"frmdist"_s) << "Enter still held from the title";
@@ -73,7 +73,8 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     EXPECT_EQ(focus_name(), u"mskbirth"_s);
     enter("mskbirth", u"06151950"_s);
     enter("txtcurvalue", u"250000"_s);
-    expect_tab_order(QStringList{u"mskbirth"_s, u"txtcurvalue"_s, u"Cmbfrstmonth"_s, u"Cmbfrstyear"_s} +
+    expect_tab_order(QStringList{u"mskbirth"_s, u"txtcurvalue"_s, u"Cmbfrstmonth"_s, u"Cmbfrstyear"_s,
+                                 u"txtname"_s} +
                      row);
     click("Cmdnext");
     EXPECT_EQ(focus_name(), u"optmethod_0"_s);

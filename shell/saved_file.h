@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <stdexcept>
+#include <string>
 
 #include "core/module1.h"
 
@@ -13,9 +14,12 @@ class QWidget;
 
 namespace kelvar {
 
-// What a file is called without its suffix, such as "Periodic Payments 5% 2020-01-15"; `rate` may be
-// empty. What no file name can hold becomes a dash.
-QString proposed_name(const QString& title, const QString& rate, Date day);
+// What a file is called without its suffix, such as "Ann Example - Periodic Payments 5% 2020-01-15";
+// participant and rate may be empty. What no file name can hold becomes a dash.
+QString proposed_name(const std::string& participant, const QString& title, const QString& rate,
+                      Date day);
+// The same of a participant's own file.
+QString proposed_name(const std::string& participant);
 
 // The text says why a file was not written, for the user.
 class FileError : public std::runtime_error {
@@ -34,14 +38,18 @@ struct FileKind {
 QString ask_where_to_save(QWidget* window, const QString& title, const QString& name,
                           const FileKind& kind);
 
-// The folder of a file that was saved is offered first from then on, until the program ends.
+// The same for a file to be opened.
+QString ask_which_to_open(QWidget* window, const QString& title, const FileKind& kind);
+
+// The folder of a file that was saved or opened is offered first from then on, until the program ends.
 void remember_folder(QWidget* window, const QString& path);
 
 // What to say of a file that was saved.
 QString saved_to(const QString& path);
 
 // Writes the file with this path. An existing file is only replaced by a complete one; where the name
-// is a link to another file, that file is replaced and the link stays. Throws FileError for a file
+// is a link to another file, that file is replaced and the link stays. Only its owner may read it, for
+// it is about a person. Throws FileError for a file
 // that belongs to the program, and when the file cannot be written.
 void write_whole(const Module1& module, const QString& path, const QByteArray& contents);
 

@@ -1,4 +1,4 @@
-#include "output/report/saved_file.h"
+#include "shell/saved_file.h"
 
 #include <QCoreApplication>
 #include <QDate>
@@ -57,32 +57,52 @@ QDir folder_to_offer(const QWidget* main_window) {
     return documents.exists() ? documents : QDir::home();
 }
 
-}  // namespace
-
-QString proposed_name(const QString& title, const QString& rate, Date day) {
+QString possible_name(const QString& wished, const QString& otherwise) {
     static const QRegularExpression never(uR"([/\\:*?"<>|]|\p{C})"_s);
     static const QRegularExpression hidden(u"^[. ]+"_s);
-    QString name = title.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
+    QString name = wished.left(longest_title).replace(never, u"-"_s).simplified().remove(hidden);
     while (name.toUtf8().size() > longest_title) {
         name.chop(1);
     }
+    return name.isEmpty() ? otherwise : name;
+}
+
+QString chosen_file(QFileDialog& dialog, const FileKind& kind, const QString& proposed) {
+    QWidget* main_window = dialog.parentWidget();
+    dialog.setObjectName(QString::fromLatin1(kind.dialog));
+    dialog.setNameFilter(kind.names);
+    dialog.setDirectory(folder_to_offer(main_window));
+    dialog.selectFile(proposed);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    main_window->activateWindow();  // some window managers lose it when a file is replaced
+    return accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+QString proposed_name(const std::string& participant, const QString& title, const QString& rate,
+                      Date day) {
+    const QString of = participant.empty() ? QString() : to_qt(participant) + u" - "_s;
     const QString date = QDate(year_of(day), month_of(day), day_of(day)).toString(Qt::ISODate);
-    return u"%1 %2 %3"_s.arg(name.isEmpty() ? u"Report"_s : name, rate, date).simplified();
+    return u"%1 %2 %3"_s.arg(possible_name(of + title, u"Report"_s), rate, date).simplified();
+}
+
+QString proposed_name(const std::string& participant) {
+    return possible_name(to_qt(participant), u"Participant"_s);
 }
 
 QString ask_where_to_save(QWidget* window, const QString& title, const QString& name,
                           const FileKind& kind) {
-    QWidget* main_window = window->window();
-    QFileDialog dialog(main_window, title);
-    dialog.setObjectName(QString::fromLatin1(kind.dialog));
+    QFileDialog dialog(window->window(), title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(kind.names);
     dialog.setDefaultSuffix(kind.suffix);
-    dialog.setDirectory(folder_to_offer(main_window));
-    dialog.selectFile(name + u'.' + kind.suffix);
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    main_window->activateWindow();  // some window managers lose it when a file is replaced
-    return accepted ? dialog.selectedFiles().value(0) : QString();
+    return chosen_file(dialog, kind, name + u'.' + kind.suffix);
+}
+
+QString ask_which_to_open(QWidget* window, const QString& title, const FileKind& kind) {
+    QFileDialog dialog(window->window(), title);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chosen_file(dialog, kind, {});
 }
 
 void remember_folder(QWidget* window, const QString& path) {
@@ -109,6 +129,7 @@ void write_whole(const Module1& module, const QString& path, const QByteArray& c
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         refuse();
     }
+    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     // A disk that fills up takes a part without an error, which only the next write brings, and commit
     // would replace the old file by that part.
     for (qint64 done = 0, taken = 0; done < contents.size(); done += taken) {
