@@ -28,7 +28,8 @@ for file in kelvar add-to-menu.sh; do
     [ -x "$folder/$file" ] || fail "$file is missing or cannot be run"
 done
 reports=({periodic,partial,lumpsum,yearly,schedule,schefix,schelife,compare}.rpt)
-for file in vestoraq.mdb vestoraq.hlp "${reports[@]}" LICENSE README.txt $id.{svg,desktop,metainfo.xml}; do
+for file in vestoraq.mdb vestoraq.hlp "${reports[@]}" LICENSE README.txt $id.{svg,desktop,metainfo.xml,xml} \
+    application-x-kelvar.svg; do
     [ -s "$folder/$file" ] || fail "$file is missing or empty"
 done
 for report in "$source"/data/reports/*.rpt; do
@@ -102,9 +103,14 @@ entry=$work/data/applications/$id.desktop
 value() { sed -n "s/^$1=//p" "$entry" | sed 's/\\\\/\\/g'; }
 # What Exec quotes, a shell quotes alike.
 eval "set -- $(value Exec)"
-[ $# -eq 1 ] && [ "$1" = "$folder/kelvar" ] && [ -x "$1" ] || fail "the menu would start $*"
+[ $# -eq 2 ] && [ "$1" = "$folder/kelvar" ] && [ -x "$1" ] && [ "$2" = %f ] || fail "the menu would start $*"
 [ "$(value Path)" = "$folder" ] || fail "the menu would start it in $(value Path)"
 [ -s "$(value Icon)" ] || fail "the menu has no icon"
+[ "$(value MimeType)" = 'application/x-kelvar;' ] || fail "the menu's entry opens $(value MimeType)"
+[ -s "$work/data/icons/hicolor/scalable/mimetypes/application-x-kelvar.svg" ] || fail "files have no icon"
+if command -v update-mime-database >/dev/null; then
+    grep -q ':application/x-kelvar:\*.kelvar$' "$work/data/mime/globs2" || fail "the desktop does not know the type"
+fi
 mv "$folder" "$place/100%"
 ! XDG_DATA_HOME=$work/none "$place/100%/add-to-menu.sh" 2>/dev/null || fail "it writes an entry that no menu starts"
 [ ! -e "$work/none" ] || fail "a refused entry leaves something behind"
@@ -113,9 +119,12 @@ mv "$folder" "$place/100%"
 command -v dpkg-deb >/dev/null || exit 0
 root=$work/root
 dpkg-deb -x "$work"/kelvar_*.deb "$root"
-for file in applications/$id.desktop icons/hicolor/scalable/apps/$id.svg metainfo/$id.metainfo.xml doc/kelvar/copyright; do
+for file in applications/$id.desktop icons/hicolor/scalable/{apps/$id,mimetypes/application-x-kelvar}.svg \
+    {metainfo/$id.metainfo,mime/packages/$id}.xml doc/kelvar/copyright; do
     [ -s "$root/usr/share/$file" ] || fail "$file is missing or empty in the .deb"
 done
+find "$root" -name '*.xml' -exec python3 -c 'import sys, xml.dom.minidom as xml; [*map(xml.parse, sys.argv[1:])]' {} + ||
+    fail "one of the .xml files is none"
 writable=$(find "$root" ! -type l -perm /022)
 [ -z "$writable" ] || fail "everybody may write to $writable"
 
@@ -185,7 +194,8 @@ launcher=$work/steps/usr/bin/kelvar
 installed=$work/steps/usr/lib/kelvar
 mkdir -p "$installed" "$work/steps/usr/bin" "$work/tools"
 cp "$root/usr/bin/kelvar" "$launcher"
-ln -s /bin/true "$installed/kelvar"
+printf '%s\n' '#!/bin/sh' "printf '%s\n' \"\$@\" >\"$work/given\"" >"$installed/kelvar"
+chmod +x "$installed/kelvar"
 : >"$installed/vestoraq.mdb"
 for tool in cp mv; do
     printf '%s\n' '#!/bin/sh' "/bin/$tool \"\$@\"; echo >>\"$work/taken\"" \
@@ -209,3 +219,12 @@ for file in vestoraq.mdb yearly.rpt; do
 done
 env -u HOME -u XDG_DATA_HOME LAST_STEP=0 PATH="$work/tools:$PATH" "$launcher"
 [ -s "$work/home of user/.local/share/kelvar/yearly.rpt" ] || fail "without HOME it finds no folder"
+
+# --- Whatever the name of a participant's file, the program is told where it is
+export XDG_DATA_HOME=$work/data
+cd "$work/home of user"
+for file in "Ann's  \$5.kelvar" -style.kelvar "$PWD/Ann.kelvar"; do
+    "$launcher" "$file"
+    [ "$(cat "$work/given")" = "$XDG_DATA_HOME/kelvar/"$'\n'"$PWD/${file##*/}" ] ||
+        fail "told to open $file, the program is given $(cat "$work/given")"
+done

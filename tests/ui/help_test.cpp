@@ -95,7 +95,8 @@ TEST(Help, AWordFindsItsPageBySearchAndIndex) {
         {u"tax"_s, u"not_worked_out.html"_s},     {u"death"_s, u"not_worked_out.html"_s},
         {u"heirs"_s, u"not_worked_out.html"_s},   {u"inflation"_s, u"not_worked_out.html"_s},
         {u"penalty"_s, u"not_worked_out.html"_s}, {u"minimum"_s, u"glossary.html"_s},
-        {u"rollover"_s, u"frmdist2.html"_s},      {u"divorce"_s, u"not_worked_out.html"_s}};
+        {u"rollover"_s, u"frmdist2.html"_s},      {u"divorce"_s, u"not_worked_out.html"_s},
+        {u"save"_s, u"keeping.html"_s},           {u"privacy"_s, u"keeping.html"_s}};
     for (const auto& [typed, page] : words) {
         const auto found = [&, typed = typed, page = page] {
             query->setSearchInput(typed);  // again and again until the pages are indexed
