@@ -65,8 +65,14 @@ bool UiTest::eventFilter(QObject* watched, QEvent* event) {
     if (note != nullptr && !is_message && event->type() == QEvent::Show) {
         notes_shown << note->objectName();
         QTimer::singleShot(0, note, [this, note] {
-            if (auto* overwrite = qobject_cast<QMessageBox*>(note)) {
-                overwrite->button(QMessageBox::Yes)->click();
+            if (auto* box = qobject_cast<QMessageBox*>(note)) {
+                auto* file_dialog = qobject_cast<QDialog*>(box->parentWidget());
+                if (QAbstractButton* overwrite = box->button(QMessageBox::Yes)) {
+                    overwrite->click();
+                } else {  // there is no such file
+                    box->accept();
+                    QTimer::singleShot(0, file_dialog, &QDialog::reject);
+                }
             } else if (qobject_cast<QFileDialog*>(note) != nullptr && !save_as.isEmpty()) {
                 save(note);
             } else if (note->isVisible() &&

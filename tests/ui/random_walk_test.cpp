@@ -39,6 +39,7 @@ const QStringList texts{u"06151950"_s,
 constexpr int typed_texts = 14;  // from the front; the others can only be pasted
 const QStringList menu_entries{u"P&DF..."_s,
                                u"&CSV..."_s,
+                               u"Participant &As...\tCtrl+Shift+S"_s,
                                u"Pre&view..."_s,
                                u"Print with &Options..."_s,
                                u"&Everything"_s,
@@ -64,7 +65,9 @@ public:
 
     void one_event() {
         answer_yes = below(2) == 0;
-        save_as = below(3) == 0 ? to_qt((folder.path() / "walk.pdf").string()) : QString();
+        escapes_questions = below(3) == 0;
+        const char* const file = below(2) == 0 ? "walk.pdf" : "walk.kelvar";
+        save_as = below(3) == 0 ? to_qt((folder.path() / file).string()) : QString();
         menu_entry = menu_entries.at(below(static_cast<int>(menu_entries.size())));
         QWidget* popup = QApplication::activePopupWidget();
         QWidget* top = popup != nullptr ? popup : window;
@@ -88,6 +91,11 @@ public:
                 break;
             case 7:
                 QTest::keyClick(focus, Qt::Key_Tab);
+                break;
+            case 8:
+                if (below(10) == 0) {
+                    QTest::keyClick(focus, below(2) == 0 ? Qt::Key_S : Qt::Key_O, Qt::ControlModifier);
+                }
                 break;
             default:
                 QTest::keyClick(focus, keys[below(static_cast<int>(std::size(keys)))]);
