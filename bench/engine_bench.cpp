@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "engine/choices.h"
+#include "engine/least_amount.h"
 #include "engine/schedule.h"
 
 namespace kelvar {
@@ -48,10 +50,45 @@ void bare_powers(benchmark::State& state) {
     state.counters["powers"] = static_cast<double>(days.size());
 }
 
+// Monthly payments that run 828 times at most, or just so often.
+Scenario over_69_years(LengthOption length) {
+    Scenario scenario;
+    scenario.method = periodic_payments;
+    scenario.present_value = terms.start_value;
+    scenario.first_pay_month = 7;
+    scenario.first_pay_year = 2026;
+    scenario.frequency = 12;
+    scenario.length_option = length;
+    scenario.number_of_payments = 828;
+    scenario.fee_amount = 80;
+    scenario.lookup_age = 31;
+    scenario.life_expectancy_age = 100.0;
+    return scenario;
+}
+
+void least_amount_at_two_rates(benchmark::State& state) {
+    const Scenario scenario = over_69_years(by_dollar_amount);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(least_amount_text(scenario, {5.0, 8.0}, terms.first_payment_date));
+    }
+}
+
+void six_choices_compared(benchmark::State& state) {
+    const std::vector<Choice> kept(6, {over_69_years(by_life_expectancy), terms.rate});
+    for (auto _ : state) {
+        const Choices choices = compare_choices(kept, terms.first_payment_date);
+        benchmark::DoNotOptimize(even_texts(choices));
+        benchmark::DoNotOptimize(paid_so_far(choices));
+        benchmark::DoNotOptimize(balances_left(choices));
+    }
+}
+
 BENCHMARK(schedule<level>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(bare_powers<level>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(schedule<fixed>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(bare_powers<fixed>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(least_amount_at_two_rates)->Unit(benchmark::kMillisecond);
+BENCHMARK(six_choices_compared)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

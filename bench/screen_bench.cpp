@@ -186,9 +186,27 @@ void reports_to_pdf(benchmark::State& state, const std::vector<std::string>& tem
     state.counters["bytes"] = bytes;
 }
 
+// Monthly over life from 16 on, by the rules, as often as can be kept.
+std::vector<Entries> six_choices() {
+    std::vector<Entries> choices(most_choices);
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        choices[i] = {.birth_date = Date{std::chrono::year{2003} / 6 / 1},
+                      .present_value = 250000.0 + 1000.0 * static_cast<double>(i),
+                      .first_pay_month = 7,
+                      .first_pay_year = 2020,
+                      .method = periodic_payments,
+                      .frequency = 12,
+                      .length_option = by_life_expectancy,
+                      .selected_rates = std::vector{5.0},
+                      .shown_rate = 5.0};
+    }
+    return choices;
+}
+
 // A screen that a result leads to.
 void opened_until_painted(benchmark::State& state, ScreenId id) {
     OpenResult open;
+    open.module.visit.choices = six_choices();
     for (auto _ : state) {
         open.window.show(id);
         open.window.repaint();
@@ -219,6 +237,9 @@ BENCHMARK_CAPTURE(opened_until_painted, chart, ScreenId::frmcperi)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK_CAPTURE(opened_until_painted, comparison, ScreenId::frmcompare)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(opened_until_painted, choices, ScreenId::frmchoices)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK_CAPTURE(reports_to_pdf, payments, {"periodic.rpt", "schelife.rpt"})

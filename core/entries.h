@@ -35,6 +35,9 @@ struct Entries {
     std::optional<bool> all_rates{};                      // the box for all of them is ticked too
     std::optional<double> shown_rate{};                   // of the result that was looked at last
 
+    std::vector<Entries>
+        choices{};  // results that were kept, each with all that leads to it but the name
+
     bool operator==(const Entries&) const = default;
 };
 

@@ -11,6 +11,7 @@
 #include "core/records.h"
 #include "core/scenario.h"
 #include "core/screens.h"
+#include "core/visit.h"
 
 namespace kelvar {
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,13 +67,6 @@ struct Scenario {
     Date spouse_birth_date{no_date};
     std::int16_t spouse_current_age = 0;
     std::int16_t payment_start_age = 0;  // when periodic payments start
-};
-
-// What one screen hands to the next for a moment.
-struct Visit {
-    Date projected_on{no_date};          // today of the result that is shown, for its comparison
-    int compared_rate = -1;              // of selected_rates, to the comparison and back; -1 none
-    std::optional<double> shown_rate{};  // of the result that was looked at last
 };
 
 // True when the payments run over the joint table's years; `joint_life` alone can be left from before

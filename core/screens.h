@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/entries.h"
+
 namespace kelvar {
 
 enum class ScreenId {
@@ -18,6 +20,7 @@ enum class ScreenId {
     frmperio,       // periodic payments result
     frmparti,       // partial lump sum result
     frmcompare,     // the chosen rates side by side
+    frmchoices,     // results that were kept, side by side
     frmcperi,       // chart of periodic payments
     frmcpart,       // chart of a partial lump sum with payments
     frmclaim,       // disclaimer
@@ -67,6 +70,11 @@ public:
     virtual void open_participant() = 0;
     // Leaves the participant, with all that is left of it in the program, for the menu.
     virtual void new_participant() = 0;
+
+    // What stands on the steps now.
+    virtual Entries entered() const = 0;
+    // Types these entries in place of what stands there, with Next after each step.
+    virtual void enter(const Entries& entries) = 0;
 };
 
 }  // namespace kelvar

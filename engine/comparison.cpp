@@ -4,28 +4,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
 
 #include "core/ages.h"
 #include "core/numbers.h"
 #include "core/plan.h"
+#include "engine/least_amount.h"
 #include "engine/result_texts.h"
 #include "engine/years.h"
 
 namespace kelvar {
 
 namespace {
-
-double amount_in_last_full_year(const PaymentSchedule& schedule, const std::vector<YearRow>& years,
-                                int frequency) {
-    const auto full = std::find_if(years.rbegin(), years.rend(),
-                                   [&](const YearRow& year) { return year.payments == frequency; });
-    if (full == years.rend()) {
-        return 0.0;
-    }
-    const auto row = std::ranges::find_if(
-        schedule.rows, [&](const PaymentRow& payment) { return year_of(payment.date) == full->year; });
-    return row->payment;
-}
 
 // "$12.20 more"
 std::string change(double dollars) {
@@ -35,9 +26,10 @@ std::string change(double dollars) {
     return fmt::format("{} {}", money_text(std::abs(dollars)), dollars < 0.0 ? "less" : "more");
 }
 
-ComparedRate compared(const Scenario& scenario, double rate, Date today) {
-    const Projection projection = project(scenario, rate, today);
-    ComparedRate column{.rate = rate, .outcome = projection.outcome};
+ComparedRate compared(const Scenario& scenario, ComparedRate column, Date today) {
+    const Projection projection = project(scenario, column.rate, today);
+    column.outcome = projection.outcome;
+    column.reason = no_result_text(scenario, projection.outcome, column.rate, today);
     if (projection.outcome != Outcome::complete) {
         return column;
     }
@@ -46,7 +38,8 @@ ComparedRate compared(const Scenario& scenario, double rate, Date today) {
     const std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
     column.first_value = schedule.rows.front().startbalance;
     column.first_amount = schedule.rows.front().payment;
-    column.full_year_amount = amount_in_last_full_year(schedule, years, scenario.frequency);
+    const PaymentRow* full_year = last_full_year(schedule, scenario.frequency);
+    column.full_year_amount = full_year != nullptr ? full_year->payment : 0.0;
     column.payments = schedule.number_of_payments;
     column.last_payment = last.date;
     column.last_age = age_in_month(scenario.birth_date, last.date);
@@ -73,9 +66,9 @@ std::vector<LumpSumValue> lump_sum_values(const Scenario& scenario, Date today) 
 }
 
 RateTexts rate_texts(const ComparedRate& rate, bool plain) {
-    RateTexts texts{rate_text(rate.rate, lump_sum)};
+    RateTexts texts{rate_text(rate.rate, lump_sum) + (rate.fallen ? " after a fall" : "")};
     if (rate.outcome != Outcome::complete) {
-        texts[1] = no_result_text(rate.outcome);
+        texts[1] = rate.reason;
         return texts;
     }
     const auto money = [&](double dollars) {
@@ -93,11 +86,26 @@ RateTexts rate_texts(const ComparedRate& rate, bool plain) {
             money(rate.total)};
 }
 
-Comparison compare(const Scenario& scenario, Date today) {
+Scenario after_fall(Scenario scenario) {
+    scenario.present_value = round_to_cents(scenario.present_value * 4.0 / 5.0);
+    return scenario;
+}
+
+Comparison compare(const Scenario& scenario, Date today, const WhatIf& what_if) {
     Comparison comparison;
     comparison.today = today;
+    const auto add = [&](ComparedRate row) {
+        comparison.rates.push_back(compared(scenario, row, today));
+        if (what_if.falls) {
+            row.fallen = true;
+            comparison.rates.push_back(compared(after_fall(scenario), row, today));
+        }
+    };
     for (const double rate : scenario.selected_rates) {
-        comparison.rates.push_back(compared(scenario, rate, today));
+        add({.rate = rate});
+    }
+    if (what_if.earns_nothing && std::ranges::count(scenario.selected_rates, 0.0) == 0) {
+        add({.rate = 0.0, .added = true});
     }
     const Commencement dates = commencement(scenario, today);
     comparison.first_year =
@@ -106,20 +114,17 @@ Comparison compare(const Scenario& scenario, Date today) {
 }
 
 std::string spread_text(const Scenario& scenario, const Comparison& comparison) {
-    std::vector<const ComparedRate*> complete;
+    std::map<double, const ComparedRate*> chosen;
     for (const ComparedRate& rate : comparison.rates) {
-        if (rate.outcome == Outcome::complete) {
-            complete.push_back(&rate);
+        if (rate.outcome == Outcome::complete && !rate.added && !rate.fallen) {
+            chosen.emplace(rate.rate, &rate);
         }
     }
-    if (complete.size() < 2) {
+    if (chosen.size() < 2) {
         return {};
     }
-    const ComparedRate& low = **std::ranges::min_element(complete, {}, &ComparedRate::rate);
-    const ComparedRate& high = **std::ranges::max_element(complete, {}, &ComparedRate::rate);
-    if (low.rate == high.rate) {
-        return {};
-    }
+    const ComparedRate& low = *chosen.begin()->second;
+    const ComparedRate& high = *chosen.rbegin()->second;
     std::string text =
         fmt::format("If it earned {} every year instead of {}, you would be paid {} in all",
                     rate_text(high.rate, lump_sum), rate_text(low.rate, lump_sum),
@@ -134,7 +139,15 @@ std::string spread_text(const Scenario& scenario, const Comparison& comparison) 
         text += fmt::format(", {} a {} at first", change(first),
                             plan::frequency(scenario.frequency).period);
     }
-    return text + fmt::format("; {} also means more risk.", rate_text(high.rate, lump_sum));
+    std::string steps;
+    for (auto from = chosen.begin(), to = std::next(from); chosen.size() > 2 && to != chosen.end();
+         ++from, ++to) {
+        steps += fmt::format("{} {} instead of {} makes {}", steps.empty() ? " In all," : ",",
+                             rate_text(to->first, lump_sum), rate_text(from->first, lump_sum),
+                             change(round_to_cents(to->second->total - from->second->total)));
+    }
+    return text + fmt::format("; {} also means more risk.", rate_text(high.rate, lump_sum)) + steps +
+           (steps.empty() ? "" : ".");
 }
 
 }  // namespace kelvar

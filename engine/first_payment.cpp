@@ -16,6 +16,10 @@ FirstPayment first_payment(Date today, int month, int year) {
     return {add_months(that_year, month - month_of(today)), false};
 }
 
+bool month_has_passed(int month, int year, Date today) {
+    return year < year_of(today) || (year == year_of(today) && month < month_of(today));
+}
+
 double value_at_first_payment(double present_value, double rate, double fee, Date today,
                               const FirstPayment& first) {
     if (first.starts_this_month) {

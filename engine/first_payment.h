@@ -14,6 +14,9 @@ struct FirstPayment {
 // Today when the month is the present one, else today's day in that month, clamped to its last day.
 FirstPayment first_payment(Date today, int month, int year);
 
+// True for a month before the one of today, in which no payment can begin any more.
+bool month_has_passed(int month, int year, Date today);
+
 // Value at the first payment (dollars; `rate` in percent, `fee` in dollars per year): untouched, but
 // for rounding to cents, when payments start this month.
 double value_at_first_payment(double present_value, double rate, double fee, Date today,

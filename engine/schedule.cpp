@@ -151,4 +151,15 @@ bool ends_year(const PaymentSchedule& schedule, std::size_t index) {
     return last || schedule.rows[index].date.year() != schedule.rows[index + 1].date.year();
 }
 
+const PaymentRow* last_full_year(const PaymentSchedule& schedule, int frequency) {
+    int payments = 0;  // from this one to the end of its year
+    for (std::size_t i = schedule.rows.size(); i-- > 0;) {
+        payments = ends_year(schedule, i) ? 1 : payments + 1;
+        if (payments == frequency) {
+            return &schedule.rows[i];
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace kelvar

@@ -75,4 +75,7 @@ std::optional<Interval> interval_after(const PaymentSchedule& schedule, std::siz
 bool begins_year(const PaymentSchedule& schedule, std::size_t index);
 bool ends_year(const PaymentSchedule& schedule, std::size_t index);
 
+// The first payment of the last calendar year that has all of its payments; null when there is none.
+const PaymentRow* last_full_year(const PaymentSchedule& schedule, int frequency);
+
 }  // namespace kelvar

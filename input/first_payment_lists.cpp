@@ -153,7 +153,7 @@ void FirstPaymentLists::clear_age() {
 void FirstPaymentLists::show_changed() {
     const int wished_year = wished_year_ == 0 ? year() : wished_year_;
     const bool offered = wished_year == year() && wished_month_ <= Cmbfrstmonth->count();
-    const bool shown = offered && wished_month_ == month();
+    const bool shown = year() == 0 || (offered && wished_month_ == month());  // 0 while none is offered
     lblchanged->setText(shown ? QString()
                               : (offered ? u"%1, %2 has passed; payments can begin in %3, %4."_s
                                          : u"The first payment was changed from %1, %2 to %3, %4."_s)

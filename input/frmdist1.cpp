@@ -115,10 +115,9 @@ void frmdist1::build_name() {
     txtname->setObjectName(u"txtname"_s);
     txtname->setAccessibleName(u"Name on the printouts, optional"_s);
     txtname->setMaxLength(longest_name);
-    txtname->setMaximumWidth(theme::widest_paragraph() / 2);
     lblname->setBuddy(txtname);
     row->addWidget(lblname);
-    row->addWidget(txtname, 1);
+    row->addWidget(txtname, 3);
     row->addStretch(1);
     content()->addLayout(row);
     connect(txtname, &QLineEdit::textChanged, this,
@@ -225,6 +224,7 @@ void frmdist1::put_into(Entries& entries) const {
 
 bool frmdist1::take(const Entries& entries) {
     txtname->setText(to_qt(entries.name.value_or("")));
+    txtname->setCursorPosition(0);
     if (entries.present_value) {
         txtcurvalue->setText(to_qt(format_number(*entries.present_value, pattern::amount)));
         take_value();

@@ -269,7 +269,9 @@ bool frmdist2::take(const Entries& entries) {
     if (!entries.method) {
         return false;
     }
-    optmethod[static_cast<std::size_t>(*entries.method - lump_sum)]->click();
+    QRadioButton* option = optmethod[static_cast<std::size_t>(*entries.method - lump_sum)];
+    option->setFocus();
+    option->click();
     const int frequency = entries.frequency.value_or(0);
     if (*entries.method != partial_lump_sum) {
         chkperiod->choose(frequency);

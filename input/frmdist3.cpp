@@ -297,7 +297,10 @@ bool frmdist3::take(const Entries& entries) {
     if (!entries.length_option) {
         return false;
     }
-    optlength[static_cast<std::size_t>(*entries.length_option - by_number_of_payments)]->click();
+    QRadioButton* option =
+        optlength[static_cast<std::size_t>(*entries.length_option - by_number_of_payments)];
+    option->setFocus();
+    option->click();
     switch (*entries.length_option) {
         case by_number_of_payments:
             return entries.number_of_payments.has_value();

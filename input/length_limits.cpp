@@ -4,9 +4,11 @@
 
 #include "core/numbers.h"
 #include "core/plan.h"
+#include "engine/least_amount.h"
 #include "input/life_options.h"
 #include "input/rules/frequency.h"
 #include "input/rules/limits.h"
+#include "input/rules/rates.h"
 #include "input/rules/typed_numbers.h"
 #include "widgets/masked_date_edit.h"
 #include "widgets/text.h"
@@ -25,6 +27,16 @@ QString payments(std::optional<int> number, const Scenario& scenario) {
     return number ? to_qt(payments_text(*number, scenario.frequency)) : QString();
 }
 
+// The limit counts no growth: an amount that passes it can still outlast the life expectancy.
+QString lasting_amount(Module1& module) {
+    if (module.scenario.length_option != by_dollar_amount) {
+        return {};
+    }
+    const auto tried = with_amount(module.scenario, module.database(), module.today());
+    const std::vector<double> rates = rate_list(module.database().rate(), {true});
+    return tried ? to_qt(least_amount_text(*tried, rates, module.today())) : QString();
+}
+
 }  // namespace
 
 QString number_limit(Module1& module) {
@@ -38,6 +50,10 @@ QString amount_limit(Module1& module, const QString& typed) {
     if (const auto least = least_amount(module.scenario, module.database(), module.today())) {
         sentences << u"At least %1 a %2, more if the account grows"_s.arg(
             dollars(*least), to_qt(plan::frequency(module.scenario.frequency).period));
+    }
+    const QString lasting = lasting_amount(module);
+    if (!lasting.isEmpty()) {
+        sentences << lasting.chopped(1);
     }
     const double amount = round_to_cents(get_num(to_utf8(typed)).value_or(0.0));
     const double balance = module.scenario.present_value;

@@ -11,7 +11,7 @@ class LifeOptions;
 
 QString number_limit(Module1& module);  // "At most 349 monthly payments"
 // "At least $715.93 a month, more if the account grows. Entered: $2,500.00", with what becomes of an
-// amount above the balance.
+// amount above the balance; once payments are to be of an amount, also what it takes to end in time.
 QString amount_limit(Module1& module, const QString& typed);
 
 // When a spouse for joint life is born: "More than ten years younger: born after 11/02/1965; ...".

@@ -8,6 +8,7 @@
 #include "input/frmdist3.h"
 #include "input/frmdrate.h"
 #include "output/chart/chart_screen.h"
+#include "output/result/frmchoices.h"
 #include "output/result/frmcompare.h"
 #include "output/result/frmlump.h"
 #include "output/result/schedule_result_screen.h"
@@ -36,6 +37,7 @@ void add_all_screens(MainWindow& window, Module1& module) {
     add<frmperio>(window, module, ScreenId::frmperio);
     add<frmparti>(window, module, ScreenId::frmparti);
     add<frmcompare>(window, module, ScreenId::frmcompare);
+    add<frmchoices>(window, module, ScreenId::frmchoices);
     add<frmcperi>(window, module, ScreenId::frmcperi);
     add<frmcpart>(window, module, ScreenId::frmcpart);
     add<frmdnote>(window, module, ScreenId::frmdnote);

@@ -23,6 +23,7 @@
 #include "core/numbers.h"
 #include "core/operating_system.h"
 #include "core/plan.h"
+#include "core/visit.h"
 #include "input/rules/birth_date.h"
 
 namespace kelvar {
@@ -79,7 +80,8 @@ struct Field {
                  std::optional<bool> Entries::*, std::optional<int> Entries::*,
                  std::optional<double> Entries::*, std::optional<std::string> Entries::*,
                  std::optional<Date> Entries::*, std::optional<Method> Entries::*,
-                 std::optional<LengthOption> Entries::*, std::optional<std::vector<double>> Entries::*>
+                 std::optional<LengthOption> Entries::*, std::optional<std::vector<double>> Entries::*,
+                 std::vector<Entries> Entries::*>
         member;
     std::string_view must_be;
     bool (*fits)(double) = nullptr;
@@ -116,7 +118,10 @@ constexpr Field fields[] = {
     {"selected_rates", &Entries::selected_rates,
      "must be a list of percentages such as [5, 6.5], the lowest first", is_rate},
     {"all_rates", &Entries::all_rates, yes_or_no},
-    {"shown_rate", &Entries::shown_rate, "must be a percentage such as 6.5", is_rate}};
+    {"shown_rate", &Entries::shown_rate, "must be a percentage such as 6.5", is_rate},
+    {"choices", &Entries::choices, "must be a list of at most six results in braces"}};
+// These are the participant's, not those of one result.
+constexpr std::string_view once_only[] = {"format", "name", "choices"};
 
 std::string json_text(std::string_view text) {
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
@@ -217,44 +222,63 @@ public:
     bool binary(nlohmann::json::binary_t&) override { return take({}); }
 
     bool start_object(std::size_t) override {
-        if (std::exchange(begun_, true)) {
+        if (!std::exchange(begun_, true)) {
+            return true;
+        }
+        if (!in_choices_ || choice_ || entries_.choices.size() == most_choices) {
             refuse_value();
         }
+        choice_.emplace();
         return true;
     }
 
     bool key(std::string& name) override {
         line_ = line();
         field_ = std::ranges::find(fields, name, &Field::name);
-        if (field_ == std::end(fields)) {
+        if (field_ == std::end(fields) ||
+            (choice_ && std::ranges::find(once_only, name) != std::end(once_only))) {
             refuse(
                 fmt::format("{} in line {} is unknown", json_text(name.substr(0, most_shown)), line_));
         }
-        if (!found_.insert(name).second) {
+        if (!(choice_ ? choice_->found : found_).insert(name).second) {
             refuse(fmt::format("\"{}\" in line {} is there twice", name, line_));
         }
         return true;
     }
 
     bool end_object() override {
+        if (choice_) {
+            refuse_both(choice_->entries);
+            entries_.choices.push_back(choice_->entries);
+            choice_.reset();
+            return true;
+        }
         if (!found_.contains("format")) {
             refuse("\"format\" is missing");
         }
-        if (entries_.partial_amount && entries_.partial_percent) {
-            refuse("\"partial_amount\" and \"partial_percent\" cannot both be there");
-        }
+        refuse_both(entries_);
         return true;
     }
 
     bool start_array(std::size_t) override {
-        if (list_) {
+        if (list_ || (in_choices_ && !choice_)) {
             refuse_value();
         }
-        list_.emplace();
+        if (field_ != nullptr && field_->name == "choices") {
+            in_choices_ = true;
+        } else {
+            list_.emplace();
+        }
         return true;
     }
 
-    bool end_array() override { return take(*std::exchange(list_, std::nullopt)); }
+    bool end_array() override {
+        if (!list_) {
+            in_choices_ = false;
+            return true;
+        }
+        return take(*std::exchange(list_, std::nullopt));
+    }
 
     bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
         refuse_text();
@@ -267,7 +291,7 @@ private:
             list_->push_back(*number);
             return true;
         }
-        if (!begun_ || list_ ||
+        if (!begun_ || list_ || (in_choices_ && !choice_) ||
             !std::visit([&](auto member) { return take(value, member); }, field_->member)) {
             refuse_value();
         }
@@ -277,8 +301,16 @@ private:
     bool take(const Value& value, std::monostate) { return entry_of<int>(value, *field_).has_value(); }
     template <class T>
     bool take(const Value& value, std::optional<T> Entries::*member) {
-        entries_.*member = entry_of<T>(value, *field_);
-        return (entries_.*member).has_value();
+        Entries& entries = choice_ ? choice_->entries : entries_;
+        entries.*member = entry_of<T>(value, *field_);
+        return (entries.*member).has_value();
+    }
+    bool take(const Value&, std::vector<Entries> Entries::*) { return false; }
+
+    void refuse_both(const Entries& entries) const {
+        if (entries.partial_amount && entries.partial_percent) {
+            refuse("\"partial_amount\" and \"partial_percent\" cannot both be there");
+        }
     }
 
     // The parser is one character ahead at most.
@@ -311,23 +343,46 @@ private:
     std::set<std::string, std::less<>> found_;
     std::optional<std::vector<double>> list_;  // that is being read
     bool begun_ = false;
+    struct Choice {
+        Entries entries{};
+        std::set<std::string, std::less<>> found{};
+    };
+    std::optional<Choice> choice_;  // that is being read
+    bool in_choices_ = false;
 };
+
+// One entry a line behind what the line begins with.
+std::string lines_of(const Entries& entries, std::string_view indent) {
+    std::string text;
+    for (const Field& field : fields) {
+        const auto add = [&](const auto& member) {
+            using Member = std::remove_cvref_t<decltype(member)>;
+            if constexpr (!std::is_same_v<Member, std::monostate> &&
+                          !std::is_same_v<Member, std::vector<Entries> Entries::*>) {
+                if (const auto& entry = entries.*member) {
+                    text += fmt::format("{}{}\"{}\": {}", text.empty() ? "" : ",\n", indent, field.name,
+                                        text_of(*entry, field.words));
+                }
+            }
+        };
+        std::visit(add, field.member);
+    }
+    return text;
+}
 
 }  // namespace
 
 std::string participant_text(const Entries& entries) {
     std::string text = "{\n    \"format\": 1";
-    for (const Field& field : fields) {
-        std::visit(
-            [&](auto member) {
-                if constexpr (!std::is_same_v<decltype(member), std::monostate>) {
-                    if (const auto& entry = entries.*member) {
-                        text +=
-                            fmt::format(",\n    \"{}\": {}", field.name, text_of(*entry, field.words));
-                    }
-                }
-            },
-            field.member);
+    if (const std::string lines = lines_of(entries, "    "); !lines.empty()) {
+        text += ",\n" + lines;
+    }
+    std::vector<std::string> choices;
+    for (const Entries& choice : entries.choices) {
+        choices.push_back("\n        {\n" + lines_of(choice, "            ") + "\n        }");
+    }
+    if (!choices.empty()) {
+        text += fmt::format(",\n    \"choices\": [{}\n    ]", fmt::join(choices, ","));
     }
     return text + "\n}\n";
 }

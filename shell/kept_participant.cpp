@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <utility>
 
+#include "core/closing_order.h"
 #include "participant/participant_file.h"
 #include "shell/main_window.h"
 #include "shell/saved_file.h"
@@ -45,6 +46,7 @@ Entries KeptParticipant::entered() const {
     if (module_.visit.shown_rate) {
         entries.shown_rate = module_.visit.shown_rate;
     }
+    entries.choices = module_.visit.choices;
     return entries;
 }
 
@@ -69,8 +71,9 @@ bool KeptParticipant::save(bool under_another_name) {
     const Entries entries = entered();
     QString path = path_;
     if (path.isEmpty() || under_another_name) {
-        path = ask_where_to_save(&window_, u"Save Participant"_s,
-                                 proposed_name(entries.name.value_or("")), kind);
+        const QString proposed = path.isEmpty() ? proposed_name(entries.name.value_or(""))
+                                                : QFileInfo(path).completeBaseName();
+        path = ask_where_to_save(&window_, u"Save Participant"_s, proposed, kind);
     }
     if (path.isEmpty()) {
         return false;
@@ -110,6 +113,9 @@ bool KeptParticipant::begin_anew() {
     if (clipboard->ownsClipboard()) {
         clipboard->clear();
     }
+    if (clipboard->ownsSelection()) {  // what was last marked, where the desktop has that
+        clipboard->clear(QClipboard::Selection);
+    }
     return true;
 }
 
@@ -132,12 +138,25 @@ void KeptParticipant::open(const QString& path) {
         return;
     }
     remember_folder(&window_, path);
+    module_.visit.choices = std::exchange(entries.choices, {});
+    type(std::move(entries));
+    keep(path);
+}
+
+void KeptParticipant::enter(const Entries& entries) {
+    for (const ScreenId id : order_to_the_menu()) {
+        module_.screens.close(id);
+    }
+    window_.show(ScreenId::frmdist);
+    type(entries);
+}
+
+void KeptParticipant::type(Entries entries) {
     opened_ = std::move(entries);
     window_.show(ScreenId::frmdist1);
     while (std::exchange(goes_on_, false)) {
         window_.visible_screen()->press_next();
     }
-    keep(path);
 }
 
 void KeptParticipant::fill(ScreenId id) {

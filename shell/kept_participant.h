@@ -34,10 +34,13 @@ public:
     // A screen was made: enters what the file that was opened has for it.
     void fill(ScreenId id);
 
-private:
     Entries entered() const;
+    void enter(const Entries& entries);
+
+private:
     bool has_changed() const { return !path_.isEmpty() && entered() != kept_; }
     void keep(const QString& path);
+    void type(Entries entries);
     void forget_file();
 
     MainWindow& window_;

@@ -232,6 +232,14 @@ void MainWindow::new_participant() {
     kept_->begin_anew();
 }
 
+Entries MainWindow::entered() const {
+    return kept_->entered();
+}
+
+void MainWindow::enter(const Entries& entries) {
+    kept_->enter(entries);
+}
+
 void MainWindow::open_file(const QString& path) {
     if (screen_of(ScreenId::frmdist) == nullptr) {
         kept_->open_at_the_menu(path);

@@ -51,6 +51,8 @@ public:
     void save_participant(bool under_another_name) override;
     void open_participant() override;
     void new_participant() override;
+    Entries entered() const override;
+    void enter(const Entries& entries) override;
 
     // The result of a question as a MessageDialog gives it.
     int ask_to_save(const QString& text);

@@ -71,6 +71,7 @@ QString chosen_file(QFileDialog& dialog, const FileKind& kind, const QString& pr
     QWidget* main_window = dialog.parentWidget();
     dialog.setObjectName(QString::fromLatin1(kind.dialog));
     dialog.setNameFilter(kind.names);
+    dialog.setDefaultSuffix(kind.suffix);
     dialog.setDirectory(folder_to_offer(main_window));
     dialog.selectFile(proposed);
     const bool accepted = dialog.exec() == QDialog::Accepted;
@@ -95,7 +96,6 @@ QString ask_where_to_save(QWidget* window, const QString& title, const QString& 
                           const FileKind& kind) {
     QFileDialog dialog(window->window(), title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(kind.suffix);
     return chosen_file(dialog, kind, name + u'.' + kind.suffix);
 }
 

@@ -86,17 +86,20 @@ QStringList year_entries(const std::vector<int>& years) {
 namespace control {
 
 QPushButton* button(const QString& text, const char* name) {
-    auto* button = new QPushButton(text);
+    auto* button = new QPushButton;
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(true);
     button->setFixedHeight(theme::button_height());
-    if (theme::large_text()) {  // the style's least width leaves no room for longer captions beside it
-        button->setMinimumWidth(button->fontMetrics().size(Qt::TextShowMnemonic, text).width() +
-                                2 * theme::button_padding() + 2);
-    } else {
-        button->setMinimumWidth(9 * theme::grid);
-    }
+    set_caption(button, text);
     return button;
+}
+
+void set_caption(QPushButton* button, const QString& text) {
+    constexpr int usual = 8 * theme::grid;
+    const int words = button->fontMetrics().size(Qt::TextShowMnemonic, text).width();
+    const int needed = words + 2 * theme::button_padding() + 2;
+    button->setText(text);
+    button->setMinimumWidth(theme::large_text() ? needed : std::max(usual, needed));
 }
 
 void make_default(QPushButton* button) {

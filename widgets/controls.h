@@ -26,6 +26,7 @@ QStringList year_entries(const std::vector<int>& years);    // "2020", ...
 namespace control {
 
 QPushButton* button(const QString& text, const char* name);
+void set_caption(QPushButton* button, const QString& text);
 // What acts is filled: Next, and the OK of a note.
 void make_default(QPushButton* button);
 // A picture that acts: a button for the mouse, the keyboard and screen readers.

@@ -60,7 +60,9 @@ public:
         if (chosen) {
             painter->fillRect(cell.rect, strong ? colors.filled : colors.selected);
         }
-        painter->setFont(changed ? bold(cell.font) : cell.font);
+        QFont font = changed ? bold(cell.font) : cell.font;
+        font.setItalic(index.data(supposed_role).toBool());
+        painter->setFont(font);
         painter->setPen(strong ? colors.on_filled : changed ? colors.accent : colors.text);
         const int right = close_ ? theme::grid / 2 : theme::grid;
         const int left = (close_ ? close_padding : usual_padding) - right;

@@ -30,11 +30,10 @@ QPen line_pen(const QColor& color, int set, double width) {
 // Of about the same size.
 QCPScatterStyle marker(int set, const QColor& line, const QColor& inside, double scale = 1.0) {
     constexpr std::pair<QCPScatterStyle::ScatterShape, double> shapes[] = {
-        {QCPScatterStyle::ssCircle, 8.0},
-        {QCPScatterStyle::ssSquare, 7.5},
-        {QCPScatterStyle::ssTriangle, 9.5},
-        {QCPScatterStyle::ssDiamond, 11.0}};
-    const auto [shape, size] = shapes[set % 4];
+        {QCPScatterStyle::ssCircle, 8.0},           {QCPScatterStyle::ssSquare, 7.5},
+        {QCPScatterStyle::ssTriangle, 9.5},         {QCPScatterStyle::ssDiamond, 11.0},
+        {QCPScatterStyle::ssTriangleInverted, 9.5}, {QCPScatterStyle::ssCrossSquare, 8.5}};
+    const auto [shape, size] = shapes[set % 6];
     return {shape, QPen(line, 1.5), inside, scale * size};
 }
 

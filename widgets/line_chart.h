@@ -16,7 +16,7 @@ class LineChart : public Chart {
 public:
     LineChart(const char* name, const QString& accessible_name) : Chart(name, accessible_name) {}
 
-    // May be called again; no line is chosen then. Up to four are told apart.
+    // May be called again; no line is chosen then. Up to six are told apart.
     void show_lines(const LineData& lines) { show_data(lines, Order::by_set); }
     static constexpr int no_line = -1;
     // After show_lines: draws this line, from 0 on, stronger, and the keys go on from it; with the

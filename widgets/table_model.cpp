@@ -26,6 +26,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
             return begins_group(row);
         case changed_role:
             return changed(row, column);
+        case supposed_role:
+            return supposed(row);
         default:
             return {};
     }

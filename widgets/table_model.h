@@ -12,6 +12,7 @@ enum TableRole {
     brief_role,                     // the text where there is no room for the whole one
     new_group_role,                 // true in rows that a fine line parts from the row above
     changed_role,                   // true in cells whose change against the row above is pointed out
+    supposed_role,                  // true in rows of what only could be, which are in italics
 };
 
 class TableModel : public QAbstractTableModel {
@@ -36,6 +37,7 @@ protected:
     virtual QString brief(int row, int column) const { return text(row, column); }
     virtual bool begins_group(int /*row*/) const { return false; }
     virtual bool changed(int /*row*/, int /*column*/) const { return false; }
+    virtual bool supposed(int /*row*/) const { return false; }
 };
 
 }  // namespace kelvar

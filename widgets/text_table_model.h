@@ -17,8 +17,9 @@ public:
     };
     struct Cell {
         QString text;
-        QString plain{};  // for other programs, as "734.30" for "$734.30"; empty: the text
-        QString brief{};  // where there is no room for the text, as "$734"; empty: the text
+        QString plain{};        // for other programs, as "734.30" for "$734.30"; empty: the text
+        QString brief{};        // where there is no room for the text, as "$734"; empty: the text
+        bool supposed = false;  // of the first one: the row is of what only could be
     };
 
     TextTableModel(std::vector<Column> columns, QObject* parent);
@@ -34,6 +35,7 @@ protected:
     QString text(int row, int column) const override;
     QString plain(int row, int column) const override;
     QString brief(int row, int column) const override;
+    bool supposed(int row) const override { return cell(row, 0).supposed; }
 
 private:
     const Cell& cell(int row, int column) const;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/ages.h"
+#include "core/first_that.h"
 #include "core/numbers.h"
 #include "core/plan.h"
 #include "input/rules/birth_date.h"
@@ -16,23 +17,6 @@
 namespace kelvar {
 
 namespace {
-
-// The first of the whole numbers from 1 to `last` that passes, when all after it pass as well;
-// `last` + 1 when none does.
-template <class Passes>
-std::int64_t first_that(std::int64_t last, Passes passes) {
-    std::int64_t first = 1;
-    std::int64_t end = last + 1;
-    while (first < end) {
-        const std::int64_t middle = first + (end - first) / 2;
-        if (passes(middle)) {
-            end = middle;
-        } else {
-            first = middle + 1;
-        }
-    }
-    return first;
-}
 
 std::int64_t cents_of(double dollars) {
     return static_cast<std::int64_t>(whole_cents(dollars).count);
@@ -114,6 +98,15 @@ std::optional<double> least_amount(const Scenario& scenario, Database& database,
         const LengthEntry entry{.option = by_dollar_amount, .amount = amount};
         return !chk_fld(entry, tried, database, today);
     });
+}
+
+std::optional<Scenario> with_amount(const Scenario& scenario, Database& database, Date today) {
+    Scenario tried = scenario;
+    const auto least = least_amount(scenario, database, today);
+    const bool accepted =
+        least && !chk_fld({.option = by_dollar_amount, .amount = least}, tried, database, today);
+    tried.length_option = by_dollar_amount;
+    return accepted ? std::optional{tried} : std::nullopt;
 }
 
 std::optional<int> payments_over_life(const Scenario& scenario, Database& database, Date today) {

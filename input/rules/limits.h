@@ -37,6 +37,10 @@ std::optional<double> least_partial_amount(const Scenario& scenario, Database& d
 std::optional<int> most_payments(const Scenario& scenario, Database& database, Date today);
 std::optional<double> least_amount(const Scenario& scenario, Database& database, Date today);
 
+// The scenario with the longest payments of a dollar amount that Next accepts, as it stores it; nothing
+// where no amount is accepted.
+std::optional<Scenario> with_amount(const Scenario& scenario, Database& database, Date today);
+
 // The number of payments that the life expectancy gives, the participant's own or the one with the
 // spouse whose date of birth stands in a box (MM/DD/YYYY). Nothing while there is no frequency or no
 // acceptable spouse, and where the table does not have the age.

@@ -57,8 +57,13 @@ void set_style(QTextDocument& document) {
 
 void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     document.documentLayout()->setPaintDevice(&device);
-    document.setPageSize(body_of(device).size());
+    const QSizeF page = body_of(device).size();
+    document.setPageSize(page);
     document.setLayoutEnabled(true);
+    // A table wider than the page makes all of it smaller, rather than lose its last figures.
+    if (const double wide = document.size().width() / page.width(); wide > 1.0) {
+        document.setPageSize(page * wide);
+    }
 }
 
 PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count, PageCounter* counter)
@@ -99,11 +104,13 @@ void PagePainter::finish() {
 }
 
 void PagePainter::draw(const QTextDocument& document, int page) {
-    const double top = page * body_.height();
+    const double top = page * document.pageSize().height();
+    const double scale = body_.width() / document.pageSize().width();
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = body_.translated(0.0, top);
+    context.clip = QRectF({0.0, top}, document.pageSize());
     context.palette.setColor(QPalette::Text, Qt::black);
     painter_.save();
+    painter_.scale(scale, scale);
     painter_.translate(0.0, -top);
     painter_.setClipRect(context.clip);
     document.documentLayout()->draw(&painter_, context);
@@ -122,8 +129,11 @@ void PagePainter::draw_footer(const QString& title) {
     const auto put = [&](Qt::Alignment side, const QString& text) {
         painter_.drawText(first_line, static_cast<int>(side | Qt::AlignBottom), text);
     };
-    put(Qt::AlignLeft, u"Printed "_s + to_qt(date_text(printed_)));
-    put(Qt::AlignHCenter, title);
+    const QString printed = u"Printed "_s + to_qt(date_text(printed_));
+    const double side = painter_.fontMetrics().horizontalAdvance(printed + u"    "_s);
+    put(Qt::AlignLeft, printed);
+    put(Qt::AlignHCenter, painter_.fontMetrics().elidedText(title, Qt::ElideRight,
+                                                            static_cast<int>(area.width() - 2 * side)));
     put(Qt::AlignRight, u"Page %1 of %2"_s.arg(page_).arg(page_count_));
     painter_.drawText(area, Qt::AlignHCenter | Qt::AlignBottom, QString::fromUtf16(estimate_note));
     painter_.restore();

@@ -22,10 +22,6 @@ PrintButtons::PrintButtons(NavigationRow* navigation) : QObject(navigation), nav
     offer(u"Print with &Options..."_s, Destination::print_dialog);
     offer(u"Pre&view..."_s, Destination::preview);
     cmdprintmenu = control::picture(u"down"_s, u"More: how and what to print"_s, "cmdprintmenu");
-    if (!theme::large_text()) {
-        cmdprintmenu->setText(u"More"_s);
-        cmdprintmenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    }
     cmdprintmenu->setPopupMode(QToolButton::InstantPopup);
     cmdprintmenu->setMenu(menu_);
     control::press_with(Qt::CTRL | Qt::Key_P, cmdprint, navigation->parentWidget());

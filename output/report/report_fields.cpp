@@ -55,10 +55,9 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"total_paid", &ReportValues::total_paid},
     {"spread", &ReportValues::spread}};
 constexpr std::pair<const char*, std::vector<NamedTexts> ReportValues::*> result_lists[] = {
-    {"notes", &ReportValues::notes},
-    {"ledger", &ReportValues::ledger},
-    {"years", &ReportValues::years},
-    {"rates", &ReportValues::rates}};
+    {"notes", &ReportValues::notes},     {"ledger", &ReportValues::ledger},
+    {"years", &ReportValues::years},     {"rates", &ReportValues::rates},
+    {"choices", &ReportValues::choices}, {"even", &ReportValues::even}};
 
 // What says nothing is false.
 mustache::data text_or_false(const std::string& text) {

@@ -54,6 +54,10 @@ struct ReportValues {
     // rate, then reason where there are no payments, else first_value, first_amount, full_year_amount,
     // payments, last_month, last_age, earnings, fees, paid
     std::vector<NamedTexts> rates;
+    // number, name, rate, then reason where there are no payments, else lump_sum, first_amount,
+    // full_year_amount, payments, last_month, last_age, earnings, fees, paid
+    std::vector<NamedTexts> choices;
+    std::vector<NamedTexts> even;                           // sentence: when which choice has paid more
     std::function<void(QPainter&, const QRectF&)> chart{};  // paints into a place of the page
 };
 

@@ -1,5 +1,6 @@
 #include "output/result/frmcompare.h"
 
+#include <QCheckBox>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include "engine/chart_rules.h"
 #include "output/report/page_painter.h"
 #include "output/result/cells.h"
+#include "output/result/price_line.h"
 #include "output/result/printed_values.h"
 #include "shell/saved_file.h"
 #include "widgets/grid.h"
@@ -34,6 +36,11 @@ bool is_complete(const ComparedRate& rate) {
     return rate.outcome == Outcome::complete;
 }
 
+// Those chosen are at most four, which can be told apart.
+bool has_line(const ComparedRate& rate) {
+    return is_complete(rate) && !rate.added && !rate.fallen;
+}
+
 }  // namespace
 
 frmcompare::frmcompare(Module1& module1)
@@ -48,10 +55,24 @@ frmcompare::frmcompare(Module1& module1)
     lblspread = theme::label({}, theme::Role::body, "lblspread");
     lblspread->setWordWrap(true);
     content()->addWidget(lblspread);
+    chkfall = new QCheckBox(u"Also after a fall of &20%"_s);
+    chkfall->setObjectName(u"chkfall"_s);
+    chkzero = new QCheckBox(u"Also if it earns &nothing"_s);
+    chkzero->setObjectName(u"chkzero"_s);
+    QBoxLayout* what_if = control::row();
+    for (QCheckBox* box : {chkfall, chkzero}) {
+        what_if->addWidget(box);
+        connect(box, &QCheckBox::toggled, this, [this] { compute(); });
+    }
+    what_if->addStretch(1);
+    prices_ = new PriceLine(this);
+    what_if->addWidget(prices_->list());
+    content()->addLayout(what_if);
     grphcompare =
         new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
     content()->addWidget(grphcompare, 1);
     content()->addStretch(0);  // where there are no lines to draw
+    content()->addWidget(prices_->sentence());
     content()->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
     build_buttons();
 }
@@ -83,13 +104,26 @@ void frmcompare::build_buttons() {
 }
 
 void frmcompare::load() {
-    const Hourglass hourglass;
-    comparison_ = compare(scenario, module.visit.projected_on);
     lblsub->setText(to_qt(title_with_frequency(scenario)) + u", "_s +
                     to_qt(money_text(scenario.present_value)) + u" today"_s);
+    compute();
+}
+
+void frmcompare::compute() {
+    const Hourglass hourglass;
+    comparison_ = compare(scenario, module.visit.projected_on,
+                          {.falls = chkfall->isChecked(), .earns_nothing = chkzero->isChecked()});
     lblspread->setText(to_qt(spread_text(scenario, comparison_)));
     show_lines();
     show_rates();
+}
+
+int frmcompare::chosen_rate(int row) const {
+    const auto first = comparison_.rates.begin();
+    const auto chosen = [](const ComparedRate& rate) { return !rate.added && !rate.fallen; };
+    return comparison_.rates[static_cast<std::size_t>(row)].added
+               ? -1
+               : static_cast<int>(std::count_if(first, first + row + 1, chosen)) - 1;
 }
 
 void frmcompare::show_rates() {
@@ -97,6 +131,7 @@ void frmcompare::show_rates() {
     for (const ComparedRate& rate : comparison_.rates) {
         auto cells = text_cells(rate_texts(rate), rate_texts(rate, true));
         spare_cents(cells, {1, 7, 8, 9});  // what is not an amount of one payment
+        cells[0].supposed = rate.added || rate.fallen;
         rows.push_back(std::move(cells));
     }
     rows_->show_rows(std::move(rows));
@@ -106,7 +141,13 @@ void frmcompare::show_rates() {
         }
     }
     grdcompare->show_all_rows();
-    grdcompare->setCurrentIndex(rows_->index(std::exchange(module.visit.compared_rate, -1), 0));
+    const int wished = std::exchange(module.visit.compared_rate, -1);
+    for (int row = 0; row < rows_->rowCount(); ++row) {
+        if (chosen_rate(row) == std::max(0, wished)) {
+            grdcompare->setCurrentIndex(rows_->index(row, 0));
+            break;
+        }
+    }
 }
 
 void frmcompare::show_lines() {
@@ -114,7 +155,7 @@ void frmcompare::show_lines() {
     double highest = 0.0;
     std::size_t years = 0;
     for (const ComparedRate& rate : comparison_.rates) {
-        if (is_complete(rate)) {
+        if (has_line(rate)) {
             lines_.sets.push_back({to_qt(rate_text(rate.rate, lump_sum)), rate.balances});
             highest = std::max(highest, std::ranges::max(rate.balances));
             years = std::max(years, rate.balances.size());
@@ -140,12 +181,15 @@ void frmcompare::follow_row() {
         return;
     }
     const auto row = comparison_.rates.begin() + current.row();
-    const auto lines_above = std::count_if(comparison_.rates.begin(), row, is_complete);
-    grphcompare->choose(is_complete(*row) ? static_cast<int>(lines_above) : LineChart::no_line);
+    const auto lines_above = std::count_if(comparison_.rates.begin(), row, has_line);
+    grphcompare->choose(has_line(*row) ? static_cast<int>(lines_above) : LineChart::no_line);
+    prices_->show_result(
+        row->fallen ? after_fall(scenario) : scenario,
+        project(row->fallen ? after_fall(scenario) : scenario, row->rate, comparison_.today));
 }
 
 void frmcompare::show_schedule() {
-    module.visit.compared_rate = grdcompare->currentIndex().row();
+    module.visit.compared_rate = chosen_rate(grdcompare->currentIndex().row());
     go_previous();
 }
 

@@ -5,9 +5,12 @@
 #include "shell/screen.h"
 #include "widgets/line_chart.h"
 
+class QCheckBox;
+
 namespace kelvar {
 
 class Grid;
+class PriceLine;
 class TextTableModel;
 
 // The payments at each chosen rate side by side, and how the balance goes down. A rate that is picked
@@ -26,6 +29,9 @@ private:
     void show_lines();
     void follow_row();
     void show_schedule();
+    void compute();
+    // The chosen rate that a row is about, from 0 on; -1 for one that nobody chose.
+    int chosen_rate(int row) const;
     QString file_name() const;
     PrintJob print_job() const;
 
@@ -35,6 +41,9 @@ private:
     Grid* grdcompare = nullptr;
     LineChart* grphcompare = nullptr;
     QLabel* lblspread = nullptr;
+    QCheckBox* chkfall = nullptr;
+    QCheckBox* chkzero = nullptr;
+    PriceLine* prices_ = nullptr;
     TextTableModel* rows_ = nullptr;
 };
 

@@ -44,6 +44,7 @@ frmlump::frmlump(Module1& module1) : ResultScreen(module1, ScreenId::frmlump, "f
     beside->addStretch(1);
     row->addLayout(beside, 2);
     set_result(result);
+    add_result_buttons();
     add_menu_button();
 }
 

@@ -144,6 +144,9 @@ NamedTexts named(const char* const (&names)[size], const std::array<std::string,
 constexpr const char* rate_columns[] = {"rate",     "first_value", "first_amount", "full_year_amount",
                                         "payments", "last_month",  "last_age",     "earnings",
                                         "fees",     "paid"};
+constexpr const char* choice_columns[] = {
+    "name",     "rate",     "lump_sum", "first_amount", "full_year_amount", "payments", "last_month",
+    "last_age", "earnings", "fees",     "paid"};
 constexpr const char* year_columns[] = {"year",     "age",  "payments", "beginning",
                                         "earnings", "fees", "paid",     "ending"};
 
@@ -236,6 +239,23 @@ ReportValues printed_comparison(const Scenario& scenario, const Comparison& comp
         values.rates.back().emplace_back("reason", complete ? "" : texts[1]);
     }
     values.wide = has_long_amount(values.rates);
+    return values;
+}
+
+ReportValues printed_choices(const Scenario& scenario, const Choices& choices) {
+    ReportValues values;
+    values.participant = scenario.name;
+    values.date = date_text(choices.today);
+    for (const ChosenResult& result : choices.results) {
+        NamedTexts texts = named(choice_columns, choice_texts(result));
+        texts.emplace_back("number", std::to_string(values.choices.size() + 1));
+        texts.emplace_back("reason", result.reason);
+        values.choices.push_back(std::move(texts));
+    }
+    for (const std::string& sentence : even_texts(choices)) {
+        values.even.push_back({{"sentence", sentence}});
+    }
+    values.wide = has_long_amount(values.choices);
     return values;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/records.h"
+#include "engine/choices.h"
 #include "engine/comparison.h"
 #include "engine/projection.h"
 #include "output/report/report_values.h"
@@ -15,5 +16,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
 
 // Without a chart.
 ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison);
+// The same; `scenario` says whose they are.
+ReportValues printed_choices(const Scenario& scenario, const Choices& choices);
 
 }  // namespace kelvar

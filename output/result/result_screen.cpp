@@ -7,9 +7,12 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStackedWidget>
+#include <algorithm>
 
+#include "engine/choices.h"
 #include "engine/headline.h"
 #include "engine/result_texts.h"
+#include "input/rules/entries.h"
 #include "output/report/report_templates.h"
 #include "output/result/printed_values.h"
 #include "shell/saved_file.h"
@@ -70,6 +73,7 @@ ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
         content()->addWidget(summary_);
     }
     build_buttons();
+    build_choices();
 }
 
 void ResultScreen::build_values() {
@@ -78,7 +82,7 @@ void ResultScreen::build_values() {
     values_->setContentsMargins(2 * theme::grid, 6, 2 * theme::grid, 6);
     values_->setHorizontalSpacing(2 * theme::grid);
     values_->setVerticalSpacing(2);
-    values_->setColumnMinimumWidth(2, 2 * theme::grid);
+    values_->setColumnMinimumWidth(2, theme::grid);
     values_->setColumnStretch(5, 1);  // spare room is at the right
 }
 
@@ -95,6 +99,50 @@ void ResultScreen::build_buttons() {
         const Table table = shown_table();
         print_buttons->say(save_csv(module, this, file_name(table.title), csv(*table.rows)));
     });
+}
+
+void ResultScreen::build_choices() {
+    cmdkeep_ = control::button(u"&Keep"_s, "cmdkeep");
+    cmdkeep_->setToolTip(u"Keeps this result, to be set beside others"_s);
+    cmdchoices_ = control::button({}, "cmdchoices");
+    connect(cmdkeep_, &QPushButton::clicked, this, [this] { keep(); });
+    connect(cmdchoices_, &QPushButton::clicked, this,
+            [this] { module.screens.show(ScreenId::frmchoices); });
+    name_choices();
+}
+
+void ResultScreen::name_choices() {
+    const std::size_t count = module.visit.choices.size();
+    control::set_caption(cmdchoices_, u"Ch&oices (%1)"_s.arg(count));
+    cmdchoices_->setEnabled(count > 0 && module.screens.offers(ScreenId::frmchoices));
+}
+
+void ResultScreen::keep() {
+    std::vector<Entries>& choices = module.visit.choices;
+    Entries result = module.screens.entered();
+    result.choices.clear();
+    result.name.reset();
+    const auto same = std::ranges::find(choices, result);
+    if (same == choices.end() && choices.size() == most_choices) {
+        QStringList names;
+        for (const Entries& choice : choices) {
+            const Scenario kept = kelvar::enter(choice, module.database(), today, true).scenario;
+            names << u"%1: %2"_s.arg(names.size() + 1).arg(to_qt(choice_name(kept)));
+        }
+        module.report(
+            "Six results are kept. Press Choices and let one of them go with Delete first:\n\n" +
+            to_utf8(names.join(u'\n')));
+        return;
+    }
+    const auto number = same - choices.begin() + 1;
+    const bool was_kept = same != choices.end();
+    if (!was_kept) {
+        choices.push_back(result);
+    }
+    print_buttons->say((was_kept ? u"Kept already as %1: %2 at %3."_s : u"Kept as %1: %2 at %3."_s)
+                           .arg(number)
+                           .arg(to_qt(choice_name(scenario)), cmbrate->currentText().trimmed()));
+    name_choices();
 }
 
 void ResultScreen::add_menu_button() {
@@ -157,12 +205,29 @@ QFrame* ResultScreen::rate_list() {
     return Frame1;
 }
 
-void ResultScreen::add_beside_rates(QPushButton* button) {
-    rates_row_->addWidget(button);
-    setTabOrder(cmbrate, button);
+// Where type is large, what is not looked for at once stands below the result.
+void ResultScreen::add_result_buttons(QPushButton* first) {
+    QWidget* before = cmbrate;
+    if (first != nullptr) {
+        rates_row_->addWidget(first);
+        setTabOrder(cmbrate, first);
+        before = first;
+    }
+    if (theme::large_text()) {
+        auto* row = new QHBoxLayout;
+        row->addWidget(cmdkeep_);
+        row->addWidget(cmdchoices_);
+        row->addStretch(1);
+        content()->addLayout(row);
+        return;
+    }
+    rates_row_->addWidget(cmdkeep_);
+    setTabOrder(before, cmdkeep_);
+    navigation()->add_left(cmdchoices_);
 }
 
 void ResultScreen::activate() {
+    name_choices();
     if (!computed_) {
         computed_ = true;
         get_value();
@@ -236,6 +301,7 @@ void ResultScreen::set_result(QWidget* result) {
 
 void ResultScreen::get_cover(const QString& reason) {
     print_buttons->say({});
+    cmdkeep_->setEnabled(false);
     lblheadline->clear();
     lblcover->setText(reason);
     result_->setCurrentWidget(lblcover);
@@ -243,6 +309,7 @@ void ResultScreen::get_cover(const QString& reason) {
 
 void ResultScreen::uncover() {
     print_buttons->say({});
+    cmdkeep_->setEnabled(true);
     result_->setCurrentIndex(result_->count() - 1);
 }
 

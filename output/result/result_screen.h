@@ -49,8 +49,9 @@ protected:
     void add_rate();
     // Chosen rate, percent per year.
     double chosen_rate() const;
-    // A button beside the rate list.
-    void add_beside_rates(QPushButton* button);
+    // Keep beside the rate list, behind another button if there is one, and Choices. Before what stands
+    // at the place of Next.
+    void add_result_buttons(QPushButton* first = nullptr);
     // The button for the next participant: last in the row of buttons, or where these leave no room for
     // it, below the result. After all other buttons.
     void add_menu_button();
@@ -80,6 +81,9 @@ private:
     QFrame* rate_list();
     void build_values();
     void build_buttons();
+    void build_choices();
+    void name_choices();
+    void keep();
     PrintJob print_job() const;
     QString file_name(const QString& title) const;
     void store_again_if_changed() const;
@@ -88,6 +92,8 @@ private:
     QGridLayout* values_ = nullptr;
     QBoxLayout* rates_row_ = nullptr;
     QLabel* lblheadline = nullptr;
+    QPushButton* cmdkeep_ = nullptr;
+    QPushButton* cmdchoices_ = nullptr;
     QStackedWidget* result_ = nullptr;
     QLabel* lblcover = nullptr;
     std::function<void()> store_;

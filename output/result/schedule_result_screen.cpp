@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/chart_rules.h"
+#include "engine/least_amount.h"
 #include "engine/result_texts.h"
 #include "engine/store.h"
 #include "output/result/schedule_view.h"
@@ -30,7 +31,7 @@ void ScheduleScreen::build_buttons() {
     pichart = control::picture(u"chart"_s, u"Chart"_s, "pichart");
     navigation()->add_left(cmdchart, pichart);
     cmdcompare = control::button(u"Co&mpare"_s, "cmdcompare");
-    add_beside_rates(cmdcompare);
+    add_result_buttons(cmdcompare);
     connect(cmdcompare, &QPushButton::clicked, this, [this] { compare_rates(); });
     add_menu_button();
     connect(cmdchart, &QPushButton::clicked, this, [this] { show_chart(); });
@@ -63,7 +64,7 @@ void ScheduleScreen::get_value() {
     const double rate = chosen_rate();
     module.visit.shown_rate = rate;
     if (rate_ceiling_ <= rate) {
-        get_cover(to_qt(no_result_text(Outcome::limit_exceeded)));
+        cover_limit(rate);
         module.report(limit_text_);
         return;
     }
@@ -103,9 +104,14 @@ void ScheduleScreen::show_result(const Projection& projection) {
 
 void ScheduleScreen::show_limit(double rate) {
     rate_ceiling_ = rate;
-    get_cover(to_qt(no_result_text(Outcome::limit_exceeded)));
+    cover_limit(rate);
     module.check_payments_exceed_life();
     limit_text_ = scenario.message_text;
+}
+
+// With what it takes instead.
+void ScheduleScreen::cover_limit(double rate) {
+    get_cover(to_qt(no_result_text(scenario, Outcome::limit_exceeded, rate, today)));
 }
 
 void ScheduleScreen::get_cover(const QString& reason) {

@@ -36,6 +36,7 @@ private:
     Outcome compute(double rate);
     void show_result(const Projection& projection);
     void show_limit(double rate);
+    void cover_limit(double rate);
     void get_cover(const QString& reason) override;
     void dis_mnu(int what);
     void compare_rates();

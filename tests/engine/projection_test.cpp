@@ -14,6 +14,7 @@
 #include "engine/comparison.h"
 #include "engine/explanation.h"
 #include "engine/headline.h"
+#include "engine/least_amount.h"
 #include "engine/result_texts.h"
 #include "engine/store.h"
 #include "engine/years.h"
@@ -382,6 +383,25 @@ Scenario with(Scenario scenario, std::int16_t frequency, std::int16_t length_opt
     scenario.number_of_payments = static_cast<std::int16_t>(number);
     scenario.fixed_amount = 22000.0 / frequency;
     return scenario;
+}
+
+TEST(LeastAmount, CompletesAndACentLessDoesNot) {
+    const Date today = 2020y / 1 / 15;
+    RandomScenarios random;
+    for (int i = 0; i < 300; ++i) {
+        Scenario scenario = random.next();
+        scenario.length_option = by_dollar_amount;
+        const double rate = random.rate();
+        const auto least = least_complete_amount(scenario, rate, today);
+        scenario.fixed_amount = least.value_or(largest_amount);
+        EXPECT_EQ(
+            project(scenario, rate, today).outcome == Outcome::complete && scenario.method != lump_sum,
+            least.has_value());
+        scenario.fixed_amount = round_to_cents(scenario.fixed_amount - 0.01);
+        if (least > 0.01) {
+            EXPECT_EQ(project(scenario, rate, today).outcome, Outcome::limit_exceeded);
+        }
+    }
 }
 
 TEST(Headline, SaysTheResultInOneSentence) {

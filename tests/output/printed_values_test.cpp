@@ -212,7 +212,7 @@ TEST(PrintedValues, ARateWithoutPaymentsSaysWhy) {
     EXPECT_EQ(values.rates[0].size(), 11u);
     EXPECT_EQ(joined(values.rates[1]),
               "9% At this rate of return the payments would outlast your life expectancy or minimum "
-              "distribution years. ");
+              "distribution years. To end in time it takes $2,100.46 a month at 9%. ");
 }
 
 }  // namespace

@@ -37,7 +37,8 @@ const Entries ann{.name = "Ann \"Nan\" Müller",
                   .spouse_birth_date = year{1972} / 12 / 31,
                   .selected_rates = {{5, 6.5}},
                   .all_rates = false,
-                  .shown_rate = 6.5};
+                  .shown_rate = 6.5,
+                  .choices = {{.method = lump_sum}, {.method = periodic_payments, .shown_rate = 5}}};
 const std::string ann_text = R"({
     "format": 1,
     "name": "Ann \"Nan\" Müller",
@@ -57,7 +58,16 @@ const std::string ann_text = R"({
     "spouse_birth_date": "12/31/1972",
     "selected_rates": [5, 6.5],
     "all_rates": false,
-    "shown_rate": 6.5
+    "shown_rate": 6.5,
+    "choices": [
+        {
+            "method": "lump sum"
+        },
+        {
+            "method": "periodic payments",
+            "shown_rate": 5
+        }
+    ]
 }
 )";
 
@@ -126,13 +136,29 @@ TEST(ParticipantFile, SaysWhatIsWrongAndWhere) {
                       refused + line.substr(0, arrow) + '.');
         }
     }
+    const std::string not_choices =
+        "\"choices\" in line 1 must be a list of at most six results in braces";
+    const auto with = [](const std::string& choices) {
+        return "{\"format\": 1, \"choices\": " + choices + "}";
+    };
     const std::pair<std::string, std::string> texts[] = {
+        {with("{}"), not_choices},
+        {with("[5]"), not_choices},
+        {with("[[]]"), not_choices},
+        {with("[{},{},{},{},{},{},{}]"), not_choices},
+        {with("[{\"name\": \"Ann\"}]"), "\"name\" in line 1 is unknown"},
+        {with("[{\"method\": {}}]"),
+         "\"method\" in line 1 must be one of \"lump sum\", \"periodic payments\", \"amount certain "
+         "with "
+         "periodic payments\""},
+        {with("[{\"frequency\": \"Monthly\", \"frequency\": \"Monthly\"}]"),
+         "\"frequency\" in line 1 is there twice"},
         {"", "line 1 cannot be read as JSON"},
         {"{\n\"name\": \"\xFF\"}", "line 2 cannot be read as JSON"},
         {"{\n\"name\": \"a\nb\"}", "line 2 cannot be read as JSON"},
         {"{\n\"shown_rate\": NaN\n", "line 2 cannot be read as JSON"},
-        {ann_text + std::string(1, '\0'), "line 22 cannot be read as JSON"},
-        {ann_text + "{}", "line 22 cannot be read as JSON"},
+        {ann_text + std::string(1, '\0'), "line 31 cannot be read as JSON"},
+        {ann_text + "{}", "line 31 cannot be read as JSON"},
         {std::string(10'000, '['), "it must begin with \"{\""},
         {"{\"format\": 2, \"colour\": 1}",
          "\"format\" in line 1 must be 1, the only format that this version of Kelvar reads"},

@@ -143,6 +143,7 @@ class Walk:
         )
         self.payments_and_years()
         self.comparison()
+        self.choices()
         self.chart_of_periodic_payments()
         reader.key("Alt", "w")
         self.hear_menu()
@@ -197,6 +198,18 @@ class Walk:
         shown = [cell.split(": ")[1] for cell in cells_of(table, 0)]
         expect(shown[:5], ["5%", "$256,270.90", "$734.30", "$3,090.02", "349"])
         expect(shown[5:], ["7/2049", "99", "$331,157.41", "$2,361.42", "$578,796.05"])
+        reader.key("Escape")
+        self.hear("frmperio", "Distribution Schedule", "Annual Rate of Return")
+
+    def choices(self):
+        reader = self.reader
+        reader.key("Alt", "k")
+        reader.find("Kept as 1: monthly over *")
+        reader.key("Alt", "o")
+        self.hear("frmchoices", "Comparison of Choices", "Paid so far")
+        table = reader.find("The results kept side by side", Role.TABLE)
+        shown = [cell.split(": ", 1)[1] for cell in cells_of(table, 0)]
+        expect(shown[1:4], ["5%", "", "$734.30"])
         reader.key("Escape")
         self.hear("frmperio", "Distribution Schedule", "Annual Rate of Return")
 

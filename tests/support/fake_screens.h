@@ -32,6 +32,8 @@ public:
     void save_participant(bool) override {}
     void open_participant() override {}
     void new_participant() override {}
+    Entries entered() const override { return {}; }
+    void enter(const Entries&) override {}
 };
 
 }  // namespace kelvar::test

@@ -58,6 +58,22 @@ const std::vector<Station>& stations() {
              go_to_result(program, "optmethod_1");
              program.click("cmdcompare");
          }},
+        {"frmchoices",
+         [](UiTest& program) {
+             go_to_result(program, "optmethod_0");
+             program.click("cmdkeep");
+             program.click("cmdprev");
+             program.click("cmdprev");
+             program.click("optmethod_2");
+             program.enter("txtpartial", u"40000"_s);
+             program.click("chkpartial_1");
+             program.click("Cmdnext");
+             program.click("optlength_2");
+             program.click("Cmdnext");
+             program.click("Cmdnext");
+             program.click("cmdkeep");
+             program.click("cmdchoices");
+         }},
         {"frmcperi",
          [](UiTest& program) {
              go_to_result(program, "optmethod_1");

@@ -32,9 +32,10 @@ QString shown_page(const HelpWindow& help) {
 TEST(Help, HasAPageForEveryScreenAndNoDeadLinks) {
     HelpWindow help(QStringLiteral(KELVAR_HELP_FILE));
     auto* pages = help.findChild<QTextBrowser*>(u"helppages"_s);
-    QStringList open{u"frmdist"_s,  u"frmdist1"_s, u"frmdist2"_s, u"frmdist3"_s,   u"frmdrate"_s,
-                     u"frmlump"_s,  u"frmperio"_s, u"frmparti"_s, u"frmcompare"_s, u"frmcperi"_s,
-                     u"frmcpart"_s, u"frmvang"_s,  u"frmvang1"_s, u"frmlife"_s,    u"index"_s};
+    QStringList open{u"frmdist"_s,    u"frmdist1"_s,   u"frmdist2"_s, u"frmdist3"_s,
+                     u"frmdrate"_s,   u"frmlump"_s,    u"frmperio"_s, u"frmparti"_s,
+                     u"frmcompare"_s, u"frmchoices"_s, u"frmcperi"_s, u"frmcpart"_s,
+                     u"frmvang"_s,    u"frmvang1"_s,   u"frmlife"_s,  u"index"_s};
     QStringList seen;
     QStringList naming_limits;  // pages that link to what is not worked out
     const QRegularExpression link(u"href=\"([a-z0-9_]+)\\.html[#\"]"_s);

@@ -12,6 +12,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/numbers.h"
+#include "engine/projection.h"
+#include "engine/result_texts.h"
+#include "input/rules/entries.h"
 #include "tests/support/sql.h"
 #include "tests/support/ui_harness.h"
 #include "widgets/text.h"
@@ -118,6 +122,12 @@ TEST_F(Keeping, WhatWasTypedComesBackToTheCent) {
         EXPECT_EQ(screen_name(), screen) << c.name;
         EXPECT_EQ(find<QComboBox>("cmbrate")->currentText(), rate) << c.name;
         EXPECT_EQ(work_tables(), typed) << c.name;
+        const Entries entries = window->entered();
+        const Entered by_rules = kelvar::enter(entries, module->database(), today);
+        EXPECT_FALSE(by_rules.refused) << c.name;
+        EXPECT_EQ(text_of("lbltotalvalue").toStdString(),
+                  money_text(project(by_rules.scenario, *entries.shown_rate, today).total_paid))
+            << c.name;
         QTest::qWait(250);
         EXPECT_FALSE(window->isWindowModified()) << c.name;
         EXPECT_TRUE(take_messages().empty()) << c.name;

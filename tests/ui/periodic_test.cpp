@@ -241,12 +241,13 @@ TEST_F(Periodic, FixedAmountThatLasts) {
     click("optlength_1");
     enter("txtfixamount", u"2,500"_s);
     EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"2500.00"_s);
-    EXPECT_EQ(text_of("lblamountlimit"),
-              u"At least $715.93 a month, more if the account grows. Entered: $2,500.00"_s);
+    EXPECT_EQ(
+        text_of("lblamountlimit"),
+        u"At least $715.93 a month, more if the account grows. To end in time it takes $1,382.51 a month at 5% and $1,908.40 at 8%. Entered: $2,500.00"_s);
     enter("txtfixamount", u"250000.01"_s);
     EXPECT_EQ(
         text_of("lblamountlimit"),
-        u"At least $715.93 a month, more if the account grows. Entered: $250,000.01, above the balance; $250,000.00 counts"_s);
+        u"At least $715.93 a month, more if the account grows. To end in time it takes $1,382.51 a month at 5% and $1,908.40 at 8%. Entered: $250,000.01, above the balance; $250,000.00 counts"_s);
     click("Cmdnext");
     click("cmdprev");
     EXPECT_EQ(find<QLineEdit>("txtfixamount")->text(), u"250000.00"_s) << "no more than there is";

@@ -386,7 +386,6 @@ TEST_F(Printing, DialogsFitASmallDisplay) {
     }
     EXPECT_EQ(seen.join(u' ').toStdString(),
               "frmmsg frmmsg1 frmPortfolios  frmclaim savepdf printpreview");
-    EXPECT_EQ(find<QToolButton>("cmdprintmenu")->text(), u"More"_s);
     EXPECT_TRUE(find<QToolButton>("cmdprintmenu")->accessibleName().startsWith(u"More"_s));
 }
 

@@ -108,13 +108,15 @@ TEST_F(ScreenTest, TabFollowsTheReadingOrder) {
     click("cmdprev");
     click("chkrate_4");
     click("Cmdnext");
-    const QStringList result = QStringList{u"cmbrate"_s, u"cmdcompare"_s, u"summary"_s};
+    const QStringList result = QStringList{u"cmbrate"_s, u"cmdcompare"_s, u"cmdkeep"_s, u"summary"_s};
     const QStringList result_back{u"picprev"_s, u"cmdprev"_s, u"cmdmenu"_s, u"cmdclose"_s};
     expect_tab_order(result + QStringList{u"optview_0"_s, u"grddist"_s} + print + chart + result_back);
     click("optview_1");
     expect_tab_order(result + QStringList{u"optview_1"_s, u"grdyear"_s} + print + chart + result_back);
     click("cmdcompare");
-    expect_tab_order(QStringList{u"grdcompare"_s, u"grphcompare"_s} + print + back);
+    expect_tab_order(
+        QStringList{u"grdcompare"_s, u"chkfall"_s, u"chkzero"_s, u"cmbprices"_s, u"grphcompare"_s} +
+        print + back);
     click("cmdprev");
     click("cmdchart");
     expect_tab_order(QStringList{u"summary"_s, u"optchart_0"_s, u"grphsche"_s} + print + back);
