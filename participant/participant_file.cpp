@@ -198,6 +198,11 @@ std::optional<T> entry_of(const Value& value, const Field& field) {
     }
 }
 
+struct KeptResult {
+    Entries entries{};
+    std::set<std::string, std::less<>> found{};  // names
+};
+
 // Takes the text as the parser comes to its parts; the first fault ends it with a ParticipantFileError.
 class Reader : public nlohmann::json::json_sax_t {
 public:
@@ -343,11 +348,7 @@ private:
     std::set<std::string, std::less<>> found_;
     std::optional<std::vector<double>> list_;  // that is being read
     bool begun_ = false;
-    struct Choice {
-        Entries entries{};
-        std::set<std::string, std::less<>> found{};
-    };
-    std::optional<Choice> choice_;  // that is being read
+    std::optional<KeptResult> choice_;  // that is being read
     bool in_choices_ = false;
 };
 

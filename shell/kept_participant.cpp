@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <utility>
 
-#include "core/closing_order.h"
 #include "participant/participant_file.h"
 #include "shell/main_window.h"
 #include "shell/saved_file.h"
@@ -108,6 +107,7 @@ bool KeptParticipant::begin_anew() {
     if (!module_.return_to_menu()) {
         return false;
     }
+    window_.close_all_but_the_menu();
     module_.forget_participant();
     QClipboard* clipboard = QGuiApplication::clipboard();
     if (clipboard->ownsClipboard()) {
@@ -144,11 +144,10 @@ void KeptParticipant::open(const QString& path) {
 }
 
 void KeptParticipant::enter(const Entries& entries) {
-    for (const ScreenId id : order_to_the_menu()) {
-        module_.screens.close(id);
-    }
+    const Entries all = entries;  // of a screen that is closed here
     window_.show(ScreenId::frmdist);
-    type(entries);
+    window_.close_all_but_the_menu();
+    type(all);
 }
 
 void KeptParticipant::type(Entries entries) {

@@ -174,6 +174,15 @@ Screen* MainWindow::screen_of(ScreenId id) const {
     return found == screens_.end() ? nullptr : found->second;
 }
 
+void MainWindow::close_all_but_the_menu() {
+    const std::map<ScreenId, Screen*> all = screens_;
+    for (const auto& [id, screen] : all) {
+        if (id != ScreenId::frmkelvd && id != ScreenId::frmdist) {
+            close(id);
+        }
+    }
+}
+
 Screen* MainWindow::visible_screen() const {
     return order_.empty() ? nullptr : screens_.at(order_.back());
 }

@@ -67,6 +67,8 @@ public:
     Screen* visible_screen() const;
     // Null when the screen was not made, or is closed.
     Screen* screen_of(ScreenId id) const;
+    // Closes all that can have been opened from the menu on.
+    void close_all_but_the_menu();
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -165,7 +165,10 @@ Grid::Grid(const char* name, const QString& accessible_name) {
 
 void Grid::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
-    connect(model, &QAbstractItemModel::modelReset, this, [this] { measure_columns(); });
+    connect(model, &QAbstractItemModel::modelReset, this, [this] {
+        clearSpans();
+        measure_columns();
+    });
     measure_columns();
 }
 

@@ -90,6 +90,7 @@ NavigationRow::NavigationRow(const ScreenLayout& layout, QBoxLayout* column)
     if (layout.save) {
         cmdsave = control::button(u"Sa&ve"_s, "cmdsave");
         cmdsave->setMenu(new QMenu(cmdsave));
+        cmdsave->setMinimumWidth(cmdsave->minimumWidth() + theme::grid);  // for the arrow
         add_left(cmdsave);
     }
     row_->addStretch(1);

@@ -140,6 +140,7 @@ QString style_sheet(const QFont& font) {
         QLabel#lblmorebelow { background: %12; border: 1px solid %4; border-radius: 10px; }
         QMenu { border: 1px solid %4; }
         QToolButton::menu-indicator { image: none; }
+        QPushButton::menu-indicator { subcontrol-origin: padding; subcontrol-position: right center; }
         QComboBox { combobox-popup: 0; }
         QCheckBox::indicator, QRadioButton::indicator { width: %15px; height: %15px; }
         QLabel:disabled { color: %14; }
@@ -254,7 +255,7 @@ int widest_paragraph() {
 }
 
 int button_padding() {
-    return large_text() ? grid / 2 : 3 * grid / 2;
+    return large_text() ? grid / 2 : 5 * grid / 4;
 }
 
 int button_height() {

@@ -70,6 +70,8 @@ void frmchoices::build_table() {
     grdchoices->setModel(rows_);
     grdchoices->keep_in_sight({.column = total_column, .after = 3});  // what is paid in all
     content()->addWidget(grdchoices);
+    content()->addWidget(control::paragraph(
+        u"Enter goes back to a choice, Delete lets it go, Alt+Up and Alt+Down move it."_s, "lblkeys"));
     set_first_field(grdchoices);
     connect(grdchoices, &QTableView::activated, this, [this] { enter_chosen(); });
     connect(grdchoices->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -116,7 +118,7 @@ void frmchoices::build_buttons() {
     });
 }
 
-void frmchoices::load() {
+void frmchoices::activate() {
     compute();
 }
 
@@ -143,38 +145,39 @@ ChosenResult frmchoices::computed(const Entries& entries) const {
 }
 
 void frmchoices::show_rows() {
+    const int marked =
+        std::clamp(chosen(), 0, std::max(0, static_cast<int>(choices_.results.size()) - 1));
+    shown_.clear();
+    for (const ChosenResult& result : choices_.results) {
+        shown_.push_back(result);
+        if (chkfall->isChecked() && result.reason.empty()) {
+            shown_.push_back(
+                compare_choices({after_fall(result.choice)}, choices_.today).results.front());
+        }
+    }
     std::vector<std::vector<TextTableModel::Cell>> rows;
-    std::vector<int> without_figures;
-    const auto add = [&](const ChosenResult& result, const QString& name) {
+    int number = 0;
+    for (const ChosenResult& result : shown_) {
         auto cells = text_cells(choice_texts(result), choice_texts(result, true));
-        cells[0].text = name;
-        cells[0].plain = name;
-        cells[0].supposed = result.choice.fallen;
+        const bool fallen = result.choice.fallen;
+        cells[0] = {.text = fallen ? u"after a fall of 20%"_s
+                                   : u"%1: %2"_s.arg(++number).arg(to_qt(result.name)),
+                    .supposed = fallen};
         if (result.reason.empty()) {
             spare_cents(cells, {2, 3, 4, 8, 9, 10});
-        } else {
-            without_figures.push_back(static_cast<int>(rows.size()));
         }
         rows.push_back(std::move(cells));
-    };
-    for (const ChosenResult& result : choices_.results) {
-        const int before = static_cast<int>(&result - choices_.results.data());
-        add(result, u"%1: %2"_s.arg(before + 1).arg(to_qt(result.name)));
-        if (chkfall->isChecked() && result.reason.empty()) {
-            add(compare_choices({after_fall(result.choice)}, choices_.today).results.front(),
-                u"after a fall of 20%"_s);
-        }
     }
     show_lines();
-    const int row = grdchoices->currentIndex().row();
     rows_->show_rows(std::move(rows));
-    for (const int joined : without_figures) {
-        grdchoices->join_cells(joined, reason_column);
+    for (std::size_t row = 0; row < shown_.size(); ++row) {
+        if (!shown_[row].reason.empty()) {
+            grdchoices->join_cells(static_cast<int>(row), reason_column);
+        }
     }
     grdchoices->show_all_rows();
-    grdchoices->setCurrentIndex(
-        rows_->index(std::clamp(row, 0, std::max(0, rows_->rowCount() - 1)), 0));
-    buttons_->setEnabled(rows_->rowCount() > 0);
+    buttons_->setEnabled(!shown_.empty());
+    mark(marked);
     follow_row();
 }
 
@@ -197,38 +200,51 @@ void frmchoices::show_lines() {
         lines_.notes << QString::number(years.ages[year]);
     }
     lines_.upper = y_max(highest);
-    grphchoices->setAccessibleName(lines_.value_title);
+    grphchoices->setAccessibleName(balance ? u"Balance at the end of each year"_s
+                                           : u"Paid so far at the end of each year"_s);
     grphchoices->setVisible(lines_.labels.size() > 1);
     grphchoices->show_lines(lines_);
     constexpr int lines_of_text = 15;  // below them it could not be read; it takes what room there is
     grphchoices->setMinimumHeight(lines_of_text * fontMetrics().height());
 }
 
-int frmchoices::chosen() const {
-    int row = grdchoices->currentIndex().row();
-    if (!chkfall->isChecked()) {
-        return row;
-    }
-    int result = -1;
+int frmchoices::choice_of(int row) const {
+    int choice = -1;
     for (; row >= 0; --row) {
-        result += rows_->index(row, 0).data(supposed_role).toBool() ? 0 : 1;
+        choice += rows_->index(row, 0).data(supposed_role).toBool() ? 0 : 1;
     }
-    return result;
+    return choice;
+}
+
+int frmchoices::chosen() const {
+    return choice_of(grdchoices->currentIndex().row());
+}
+
+void frmchoices::mark(int choice) {
+    for (int row = 0; row < rows_->rowCount(); ++row) {
+        if (choice_of(row) == choice) {
+            grdchoices->setCurrentIndex(rows_->index(row, 0));
+            return;
+        }
+    }
 }
 
 // The line of the chosen result stands out, if it has one, and it is compared with the others.
 void frmchoices::follow_row() {
     const int row = chosen();
     if (row < 0 || row >= static_cast<int>(choices_.results.size())) {
-        lbleven->clear();
+        lbleven->setText(u"Nothing is kept. Keep on a result sets it aside, to be compared here."_s);
         return;
     }
+    sentences_ = even_texts(choices_, static_cast<std::size_t>(row));
     QStringList sentences;
-    for (const std::string& sentence : even_texts(choices_, static_cast<std::size_t>(row))) {
+    for (const std::string& sentence : sentences_) {
         sentences << to_qt(sentence);
     }
-    lbleven->setText(sentences.join(u'\n'));
-    lbleven->setVisible(!sentences.isEmpty());
+    const bool alone = choices_.results.size() == 1;
+    lbleven->setText(alone ? u"Keep another result to compare it with this one."_s
+                           : sentences.join(u'\n'));
+    lbleven->setVisible(!lbleven->text().isEmpty());
     const auto result = choices_.results.begin() + row;
     const auto has_line = [](const ChosenResult& one) { return one.reason.empty(); };
     const auto lines_above = std::count_if(choices_.results.begin(), result, has_line);
@@ -258,9 +274,7 @@ void frmchoices::move_by(int places) {
     }
     std::swap(kept[static_cast<std::size_t>(from)], kept[static_cast<std::size_t>(to)]);
     compute();
-    for (int row = 0; row < rows_->rowCount() && chosen() != to; ++row) {
-        grdchoices->setCurrentIndex(rows_->index(row, 0));
-    }
+    mark(to);
 }
 
 QString frmchoices::file_name() const {
@@ -269,7 +283,7 @@ QString frmchoices::file_name() const {
 
 PrintJob frmchoices::print_job() const {
     const Hourglass hourglass;
-    ReportValues result = printed_choices(scenario, choices_);
+    ReportValues result = printed_choices(scenario, choices_.today, shown_, sentences_);
     if (lines_.labels.size() > 1) {
         result.chart = [lines = lines_](QPainter& painter, const QRectF& area) {
             LineChart chart("", {});

@@ -21,7 +21,7 @@ class frmchoices : public Screen {
 
 public:
     explicit frmchoices(Module1& module);
-    void load() override;
+    void activate() override;
 
 private:
     void build_table();
@@ -33,7 +33,9 @@ private:
     void show_rows();
     void show_lines();
     void follow_row();
-    int chosen() const;  // of the results kept, from 0 on
+    int choice_of(int row) const;  // of the results kept, from 0 on
+    int chosen() const;
+    void mark(int choice);
 
     void enter_chosen();
     void let_go();
@@ -42,7 +44,9 @@ private:
     QString file_name() const;
     PrintJob print_job() const;
 
-    Choices choices_;  // what was kept
+    Choices choices_;                     // what was kept
+    std::vector<ChosenResult> shown_;     // the rows: also after a fall
+    std::vector<std::string> sentences_;  // on the chosen row
     LineData lines_;
     Grid* grdchoices = nullptr;
     TextTableModel* rows_ = nullptr;

@@ -111,6 +111,9 @@ void frmcompare::load() {
 
 void frmcompare::compute() {
     const Hourglass hourglass;
+    if (const QModelIndex current = grdcompare->currentIndex(); current.isValid()) {
+        module.visit.compared_rate = chosen_rate(current.row());  // stays chosen
+    }
     comparison_ = compare(scenario, module.visit.projected_on,
                           {.falls = chkfall->isChecked(), .earns_nothing = chkzero->isChecked()});
     lblspread->setText(to_qt(spread_text(scenario, comparison_)));

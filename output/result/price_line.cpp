@@ -43,9 +43,13 @@ void PriceLine::show_result(const Scenario& scenario, const Projection& projecti
 
 void PriceLine::say() {
     const int percent = cmbprices->currentData().toInt();
-    const bool says = percent != 0 && projection_.outcome == Outcome::complete;
-    lblprices->setText(says ? to_qt(price_text(scenario_, projection_, percent)) : QString());
-    lblprices->setVisible(says && !lblprices->text().isEmpty());
+    QString text;
+    if (percent != 0 && projection_.outcome == Outcome::complete) {
+        text = to_qt(price_text(scenario_, projection_, percent));
+    }
+    const bool nothing = percent != 0 && text.isEmpty();
+    lblprices->setText(nothing ? u"There is no payment of a later year here."_s : text);
+    lblprices->setVisible(percent != 0);
     cmbprices->setAccessibleDescription(lblprices->text());
 }
 

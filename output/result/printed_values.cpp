@@ -242,17 +242,20 @@ ReportValues printed_comparison(const Scenario& scenario, const Comparison& comp
     return values;
 }
 
-ReportValues printed_choices(const Scenario& scenario, const Choices& choices) {
+ReportValues printed_choices(const Scenario& scenario, Date today,
+                             const std::vector<ChosenResult>& rows,
+                             const std::vector<std::string>& sentences) {
     ReportValues values;
     values.participant = scenario.name;
-    values.date = date_text(choices.today);
-    for (const ChosenResult& result : choices.results) {
-        NamedTexts texts = named(choice_columns, choice_texts(result));
-        texts.emplace_back("number", std::to_string(values.choices.size() + 1));
-        texts.emplace_back("reason", result.reason);
+    values.date = date_text(today);
+    int number = 0;
+    for (const ChosenResult& row : rows) {
+        NamedTexts texts = named(choice_columns, choice_texts(row));
+        texts.emplace_back("number", row.choice.fallen ? "" : std::to_string(++number));
+        texts.emplace_back("reason", row.reason);
         values.choices.push_back(std::move(texts));
     }
-    for (const std::string& sentence : even_texts(choices)) {
+    for (const std::string& sentence : sentences) {
         values.even.push_back({{"sentence", sentence}});
     }
     values.wide = has_long_amount(values.choices);

@@ -16,7 +16,9 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
 
 // Without a chart.
 ReportValues printed_comparison(const Scenario& scenario, const Comparison& comparison);
-// The same; `scenario` says whose they are.
-ReportValues printed_choices(const Scenario& scenario, const Choices& choices);
+// The same of rows of choices and what is said of them; `scenario` says whose they are.
+ReportValues printed_choices(const Scenario& scenario, Date today,
+                             const std::vector<ChosenResult>& rows,
+                             const std::vector<std::string>& sentences);
 
 }  // namespace kelvar

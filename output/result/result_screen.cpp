@@ -37,6 +37,25 @@ QString emphasised(const QString& sentence) {
     return html.replace(amount, uR"(<span style="font-weight:600">\1</span>)"_s);
 }
 
+// Other rates that were ticked, and what belongs to other lengths, do not count.
+bool same_result(Entries one, Entries other) {
+    for (Entries* entries : {&one, &other}) {
+        const auto length = entries->length_option.value_or(no_length);
+        entries->selected_rates.reset();
+        entries->all_rates.reset();
+        if (length != by_number_of_payments) {
+            entries->number_of_payments.reset();
+        }
+        if (length != by_dollar_amount) {
+            entries->fixed_amount.reset();
+        }
+        if (!entries->joint_life.value_or(false)) {
+            entries->spouse_birth_date.reset();
+        }
+    }
+    return one == other;
+}
+
 }  // namespace
 
 ResultScreen::ResultScreen(Module1& module1, ScreenId id, const char* name)
@@ -122,12 +141,15 @@ void ResultScreen::keep() {
     Entries result = module.screens.entered();
     result.choices.clear();
     result.name.reset();
-    const auto same = std::ranges::find(choices, result);
+    const auto same =
+        std::ranges::find_if(choices, [&](const Entries& kept) { return same_result(kept, result); });
     if (same == choices.end() && choices.size() == most_choices) {
         QStringList names;
         for (const Entries& choice : choices) {
             const Scenario kept = kelvar::enter(choice, module.database(), today, true).scenario;
-            names << u"%1: %2"_s.arg(names.size() + 1).arg(to_qt(choice_name(kept)));
+            names << u"%1: %2 at %3"_s.arg(names.size() + 1)
+                         .arg(to_qt(choice_name(kept)),
+                              to_qt(rate_text(choice.shown_rate.value_or(0.0), lump_sum)));
         }
         module.report(
             "Six results are kept. Press Choices and let one of them go with Delete first:\n\n" +

@@ -166,10 +166,10 @@ void expect_readable(QAccessibleInterface* element) {
 // From the right: Close; Next or who comes next; Previous, also where there is no Next.
 TEST_P(EveryScreen, ButtonsStandAtOnePlace) {
     const std::pair<const char*, QRect> places[] = {{"cmdhelp", QRect(24, 0, 64, 30)},
-                                                    {"picprev", QRect(498, 0, 30, 30)},
-                                                    {"Cmdnext", QRect(626, 0, 114, 30)},
-                                                    {"cmdmenu", QRect(626, 0, 144, 30)},
-                                                    {"cmdclose", QRect(778, 0, 67, 30)}};
+                                                    {"picprev", QRect(509, 0, 30, 30)},
+                                                    {"Cmdnext", QRect(633, 0, 110, 30)},
+                                                    {"cmdmenu", QRect(633, 0, 140, 30)},
+                                                    {"cmdclose", QRect(781, 0, 64, 30)}};
     for (const auto& [name, place] : places) {
         const auto* button = window->visible_screen()->findChild<QWidget*>(QString::fromLatin1(name));
         if (button != nullptr) {
