@@ -185,8 +185,6 @@ void frmchoices::show_lines() {
     const bool balance = view_->is_second();
     const YearlyLines years = balance ? balances_left(choices_) : paid_so_far(choices_);
     lines_ = {};
-    lines_.value_title =
-        balance ? u"Balance at the end of each year"_s : u"Paid so far at the end of each year"_s;
     lines_.notes_title = u"Age"_s;
     double highest = 0.0;
     for (std::size_t i = 0; i < years.values.size(); ++i) {
