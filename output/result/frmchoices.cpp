@@ -202,7 +202,7 @@ void frmchoices::show_lines() {
                                            : u"Paid so far at the end of each year"_s);
     grphchoices->setVisible(lines_.labels.size() > 1);
     grphchoices->show_lines(lines_);
-    constexpr int lines_of_text = 15;  // below them it could not be read; it takes what room there is
+    constexpr int lines_of_text = 14;  // below them it could not be read; it takes what room there is
     grphchoices->setMinimumHeight(lines_of_text * fontMetrics().height());
 }
 
