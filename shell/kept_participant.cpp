@@ -144,10 +144,9 @@ void KeptParticipant::open(const QString& path) {
 }
 
 void KeptParticipant::enter(const Entries& entries) {
-    const Entries all = entries;  // of a screen that is closed here
     window_.show(ScreenId::frmdist);
     window_.close_all_but_the_menu();
-    type(all);
+    type(entries);
 }
 
 void KeptParticipant::type(Entries entries) {

@@ -226,6 +226,11 @@ TEST_F(Periodic, SaysWhatAndWhyAndComparesTheRates) {
     const QString total_at_8 = rates->index(1, 9).data().toString();
     today = Date{std::chrono::year{2020} / 1 / 16};  // the comparison is of the day of the result
     press(Qt::Key_Down);
+    click("chkfall");
+    click("chkzero");
+    EXPECT_EQ(rates->rowCount(), 6);
+    EXPECT_EQ(find<Grid>("grdcompare")->currentIndex().row(), 2) << "8% stays chosen";
+    find<Grid>("grdcompare")->setFocus();
     press(Qt::Key_Return);
     ASSERT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(find<QComboBox>("cmbrate")->currentText(), u" 8%"_s);
