@@ -144,9 +144,11 @@ void KeptParticipant::open(const QString& path) {
 }
 
 void KeptParticipant::enter(const Entries& entries) {
+    Entries of_participant = entries;
+    of_participant.name = entered().name;
     window_.show(ScreenId::frmdist);
     window_.close_all_but_the_menu();
-    type(entries);
+    type(std::move(of_participant));
 }
 
 void KeptParticipant::type(Entries entries) {

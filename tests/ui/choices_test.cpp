@@ -56,6 +56,9 @@ public:
 
 TEST_F(KeptResults, StandSideBySideAndAreEnteredAgain) {
     go_to_method();
+    click("cmdprev");
+    enter("txtname", u"Ann"_s);
+    click("Cmdnext");
     keep("optmethod_0");
     EXPECT_EQ(text_of("lblsaved"), u"Kept as 1: lump sum at 5%."_s);
     click("cmdkeep");
@@ -109,6 +112,7 @@ TEST_F(KeptResults, StandSideBySideAndAreEnteredAgain) {
     press(Qt::Key_Return);
     EXPECT_EQ(screen_name(), u"frmperio"_s);
     EXPECT_EQ(text_of("lbltotalvalue"), u"$381,185.29"_s);
+    EXPECT_EQ(module->scenario.name, "Ann");
     click("cmdkeep");
     EXPECT_EQ(text_of("lblsaved"), u"Kept already as 2: 180 monthly payments at 5%."_s);
     click("cmdchoices");
