@@ -61,7 +61,8 @@ void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     document.setPageSize(page);
     document.setLayoutEnabled(true);
     // A table wider than the page makes all of it smaller, rather than lose its last figures.
-    if (const double wide = document.size().width() / page.width(); wide > 1.0) {
+    constexpr double rounded = 1.002;
+    if (const double wide = document.size().width() / page.width(); wide > rounded) {
         document.setPageSize(page * wide);
     }
 }
