@@ -107,7 +107,8 @@ bool has_long_amount(const std::vector<NamedTexts>& list) {
     constexpr std::string_view longest = "$9,999,999.99";
     return std::ranges::any_of(list, [&](const NamedTexts& texts) {
         return std::ranges::any_of(texts, [&](const auto& named) {
-            return named.second.starts_with('$') && named.second.size() > longest.size();
+            return named.second.starts_with('$') && named.second.size() > longest.size() &&
+                   named.second.find(' ') == std::string::npos;  // "$12,000.00 a half-year" is none
         });
     });
 }

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <set>
 
+#include "engine/choices.h"
 #include "engine/comparison.h"
 #include "output/report/page_painter.h"
 #include "output/report/report.h"
@@ -189,6 +190,15 @@ public:
         }
         add(u"pages"_s, ends_of(pages, 6).join(u'\n'));
     }
+    // The first and the last rate as if they had been kept, and the first one after a fall.
+    void add_choices() {
+        const std::vector<double>& rates = module->scenario.selected_rates;
+        const Choice first{module->scenario, rates.front()};
+        const kelvar::Choices kept = compare_choices({first, {module->scenario, rates.back()}}, today);
+        std::vector<ChosenResult> rows = kept.results;
+        rows.push_back(compare_choices({after_fall(first)}, today).results.front());
+        add_pages({"choices.rpt"}, printed_choices(module->scenario, today, rows, even_texts(kept)));
+    }
     // Compares, or writes.
     void end() {
         const QString name = QString::fromLatin1(GetParam().name);
@@ -247,6 +257,12 @@ TEST_P(Approved, ScreensTablesAndPages) {
         add_labels();
         add_table("grdcompare");
         add_pages({"compare.rpt"}, printed_comparison(scenario, compare(scenario, today)));
+        click("chkfall");
+        click("chkzero");
+        choose("cmbprices", u"3%"_s);
+        add_table("grdcompare");
+        add(u"lblprices"_s, text_of("lblprices"));
+        add_choices();
     }
     end();
 }
