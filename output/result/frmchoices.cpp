@@ -57,7 +57,6 @@ frmchoices::frmchoices(Module1& module1)
     grphchoices = new LineChart("grphchoices", {});
     content()->addWidget(grphchoices, 1);
     content()->addStretch(0);  // where there are no lines to draw
-    content()->addWidget(prices_->sentence());
     content()->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
     build_buttons();
 }
@@ -103,6 +102,7 @@ void frmchoices::build_options() {
     row->addSpacing(theme::grid);
     row->addWidget(prices_->list());
     content()->addLayout(row);
+    content()->addWidget(prices_->sentence());
 }
 
 void frmchoices::build_buttons() {

@@ -68,11 +68,11 @@ frmcompare::frmcompare(Module1& module1)
     prices_ = new PriceLine(this);
     what_if->addWidget(prices_->list());
     content()->addLayout(what_if);
+    content()->addWidget(prices_->sentence());
     grphcompare =
         new LineChart("grphcompare", u"Balance after the last payment of each year at each rate"_s);
     content()->addWidget(grphcompare, 1);
     content()->addStretch(0);  // where there are no lines to draw
-    content()->addWidget(prices_->sentence());
     content()->addWidget(control::paragraph(QString::fromUtf16(estimate_note), "lblestimate"));
     build_buttons();
 }
