@@ -62,7 +62,7 @@ public:
     virtual bool ask(const std::string& text) = 0;
 
     // Before a participant is left: asks whether changes are to be saved to its file, if it has one.
-    // False when the user stays. After that no file belongs to what is entered.
+    // False when the user stays. After that no file belongs to what is entered, and no result is kept.
     virtual bool leave_participant() = 0;
     // Saves what is entered to its file; asks for a name where it has none, or another one is wanted.
     virtual void save_participant(bool under_another_name) = 0;

@@ -100,6 +100,7 @@ bool KeptParticipant::leave() {
         }
     }
     forget_file();
+    module_.visit = {};
     return true;
 }
 

@@ -148,6 +148,10 @@ TEST_F(KeptResults, AreSixAndSayWhyOneHasNoFigures) {
     today = Date{std::chrono::year{2020} / 8 / 1};
     click("cmdchoices");
     EXPECT_EQ(column(2)[5], u"Invalid month that you wish to begin payments."_s);
+    back_to_method();
+    click("cmdprev");
+    click("cmdprev");
+    EXPECT_TRUE(module->visit.choices.empty()) << "the menu begins afresh";
 }
 
 }  // namespace
