@@ -37,6 +37,17 @@ QString emphasised(const QString& sentence) {
     return html.replace(amount, uR"(<span style="font-weight:600">\1</span>)"_s);
 }
 
+// Of a value: on one line as long as there is room, the longest on two.
+class Caption : public QLabel {
+public:
+    explicit Caption(const QString& text) : QLabel(text) { setWordWrap(true); }
+    QSize sizeHint() const override {
+        constexpr qsizetype one_line = 40;  // letters
+        const bool wraps = theme::large_text() || text().size() > one_line;
+        return wraps ? QLabel::sizeHint() : fontMetrics().size(0, text());
+    }
+};
+
 // Other rates that were ticked, and what belongs to other lengths, do not count.
 bool same_result(Entries one, Entries other) {
     for (Entries* entries : {&one, &other}) {
@@ -262,9 +273,8 @@ void ResultScreen::go_previous() {
 }
 
 QLabel* ResultScreen::add_value(const QString& caption, const char* name, int row, int column) {
-    auto* text = theme::label(caption, theme::Role::body);
-    constexpr qsizetype one_line = 40;  // letters
-    text->setWordWrap(theme::large_text() || caption.size() > one_line);
+    auto* text = new Caption(caption);
+    theme::set_role(text, theme::Role::body);
     auto* value = theme::label({}, theme::Role::body, name);
     value->setAlignment(Qt::AlignRight | Qt::AlignBottom);
     text->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
