@@ -257,9 +257,11 @@ void MainWindow::open_file(const QString& path) {
     }
 }
 
+// Not over a dialog, behind which a screen is still at work.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> files = event->mimeData()->urls();
-    if (files.size() == 1 && files.front().isLocalFile() && !message_open_) {
+    if (files.size() == 1 && files.front().isLocalFile() &&
+        QApplication::activeModalWidget() == nullptr) {
         event->acceptProposedAction();
     }
 }

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -187,8 +188,10 @@ TEST_F(Keeping, NothingOfOneParticipantStaysForTheNext) {
     go_to_participant();
     find<QLineEdit>("txtname")->insert(u"Ann\u0085 Example\n"_s);
     EXPECT_EQ(module->scenario.name, "Ann Example") << "without control characters";
+    module->visit.choices.emplace_back();
     click("cmdprev");
     EXPECT_EQ(module->scenario.name, "");
+    EXPECT_TRUE(module->visit.choices.empty()) << "the menu begins afresh";
     start_program();
     go_to_rates();
     click("chkrate_0");
@@ -254,6 +257,16 @@ TEST_F(Keeping, AFileThatIsNoneChangesNothing) {
         QApplication::sendEvent(target, &over);
         EXPECT_TRUE(target == box || over.isAccepted()) << "the window takes it";
     }
+    QDialog dialog(window);
+    dialog.setModal(true);
+    look_at_dialog = [&](QDialog&) {
+        QDragEnterEvent over(QPoint(), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+        over.ignore();
+        QApplication::sendEvent(window, &over);
+        EXPECT_FALSE(over.isAccepted()) << "over a dialog nothing is opened";
+    };
+    dialog.exec();
+    look_at_dialog = [](QDialog&) {};
     QDropEvent drop(QPointF(), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window, &drop);
     EXPECT_EQ(take_messages(), told);
