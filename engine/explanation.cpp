@@ -91,14 +91,19 @@ bool amount_changes(const PaymentSchedule& schedule, std::size_t index) {
     return index > 0 && cents(index) != cents(index - 1);
 }
 
+std::string amount_explanation(const Scenario& scenario, const PaymentSchedule& schedule,
+                               std::size_t index) {
+    const PaymentRow& row = schedule.rows.at(index);
+    return fmt::format("Payment {}, {}: {}", row.number, month_year_text(row.date),
+                       why_this_amount(scenario, schedule, index));
+}
+
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index) {
     const PaymentSchedule& schedule = projection.schedule;
-    const PaymentRow& row = schedule.rows.at(index);
-    std::string text = fmt::format("Payment {}, {}: {}", row.number, month_year_text(row.date),
-                                   why_this_amount(scenario, schedule, index));
+    std::string text = amount_explanation(scenario, schedule, index);
     Accrual accrual(projection.rate, scenario.fee_amount);
     if (const auto interval = interval_after(schedule, index, accrual)) {
-        text += until_next_payment(row, schedule.rows[index + 1], *interval);
+        text += until_next_payment(schedule.rows[index], schedule.rows[index + 1], *interval);
     }
     return text;
 }

@@ -18,6 +18,11 @@ bool amount_changes(const PaymentSchedule& schedule, std::size_t index);
 // $258,636.23." The growth counts what rounding leaves over.
 std::string explanation(const Scenario& scenario, const Projection& projection, std::size_t index);
 
+// The first half of it: "Payment 7, January, 2021: $258,300.14 divided by 343 payments (342 to come
+// and this one) = $753.06."
+std::string amount_explanation(const Scenario& scenario, const PaymentSchedule& schedule,
+                               std::size_t index);
+
 // The ledger as one sum, then how often no fee was charged, and what of it lies before the first
 // payment. After a partial lump sum the years have a row for that.
 std::string ledger_text(const Projection& projection);

@@ -29,7 +29,7 @@ std::vector<std::filesystem::path> own_files(const Module1& module) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
         files.push_back(module.program_file(std::string(Module1::database_name) + suffix));
     }
-    for (const char* name : {KELVAR_REPORT_TEMPLATES}) {
+    for (const char* name : {KELVAR_REPORT_TEMPLATES, "office.html"}) {
         files.push_back(module.program_file(name));
     }
     return files;

@@ -18,6 +18,8 @@ public:
     BarDrawing(const ChartData& data, const ChartLook& look)
         : ChartDrawing(data, look, 0),
           sets_(static_cast<int>(data.sets.size())),
+          values_at_ends_(look.values_at_ends),
+          paper_(look.paper),
           turned_(look.turn_values_beyond > 0 && data.labels.size() * sets_ > look.turn_values_beyond) {
         for (std::size_t set = 0; set < data.sets.size(); ++set) {
             add_bars(set, look);
@@ -62,20 +64,47 @@ protected:
         for (QCPItemText* value : values_) {
             value->setVisible(fit);
         }
+        if (values_at_ends_ && !fit) {
+            show_values_at_ends();
+        }
         chosen_value_->setVisible(chosen_ && !fit);
         if (chosen_) {
-            const QFontMetricsF metrics(chosen_value_->font());
-            const QRectF plot = axisRect()->rect();
-            const double half = metrics.horizontalAdvance(chosen_value_->text()) / 2.0;
-            const double middle_there = xAxis->coordToPixel(middle(*chosen_));
-            const double place =
-                std::max(plot.left() + half, std::min(middle_there, plot.right() - half));
-            const double above = yAxis->coordToPixel(value_of(*chosen_)) - gap / 2.0;
-            chosen_value_->position->setPixelPosition({place, above});
+            put_above(chosen_value_, *chosen_);
         }
     }
 
 private:
+    // Inside the axes. Returns the place of its text.
+    QRectF put_above(QCPItemText* value, const ChartPoint& bar) const {
+        const QFontMetricsF metrics(value->font());
+        const QRectF plot = axisRect()->rect();
+        const double width = metrics.horizontalAdvance(value->text());
+        const double middle_there = xAxis->coordToPixel(middle(bar));
+        const double place =
+            std::max(plot.left() + width / 2.0, std::min(middle_there, plot.right() - width / 2.0));
+        const double above = yAxis->coordToPixel(value_of(bar)) - gap / 2.0;
+        value->position->setPixelPosition({place, above});
+        return {place - width / 2.0, above - metrics.height(), width, metrics.height()};
+    }
+
+    // Of the first set. Where two would touch, the one that is named first stays; the second is left
+    // out where it would hide its neighbours.
+    void show_values_at_ends() {
+        const std::size_t count = data().labels.size();
+        std::vector<QRectF> taken;
+        for (const std::size_t label : {std::size_t{0}, count - 1, std::size_t{1} % count}) {
+            const QRectF place = put_above(values_[label], {0, label});
+            const bool is_free = std::ranges::none_of(taken, [&](const QRectF& other) {
+                return other.adjusted(-gap, 0.0, gap, 0.0).intersects(place);
+            });
+            values_[label]->setBrush(paper_);  // the bar beside it may be higher
+            values_[label]->setRotation(0.0);
+            values_[label]->setPositionAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+            values_[label]->setVisible(is_free && (label != 1 || place.width() <= 2.0 * slot()));
+            taken.push_back(place);
+        }
+    }
+
     double middle(const ChartPoint& bar) const {
         const double beside = (static_cast<double>(bar.set) + 0.5) / sets_ - 0.5;
         return static_cast<double>(bar.label) + group_width * beside;
@@ -114,6 +143,8 @@ private:
     }
 
     int sets_;
+    bool values_at_ends_;
+    QColor paper_;
     bool turned_;  // the values
     std::vector<QCPItemText*> values_;
     std::optional<ChartPoint> chosen_;

@@ -29,16 +29,16 @@ ChartLook screen_look(const QWidget& chart) {
 }
 
 // Black on white with a grid that survives a copier, whatever the screen's colours are.
-ChartLook paper_look(QFont font, bool small) {
-    font.setPointSizeF(11.0);  // also where the screen's texts are larger
+ChartLook paper_look(bool low) {
     const QColor ink(0x17, 0x40, 0x5f);
-    return {.font = font,
+    return {.font = theme::paper_font(11.0),
             .paper = Qt::white,
             .text = Qt::black,
             .lines = QColor(0xb0, 0xb0, 0xb0),
             .sets = {ink, ink, ink, ink},
-            .most_steps = small ? 4 : 8,
-            .turn_values_beyond = small ? 0 : 8};  // nobody can point at a bar on paper
+            .most_steps = low ? 4 : 8,
+            .turn_values_beyond = low ? 0 : 8,  // nobody can point at a bar on paper
+            .values_at_ends = true};
 }
 
 }  // namespace
@@ -90,8 +90,9 @@ void Chart::show_data(const ChartData& data, Order order) {
 }
 
 void Chart::paint_on_paper(QPainter& painter, const QRectF& area, double width) const {
-    constexpr double small_below = 600.0;
-    new_drawing(paper_look(font(), width < small_below))->paint(painter, area, qRound(width));
+    constexpr double low_below = 300.0;
+    const double height = area.height() / area.width() * width;
+    new_drawing(paper_look(height < low_below))->paint(painter, area, qRound(width));
 }
 
 QString Chart::detail(int place) const {

@@ -49,8 +49,8 @@ public:
     ~Chart() override;
 
     // Draws the same as it looks best on paper. The area is as wide as `width` on a screen: the less it
-    // is, the larger are the texts, and below 600 there are fewer of them.
-    void paint_on_paper(QPainter& painter, const QRectF& area, double width = 900.0) const;
+    // is, the larger are the texts. Where it is less than 300 high there are fewer of them.
+    void paint_on_paper(QPainter& painter, const QRectF& area, double width = 1000.0) const;
 
     // Places count the values in the order in which they are read.
     int places() const { return static_cast<int>(points_.size()); }

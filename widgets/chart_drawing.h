@@ -18,7 +18,9 @@ struct ChartLook {
     QColor chosen{};
     int most_steps = 8;          // of the value axis
     int turn_values_beyond = 0;  // this many bars the values read upwards; 0 never
-    bool names_ends = false;     // the bound, the last label and the lines, whatever gives way to them
+    bool values_at_ends =
+        false;                // of the bars where not all values fit: the first, the last, the second
+    bool names_ends = false;  // the bound, the last label and the lines, whatever gives way to them
 };
 
 class ChartDrawing : public QCustomPlot {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFontDatabase>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
@@ -14,10 +15,11 @@
 
 using namespace Qt::StringLiterals;
 
-// The drawings are linked in from a static library, so they must be asked for. (The macro works in the
-// global namespace only.)
-static void use_icons() {
+// Drawings and fonts are linked in from a static library, so they must be asked for. (The macro works
+// in the global namespace only.)
+static void use_resources() {
     Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(paper_fonts);
 }
 
 namespace kelvar::theme {
@@ -223,7 +225,7 @@ private:
 }  // namespace
 
 void apply(QApplication& application) {
-    use_icons();
+    use_resources();
     QLocale::setDefault(QLocale::c());
     dark_ = application.palette().color(QPalette::Window).lightness() < 128;
     colors_ = make_colors(dark_);
@@ -268,6 +270,18 @@ int side_margin() {
 
 const Colors& colors() {
     return colors_;
+}
+
+QFont paper_font(double points) {
+    static const QString family = [] {
+        const int regular = QFontDatabase::addApplicationFont(u":/fonts/OpenSans-Regular.ttf"_s);
+        QFontDatabase::addApplicationFont(u":/fonts/OpenSans-Bold.ttf"_s);
+        return QFontDatabase::applicationFontFamilies(regular).value(0);
+    }();
+    QFont font(family);
+    font.setPointSizeF(points);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.02);  // with any, no ligatures are set
+    return font;
 }
 
 QLabel* label(const QString& text, Role role, const char* name) {

@@ -55,6 +55,10 @@ struct Colors {
 };
 const Colors& colors();
 
+// Of everything printed, whatever fonts this machine has: all figures have the same width, and no two
+// letters share a glyph, so that they are copied from a PDF as letters.
+QFont paper_font(double points);
+
 // What a label is for decides its size and colour.
 enum class Role { body, title, subtitle, section, value, note, link };
 QLabel* label(const QString& text, Role role, const char* name = nullptr);

@@ -149,7 +149,9 @@ PrintJob ChartScreen::print_job() const {
     const QString title = lbltitle->text();
     const QString headings =
         u"<h1>"_s + title.toHtmlEscaped() + u"</h1><table width=\"100%\"><tr><td>"_s + printed_lines_ +
-        u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table>"_s;
+        u"</td><td align=\"right\"><table>"_s + printed_values_ + u"</table></td></tr></table><p>"_s +
+        (scenario.name.empty() ? QString() : to_qt(scenario.name).toHtmlEscaped() + u", "_s) +
+        u"figures of "_s + to_qt(date_text(module.today())) + u"</p>"_s;
     const bool balance = view_->is_second();
     const auto paint = [bars = balance ? balances_ : payments_](QPainter& painter, const QRectF& area) {
         BarChart chart("", {});
@@ -161,7 +163,7 @@ PrintJob ChartScreen::print_job() const {
                 proposed_name(scenario.name, method_ + (balance ? u" Balance Chart"_s : u" Chart"_s),
                               rate_, module.today()),
             .orientation = QPageLayout::Landscape,
-            .reports = {chart_page(title, to_qt(scenario.name), headings, paint)}};
+            .reports = {chart_page(title, headings, paint)}};
 }
 
 }  // namespace kelvar

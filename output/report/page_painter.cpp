@@ -1,12 +1,11 @@
 #include "output/report/page_painter.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QGuiApplication>
 #include <QPageLayout>
 #include <QPageRanges>
 #include <QTextDocument>
 
-#include "widgets/text.h"
+#include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,40 +13,42 @@ namespace kelvar {
 
 namespace {
 
-constexpr double footer_inches = 0.475;
+constexpr double head_inches = 24.0 / 72.0;
+constexpr double foot_inches = 20.0 / 72.0;
 constexpr double body_points = 10.0;
-constexpr double footer_points = 8.0;
+constexpr double small_points = 8.0;
 
+// Four sizes: the figure that the page is about, titles, text, and what is small. 8 pixels are the
+// grid.
 const QString style =
     uR"(
-    h1 { font-size: x-large; margin-top: 0px; margin-bottom: 11px; }
-    h2 { font-size: large; margin-top: 14px; margin-bottom: 2px; }
-    p { margin-top: 2px; margin-bottom: 6px; }
-    p.note { font-size: 9pt; }
-    table { margin-top: 3px; margin-bottom: 3px; }
-    th { font-weight: 600; background-color: #e3ebf2; padding: 2px 6px; }
-    td { padding: 1px 6px; }
+h1 { font-size: x-large; font-weight: bold; margin-top: 0px; margin-bottom: 8px; line-height: 90%; }
+    h2 { font-size: medium; font-weight: bold; margin-top: 16px; margin-bottom: 4px; }
+    p { margin-top: 0px; margin-bottom: 8px; line-height: 90%; }
+    p.figure { font-size: 28pt; font-weight: bold; margin-bottom: 0px; }
+    p.chart { line-height: 100%; margin-bottom: 16px; }
+    span.period { font-size: 15pt; }
+    p.note, td.note { font-size: 8pt; }
+    table { margin-top: 0px; margin-bottom: 0px; }
+    th { font-weight: bold; padding: 2px 8px 2px 0px; border-bottom: 1px solid #17405f; }
+    td { padding: 2px 8px 2px 0px; }
+    td[align="right"], th[align="right"] { padding: 2px 0px 2px 8px; }
+    td.amount { white-space: nowrap; }
 )"_s;
 
 constexpr const char* refused = "The printer or the file does not take any pages.";
 
-QFont font_of_size(double points) {
-    QFont font = QGuiApplication::font();
-    font.setPointSizeF(points);
-    return font;
-}
-
-// The page without its margins and footer, in device pixels.
+// The page without its margins, head and foot, in device pixels.
 QRectF body_of(const QPagedPaintDevice& device) {
-    const double footer = footer_inches * device.logicalDpiY();
+    const double inch = device.logicalDpiY();
     const QSizeF page = device.pageLayout().paintRectPixels(device.logicalDpiY()).size();
-    return QRectF({0.0, 0.0}, page).adjusted(0.0, 0.0, 0.0, -footer);
+    return QRectF({0.0, 0.0}, page).adjusted(0.0, head_inches * inch, 0.0, -foot_inches * inch);
 }
 
 }  // namespace
 
 void set_style(QTextDocument& document) {
-    document.setDefaultFont(font_of_size(body_points));
+    document.setDefaultFont(theme::paper_font(body_points));
     document.setDefaultStyleSheet(style);
     document.setDocumentMargin(0.0);
     // Laid out only once, when device and page are known: for a long list that is most of the work.
@@ -67,12 +68,8 @@ void lay_out(QTextDocument& document, QPagedPaintDevice& device) {
     }
 }
 
-PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count, PageCounter* counter)
-    : device_(device),
-      counter_(counter),
-      body_(body_of(device)),
-      printed_(printed),
-      page_count_(page_count) {
+PagePainter::PagePainter(QPagedPaintDevice& device, int page_count, PageCounter* counter)
+    : device_(device), counter_(counter), body_(body_of(device)), page_count_(page_count) {
     if (!painter_.begin(&device)) {
         throw PrintError(refused);
     }
@@ -81,7 +78,7 @@ PagePainter::PagePainter(QPagedPaintDevice& device, Date printed, int page_count
     }
 }
 
-bool PagePainter::next_page(const QString& title) {
+bool PagePainter::next_page(const QString& title, const QString& whose) {
     ++page_;
     const QPageRanges wanted = device_.pageRanges();
     if (!wanted.isEmpty() && !wanted.contains(page_)) {
@@ -91,7 +88,10 @@ bool PagePainter::next_page(const QString& title) {
     if (!is_first && ((counter_ != nullptr && !counter_->go_on()) || !device_.newPage())) {
         throw PrintError(refused);
     }
-    draw_footer(title);
+    if (page_ > 1) {
+        draw_head(title, whose);
+    }
+    draw_foot();
     return true;
 }
 
@@ -111,6 +111,7 @@ void PagePainter::draw(const QTextDocument& document, int page) {
     context.clip = QRectF({0.0, top}, document.pageSize());
     context.palette.setColor(QPalette::Text, Qt::black);
     painter_.save();
+    painter_.translate(body_.topLeft());
     painter_.scale(scale, scale);
     painter_.translate(0.0, -top);
     painter_.setClipRect(context.clip);
@@ -118,25 +119,28 @@ void PagePainter::draw(const QTextDocument& document, int page) {
     painter_.restore();
 }
 
-void PagePainter::draw_footer(const QString& title) {
-    const double footer = footer_inches * device_.logicalDpiY();
-    const QRectF area(body_.left(), body_.bottom() + footer / 4, body_.width(), footer * 3 / 4);
+void PagePainter::draw_head(const QString& title, const QString& whose) {
     painter_.save();
-    painter_.setFont(font_of_size(footer_points));
-    painter_.setPen(QPen(QColor(0x80, 0x80, 0x80), device_.logicalDpiY() / 150.0));
-    painter_.drawLine(area.topLeft(), area.topRight());
-    painter_.setPen(Qt::black);
-    const QRectF first_line = area.adjusted(0.0, 0.0, 0.0, -painter_.fontMetrics().height());
-    const auto put = [&](Qt::Alignment side, const QString& text) {
-        painter_.drawText(first_line, static_cast<int>(side | Qt::AlignBottom), text);
-    };
-    const QString printed = u"Printed "_s + to_qt(date_text(printed_));
-    const double side = painter_.fontMetrics().horizontalAdvance(printed + u"    "_s);
-    put(Qt::AlignLeft, printed);
-    put(Qt::AlignHCenter, painter_.fontMetrics().elidedText(title, Qt::ElideRight,
-                                                            static_cast<int>(area.width() - 2 * side)));
-    put(Qt::AlignRight, u"Page %1 of %2"_s.arg(page_).arg(page_count_));
-    painter_.drawText(area, Qt::AlignHCenter | Qt::AlignBottom, QString::fromUtf16(estimate_note));
+    painter_.setFont(theme::paper_font(small_points));
+    const double line = painter_.fontMetrics().height();
+    const QRectF area(body_.left(), 0.0, body_.width(), line);
+    const int room = static_cast<int>(area.width() - painter_.fontMetrics().horizontalAdvance(title));
+    painter_.drawText(area, Qt::AlignLeft, title);
+    painter_.drawText(area, Qt::AlignRight,
+                      painter_.fontMetrics().elidedText(whose, Qt::ElideMiddle, room));
+    painter_.setPen(QPen(Qt::black, device_.logicalDpiY() / 150.0));
+    painter_.drawLine(area.bottomLeft(), area.bottomRight());
+    painter_.restore();
+}
+
+void PagePainter::draw_foot() {
+    painter_.save();
+    painter_.setFont(theme::paper_font(small_points));
+    const double foot = foot_inches * device_.logicalDpiY();
+    const QRectF area(body_.left(), body_.bottom(), body_.width(), foot);
+    painter_.drawText(area, Qt::AlignLeft | Qt::AlignBottom, QString::fromUtf16(estimate_note));
+    painter_.drawText(area, Qt::AlignRight | Qt::AlignBottom,
+                      u"Page %1 of %2"_s.arg(page_).arg(page_count_));
     painter_.restore();
 }
 

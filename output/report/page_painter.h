@@ -1,4 +1,5 @@
-// Pages on paper or in a PDF, each with its footer: title, date, page number, and what the figures are.
+// Pages on paper or in a PDF, each with a foot that has its number and what the figures are, and with a
+// head from the second one on.
 #pragma once
 
 #include <QMarginsF>
@@ -6,14 +7,12 @@
 #include <QPainter>
 #include <stdexcept>
 
-#include "core/dates.h"
-
 class QTextDocument;
 
 namespace kelvar {
 
-// Of every page, in points: three quarters of an inch, less below the footer.
-inline const QMarginsF page_margins(54.0, 54.0, 54.0, 45.0);
+// Of every page, in points: three quarters of an inch, less above the head and below the foot.
+inline const QMarginsF page_margins(54.0, 32.0, 54.0, 32.0);
 
 // What every screen and page with results says of them.
 inline constexpr const char16_t* estimate_note =
@@ -46,13 +45,13 @@ class PagePainter {
 public:
     // The counter may be null. Throws PrintError when the device cannot be drawn on, as does every step
     // below.
-    PagePainter(QPagedPaintDevice& device, Date printed, int page_count, PageCounter* counter);
+    PagePainter(QPagedPaintDevice& device, int page_count, PageCounter* counter);
     PagePainter(const PagePainter&) = delete;
     PagePainter& operator=(const PagePainter&) = delete;
 
-    // Starts the next page and draws its footer. False for a page that the device is not to print:
-    // nothing is drawn then.
-    bool next_page(const QString& title);
+    // Starts the next page and draws its head, of which the first page has none, and its foot. False
+    // for a page that the device is not to print: nothing is drawn then.
+    bool next_page(const QString& title, const QString& whose);
     // Sends the last page off.
     void finish();
 
@@ -64,13 +63,13 @@ public:
     void draw(const QTextDocument& document, int page);
 
 private:
-    void draw_footer(const QString& title);
+    void draw_head(const QString& title, const QString& whose);
+    void draw_foot();
 
     QPagedPaintDevice& device_;
     PageCounter* counter_;
     QPainter painter_;
     QRectF body_;
-    Date printed_;
     int page_count_;
     int page_ = 0;
     int drawn_ = 0;

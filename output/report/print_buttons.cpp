@@ -1,6 +1,6 @@
 #include "output/report/print_buttons.h"
 
-#include <QActionGroup>
+#include <QAction>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
@@ -41,26 +41,36 @@ void PrintButtons::offer(const QString& text, Destination destination) {
     menu_->addAction(text, this, [this, destination] { start(destination); });
 }
 
-void PrintButtons::offer_parts() {
+void PrintButtons::offer_parts(PrintedParts& parts) {
     menu_->addSeparator();
-    choice_ = new QActionGroup(menu_);
-    add_parts(u"&Everything"_s, u"Prints everything"_s, Parts::everything);
-    add_parts(u"Summary and &Years"_s, u"Prints the summary and the years"_s, Parts::summary_and_years);
-    add_parts(u"S&ummary Only"_s, u"Prints the summary only"_s, Parts::summary);
+    add_part(u"With the &Years"_s, parts, parts.years);
+    add_part(u"With All Pa&yments"_s, parts, parts.payments);
+    name_parts(parts);
 }
 
-// Each is kept until another one is chosen, and the button says what it prints.
-void PrintButtons::add_parts(const QString& text, const QString& printed, Parts parts) {
+void PrintButtons::add_part(const QString& text, const PrintedParts& parts, bool& part) {
     QAction* entry = menu_->addAction(text);
     entry->setCheckable(true);
-    entry->setChecked(parts == parts_);
-    choice_->addAction(entry);
-    connect(entry, &QAction::triggered, this, [this, printed, parts] {
-        parts_ = parts;
-        cmdprint->setToolTip(printed);
-        cmdprint->setAccessibleDescription(printed);
-        say(printed);
+    entry->setChecked(part);
+    connect(entry, &QAction::toggled, this, [this, &parts, &part](bool wanted) {
+        part = wanted;
+        name_parts(parts);
+        say(cmdprint->toolTip());
     });
+}
+
+// The button says what it prints.
+void PrintButtons::name_parts(const PrintedParts& parts) {
+    QStringList printed{u"Prints the summary"_s};
+    if (parts.years) {
+        printed << u"the years"_s;
+    }
+    if (parts.payments) {
+        printed << u"all payments"_s;
+    }
+    const QString last = printed.size() > 1 ? u" and "_s + printed.takeLast() : u" only"_s;
+    cmdprint->setToolTip(printed.join(u", "_s) + last);
+    cmdprint->setAccessibleDescription(cmdprint->toolTip());
 }
 
 void PrintButtons::start(Destination destination) {

@@ -4,11 +4,10 @@
 #include <QObject>
 #include <vector>
 
+#include "core/visit.h"
 #include "output/report/print_job.h"
-#include "output/report/report_templates.h"
 
 class QAction;
-class QActionGroup;
 class QMenu;
 class QPushButton;
 class QToolButton;
@@ -29,10 +28,9 @@ public:
     void setEnabled(bool enabled);
     // The menu offers to save what is shown as a CSV file.
     void offer_csv();
-    // The menu offers to leave out parts of what is printed.
-    void offer_parts();
-    // What of it is to be printed, as last chosen.
-    Parts parts() const { return parts_; }
+    // The menu offers to print the years as well, and to leave out the list of payments: a tick sets
+    // what is printed.
+    void offer_parts(PrintedParts& parts);
     // In a line above the row, such as where a file was saved. Empty while there is nothing to say;
     // starting to print empties it as well.
     void say(const QString& text);
@@ -44,15 +42,14 @@ signals:
 private:
     void offer(const QString& text, Destination destination);
     void start(Destination destination);
-    void add_parts(const QString& text, const QString& printed, Parts parts);
+    void add_part(const QString& text, const PrintedParts& parts, bool& part);
+    void name_parts(const PrintedParts& parts);
 
     NavigationRow* navigation_;
     QPushButton* cmdprint = nullptr;
     QToolButton* cmdprintmenu = nullptr;
     QMenu* menu_ = nullptr;
-    QActionGroup* choice_ = nullptr;
     std::vector<QAction*> files_;
-    Parts parts_ = Parts::everything;
 };
 
 }  // namespace kelvar

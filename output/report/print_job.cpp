@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 
+#include "output/report/finished_pdf.h"
 #include "output/report/page_painter.h"
 #include "output/report/print_progress.h"
 #include "output/report/printers.h"
@@ -54,16 +55,16 @@ void set_up(QPrinter& printer, const PrintJob& job) {
     printer.setPageMargins(page_margins, QPageLayout::Point);
 }
 
-void draw_on(QPrinter& printer, const PrintJob& job, Date today) {
+void draw_on(QPrinter& printer, const PrintJob& job) {
     const Hourglass hourglass;
-    draw_reports(job.reports, today, printer);
+    draw_reports(job.reports, printer);
     if (printer.printerState() == QPrinter::Error) {
         throw PrintError("The printer " + to_utf8(printer.printerName()) + " reports an error.");
     }
 }
 
 // Draws all of it where it can be thrown away.
-void rehearse(const QPrinter& printer, const PrintJob& job, Date today, PrintProgress& progress) {
+void rehearse(const QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
     const Hourglass hourglass;
     QBuffer thrown_away;
     thrown_away.open(QIODevice::WriteOnly);
@@ -71,15 +72,15 @@ void rehearse(const QPrinter& printer, const PrintJob& job, Date today, PrintPro
     rehearsal.setPageLayout(printer.pageLayout());
     rehearsal.setResolution(printer.resolution());
     rehearsal.setPageRanges(printer.pageRanges());
-    draw_reports(job.reports, today, rehearsal, &progress);
+    draw_reports(job.reports, rehearsal, &progress);
 }
 
 // A printing system takes what was drawn so far also of a job that is given up: only a job that the
 // user did not cancel goes to the printer.
-void print_on(QPrinter& printer, const PrintJob& job, Date today, PrintProgress& progress) {
-    rehearse(printer, job, today, progress);
+void print_on(QPrinter& printer, const PrintJob& job, PrintProgress& progress) {
+    rehearse(printer, job, progress);
     progress.send();
-    draw_on(printer, job, today);
+    draw_on(printer, job);
 }
 
 // Which pages and how many copies. False when the user does not print.
@@ -102,13 +103,13 @@ bool ask_how(QPrinter& printer, QWidget* window, int pages) {
 }
 
 // The user looks at the pages. True to print them, in the same way as without a look.
-bool preview(QPrinter& printer, QWidget* window, const PrintJob& job, Date today) {
+bool preview(QPrinter& printer, QWidget* window, const PrintJob& job) {
     QPrintPreviewDialog dialog(&printer, window->window());
     dialog.setObjectName(u"printpreview"_s);
     std::exception_ptr error;  // none may pass through the event loop
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* pages) {
         try {
-            draw_on(*pages, job, today);
+            draw_on(*pages, job);
         } catch (const std::exception&) {
             error = std::current_exception();
             QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
@@ -153,32 +154,17 @@ QByteArray description(const PrintJob& job) {
         .toUtf8();
 }
 
-void write_pdf(const Module1& module, const QString& path, const PrintJob& job,
-               PrintProgress& progress) {
-    const Hourglass hourglass;
-    QBuffer pages;
-    pages.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&pages);
-    writer.setTitle(job.title);
-    writer.setCreator(u"Kelvar"_s);
-    writer.setDocumentXmpMetadata(description(job));
-    writer.setPageSize(QPageSize(QPageSize::Letter));
-    writer.setPageOrientation(job.orientation);
-    writer.setPageMargins(page_margins, QPageLayout::Point);
-    draw_reports(job.reports, module.today(), writer, &progress);
-    write_whole(module, path, pages.data());
-}
-
 // Empty when the user names no file.
 QString save_pdf(const Module1& module, QWidget* window, const QString& title, const PrintJob& job,
-                 PrintProgress& progress) {
+                 const QPageLayout& paper, PrintProgress& progress) {
     QString file =
         ask_where_to_save(window, title, job.file_name,
                           {.dialog = "savepdf", .names = u"PDF files (*.pdf)"_s, .suffix = u"pdf"_s});
     if (file.isEmpty()) {
         return {};
     }
-    write_pdf(module, file, job, progress);
+    const Hourglass hourglass;
+    write_whole(module, file, pdf_of(job, paper, &progress));
     remember_folder(window, file);
     return saved_to(file);
 }
@@ -187,14 +173,14 @@ QString save_pdf(const Module1& module, QWidget* window, const QString& title, c
 QString print_prepared(const Module1& module, QWidget* window, Destination destination,
                        const PrintJob& job, PrintProgress& progress) {
     if (destination == Destination::pdf_file) {
-        return save_pdf(module, window, save_as_pdf, job, progress);
+        return save_pdf(module, window, save_as_pdf, job, paper_of(job), progress);
     }
     std::optional<QPageLayout> wanted;  // what the user has made of it in the preview
     if (destination == Destination::preview) {
         const std::unique_ptr<QPrinter> pages = paper();
         set_up(*pages, job);
         const QPageLayout offered = pages->pageLayout();
-        if (!preview(*pages, window, job, module.today())) {
+        if (!preview(*pages, window, job)) {
             return {};
         }
         if (pages->pageLayout() != offered) {
@@ -207,7 +193,8 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
     }
     const QPrinterInfo where = answered ? printer_for(destination) : QPrinterInfo();
     if (where.isNull()) {
-        return save_pdf(module, window, answered ? no_printer : no_answer, job, progress);
+        return save_pdf(module, window, answered ? no_printer : no_answer, job,
+                        wanted.value_or(paper_of(job)), progress);
     }
     QPrinter printer(where, QPrinter::HighResolution);
     set_up(printer, job);
@@ -215,25 +202,49 @@ QString print_prepared(const Module1& module, QWidget* window, Destination desti
         printer.setPageLayout(*wanted);
     }
     if (destination != Destination::printer) {
-        rehearse(printer, job, module.today(), progress);
+        rehearse(printer, job, progress);
         progress.end();
         if (!ask_how(printer, window, progress.pages())) {
             return {};
         }
     }
-    print_on(printer, job, module.today(), progress);
+    print_on(printer, job, progress);
     return u"Sent to the printer "_s + printer.printerName();
 }
 
 }  // namespace
 
+QPageLayout paper_of(const PrintJob& job) {
+    return {QPageSize(QPageSize::Letter), job.orientation, page_margins, QPageLayout::Point};
+}
+
+QByteArray pdf_of(const PrintJob& job, const QPageLayout& paper, PageCounter* counter) {
+    QBuffer pages;
+    pages.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pages);
+    writer.setTitle(job.title);
+    writer.setCreator(u"Kelvar"_s);
+    writer.setDocumentXmpMetadata(description(job));
+    writer.setPageLayout(paper);
+    const std::vector<OutlineEntry> outline = draw_reports(job.reports, writer, counter);
+    return finished_pdf(pages.data(), outline);
+}
+
 void add_reports(PrintJob& job, Module1& module, const std::vector<std::string>& templates,
-                 const ReportValues& result) {
+                 ReportValues result) {
+    const auto note_missing = [&](const PrintError& error) {
+        job.missing += (job.missing.empty() ? "" : "\n\n") + std::string(error.what());
+    };
+    try {
+        add_office_words(result, module.program_file("office.html"), module.database());
+    } catch (const PrintError& error) {
+        note_missing(error);
+    }
     for (const std::string& name : templates) {
         try {
             job.reports.push_back(fill_template(module.program_file(name), module.database(), result));
         } catch (const PrintError& error) {
-            job.missing += (job.missing.empty() ? "" : "\n\n") + std::string(error.what());
+            note_missing(error);
         }
     }
 }

@@ -1,6 +1,7 @@
 // What is printed, and where it goes: a printer or a PDF file.
 #pragma once
 
+#include <QByteArray>
 #include <QPageLayout>
 #include <QString>
 #include <string>
@@ -24,9 +25,15 @@ struct PrintJob {
     std::string missing = {};  // why a part of it, or all, is not there; empty when all is
 };
 
-// Adds the reports of the templates with these names, or says why one is missing.
+// Adds the reports of the templates with these names, with the office's own words where there are any,
+// or says why one is missing.
 void add_reports(PrintJob& job, Module1& module, const std::vector<std::string>& templates,
-                 const ReportValues& result);
+                 ReportValues result);
+
+// Letter, in its orientation.
+QPageLayout paper_of(const PrintJob& job);
+// A finished PDF in memory. The counter may be null. Throws PrintError.
+QByteArray pdf_of(const PrintJob& job, const QPageLayout& paper, PageCounter* counter = nullptr);
 
 // Prints at once on the default printer, or as the user says in the system's dialog or after a preview;
 // where there is no printer, its server does not answer within 3 seconds, or a file is asked for, into

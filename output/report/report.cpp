@@ -1,8 +1,11 @@
 #include "output/report/report.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStringDecoder>
+#include <QTextBlock>
 #include <algorithm>
 #include <kainjow/mustache.hpp>
 #include <optional>
@@ -148,10 +151,8 @@ std::string read_template(const std::filesystem::path& file) {
     return bytes.toStdString();
 }
 
-}  // namespace
-
-Report fill_template(const std::filesystem::path& template_file, Database& database,
-                     const ReportValues& result) {
+std::string filled(const std::filesystem::path& template_file, Database& database,
+                   const ReportValues& result) {
     const std::string text = read_template(template_file);
     const double bytes = written_out(template_file, text, database.schedule().RecordCount(), result);
     if (bytes > longest_report) {
@@ -178,29 +179,83 @@ Report fill_template(const std::filesystem::path& template_file, Database& datab
     if (static_cast<double>(html.size()) > longest_report) {
         refuse_length(template_file);
     }
-    auto document = std::make_shared<ReportDocument>(template_file.parent_path(), result.chart);
+    return html;
+}
+
+Report read_report(const std::filesystem::path& file, const std::string& html, PaintChart chart) {
+    auto document = std::make_shared<ReportDocument>(file.parent_path(), std::move(chart));
     if (const auto why = document->read(to_qt(html))) {
-        refuse(template_file, refusal_in_line(text, *why));
+        refuse(file, refusal_in_line(html, *why));
     }
-    document->participant = to_qt(result.participant);
     return document;
 }
 
-void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
-                  PageCounter* counter) {
+// What the HTML names, in points and pages from its first one on.
+void add_names(std::vector<OutlineEntry>& headings, const ReportDocument& report, int first_page,
+               const QRectF& body, double points) {
+    const double page_height = report.pageSize().height();
+    for (QTextBlock block = report.begin(); block.isValid(); block = block.next()) {
+        for (auto text = block.begin(); !text.atEnd(); ++text) {
+            for (const QString& name : text.fragment().charFormat().anchorNames()) {
+                const double top = report.documentLayout()->blockBoundingRect(block).top();
+                const int page = static_cast<int>(top / page_height);
+                const double scale = body.height() / page_height;
+                headings.push_back({name, 1, first_page + page,
+                                    (body.top() + (top - page * page_height) * scale) * points});
+            }
+        }
+    }
+}
+
+}  // namespace
+
+Report fill_template(const std::filesystem::path& template_file, Database& database,
+                     const ReportValues& result) {
+    const std::string html = filled(template_file, database, result);
+    Report document = read_report(template_file, html, result.chart);
+    document->whose = to_qt(result.participant) +
+                      (result.participant.empty() ? u"Figures of "_s : u", figures of "_s) +
+                      to_qt(result.date);
+    return document;
+}
+
+void add_office_words(ReportValues& result, const std::filesystem::path& office_file,
+                      Database& database) {
+    if (!std::filesystem::exists(office_file)) {
+        return;
+    }
+    const std::string html = filled(office_file, database, result);
+    read_report(office_file, html, {});  // refuses what it may not use
+    static const QRegularExpression page(
+        u"^.*<body[^>]*>|</body>.*$"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression rule(u"<hr[^>]*>"_s, QRegularExpression::CaseInsensitiveOption);
+    const QString words = to_qt(html).remove(page);
+    const QRegularExpressionMatch found = rule.match(words);
+    result.office_above = to_utf8(words.left(std::max<qsizetype>(0, found.capturedStart())));
+    result.office_next = to_utf8(words.mid(std::max<qsizetype>(0, found.capturedEnd())));
+}
+
+std::vector<OutlineEntry> draw_reports(const std::vector<Report>& reports, QPagedPaintDevice& device,
+                                       PageCounter* counter) {
     int page_count = 0;
     for (const Report& report : reports) {
         lay_out_report(*report, device);
         page_count += report->pageCount();
     }
-    PagePainter pages(device, printed, page_count, counter);
+    PagePainter pages(device, page_count, counter);
+    std::vector<OutlineEntry> headings;
+    int first_page = 0;
     for (const Report& report : reports) {
         const QString title = report->metaInformation(QTextDocument::DocumentTitle);
-        const QString foot =
-            report->participant.isEmpty() ? title : report->participant + u" - "_s + title;
+        const double points = 72.0 / device.logicalDpiY();
+        headings.push_back({title, 0, first_page, 0.0});
+        add_names(headings, *report, first_page,
+                  pages.body().translated(0.0, page_margins.top() / points), points);
         const int last = report->pageCount() - 1;
+        first_page += last + 1;
         for (int page = 0; page <= last; ++page) {
-            if (!pages.next_page(foot)) {
+            if (!pages.next_page(title, report->whose)) {
                 continue;
             }
             pages.draw(*report, page);
@@ -211,14 +266,13 @@ void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintD
         }
     }
     pages.finish();
+    return headings;
 }
 
-Report chart_page(const QString& title, const QString& participant, const QString& above,
-                  PaintChart chart) {
+Report chart_page(const QString& title, const QString& above, PaintChart chart) {
     auto page = std::make_shared<ReportDocument>(std::filesystem::path());
     page->setHtml(above);
     page->setMetaInformation(QTextDocument::DocumentTitle, title);
-    page->participant = participant;
     page->chart_below = std::move(chart);
     return page;
 }

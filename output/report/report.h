@@ -21,7 +21,6 @@
 #include <memory>
 #include <vector>
 
-#include "core/dates.h"
 #include "core/records.h"
 #include "output/report/report_document.h"
 #include "output/report/report_values.h"
@@ -39,15 +38,29 @@ using Report = std::shared_ptr<ReportDocument>;
 Report fill_template(const std::filesystem::path& template_file, Database& database,
                      const ReportValues& result = {});
 
-// Draws reports one behind the other, each on a new page, pages counted through, each with title and
-// participant at its foot. Throws PrintError,
-// also when the counter does not go on.
-void draw_reports(const std::vector<Report>& reports, Date printed, QPagedPaintDevice& device,
-                  PageCounter* counter = nullptr);
+// Puts the office's own words, from `office.html` in the templates' folder, where the templates have a
+// place for them: what stands above its first <hr>, if it has one, goes above the title, the rest says
+// what to do next. It is filled and checked like a template; without such a file nothing is added.
+void add_office_words(ReportValues& result, const std::filesystem::path& office_file,
+                      Database& database);
+
+// Where a part of what was drawn begins, for the outline of a PDF: a report, or below it what its HTML
+// names with <a name="...">.
+struct OutlineEntry {
+    QString text;
+    int level;   // 0 or 1
+    int page;    // from 0 on
+    double top;  // points below the top of the paper
+};
+
+// Draws reports one behind the other, each on a new page, pages counted through, each but the first
+// with title, participant and date at its head. Throws PrintError, also when the counter does not go
+// on.
+std::vector<OutlineEntry> draw_reports(const std::vector<Report>& reports, QPagedPaintDevice& device,
+                                       PageCounter* counter = nullptr);
 
 // One printed page with headings, tables and a chart below them. `above` is HTML; the chart takes the
 // room that it leaves.
-Report chart_page(const QString& title, const QString& participant, const QString& above,
-                  PaintChart chart);
+Report chart_page(const QString& title, const QString& above, PaintChart chart);
 
 }  // namespace kelvar

@@ -30,9 +30,8 @@ public:
     // that begins with the template's name, or nothing.
     std::optional<std::string> read(const QString& html);
 
-    // Takes the room that the text leaves on its last page; may be empty.
-    QString participant{};  // at the foot of every page; may be empty
-    PaintChart chart_below;
+    QString whose{};         // "Ann Miller, figures of 01/15/2020", at the head of its pages
+    PaintChart chart_below;  // takes the room that the text leaves on its last page; may be empty
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;

@@ -31,6 +31,9 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"date", &ReportValues::date},
     {"balance", &ReportValues::balance},
     {"headline", &ReportValues::headline},
+    {"figure", &ReportValues::figure},
+    {"figure_period", &ReportValues::figure_period},
+    {"figure_note", &ReportValues::figure_note},
     {"first_amount", &ReportValues::first_amount},
     {"first_month", &ReportValues::first_month},
     {"first_age", &ReportValues::first_age},
@@ -48,6 +51,10 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"fee_note", &ReportValues::fee_note},
     {"before", &ReportValues::before},
     {"federal_minimum", &ReportValues::federal_minimum},
+    {"until", &ReportValues::until},
+    {"another_rate", &ReportValues::another_rate},
+    {"office_above", &ReportValues::office_above},
+    {"office_next", &ReportValues::office_next},
     {"total_years", &ReportValues::total_years},
     {"total_payments", &ReportValues::total_payments},
     {"total_earnings", &ReportValues::total_earnings},
@@ -55,9 +62,17 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"total_paid", &ReportValues::total_paid},
     {"spread", &ReportValues::spread}};
 constexpr std::pair<const char*, std::vector<NamedTexts> ReportValues::*> result_lists[] = {
-    {"notes", &ReportValues::notes},     {"ledger", &ReportValues::ledger},
-    {"years", &ReportValues::years},     {"rates", &ReportValues::rates},
-    {"choices", &ReportValues::choices}, {"even", &ReportValues::even}};
+    {"facts", &ReportValues::facts},
+    {"why", &ReportValues::why},
+    {"chosen", &ReportValues::chosen},
+    {"words", &ReportValues::words},
+    {"not_worked_out", &ReportValues::not_worked_out},
+    {"notes", &ReportValues::notes},
+    {"ledger", &ReportValues::ledger},
+    {"years", &ReportValues::years},
+    {"rates", &ReportValues::rates},
+    {"choices", &ReportValues::choices},
+    {"even", &ReportValues::even}};
 
 // What says nothing is false.
 mustache::data text_or_false(const std::string& text) {
@@ -111,6 +126,7 @@ void add_payments(mustache::data& fields, const Recordset& schedule) {
                    {"startbalance", "payment", "remainbalance"});
         total += as_number(schedule.cell(row, paid));
         ++year_payments;
+        payment.set("first_of_year", year_payments == 1);
         const bool last = row + 1 == count ||
                           as_text(schedule.cell(row + 1, year)) != as_text(schedule.cell(row, year));
         payment.set("last_of_year", last);

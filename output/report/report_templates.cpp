@@ -19,37 +19,26 @@ std::string schedule_template(int length_option) {
     }
 }
 
-// Of what belongs to payments, beginning with the summary.
-std::vector<std::string> chosen_parts(const std::string& summary, const std::string& schedule,
-                                      Parts parts) {
-    switch (parts) {
-        case Parts::summary:
-            return {summary};
-        case Parts::summary_and_years:
-            return {summary, "yearly.rpt"};
-        default:
-            return {summary, "yearly.rpt", schedule};
-    }
-}
-
 }  // namespace
 
-std::vector<std::string> report_templates(int method, int length_option, Parts parts) {
-    const std::string schedule = schedule_template(length_option);
-    const bool all = parts == Parts::everything;
-    switch (method) {
-        case lump_sum:
-            return {"lumpsum.rpt"};
-        case periodic_payments:
-            if (schedule.empty()) {
-                return std::vector<std::string>(all ? 2 : 1, "periodic.rpt");
-            }
-            return chosen_parts("periodic.rpt", schedule, parts);
-        case partial_lump_sum:
-            return chosen_parts("partial.rpt", schedule, schedule.empty() ? Parts::summary : parts);
-        default:
-            return {};
+std::vector<std::string> report_templates(int method, int length_option, PrintedParts parts) {
+    if (method == lump_sum) {
+        return {"lumpsum.rpt"};
     }
+    if (method != periodic_payments && method != partial_lump_sum) {
+        return {};
+    }
+    std::vector<std::string> templates{method == periodic_payments ? "periodic.rpt" : "partial.rpt"};
+    const std::string schedule = schedule_template(length_option);
+    if (parts.years && !schedule.empty()) {
+        templates.emplace_back("yearly.rpt");
+    }
+    if (parts.payments && !schedule.empty()) {
+        templates.push_back(schedule);
+    } else if (parts.payments && method == periodic_payments) {
+        templates.push_back(templates.front());
+    }
+    return templates;
 }
 
 }  // namespace kelvar

@@ -21,6 +21,7 @@
 #include "engine/result_texts.h"
 #include "engine/schedule.h"
 #include "engine/years.h"
+#include "output/result/summary_texts.h"
 #include "widgets/bar_chart.h"
 #include "widgets/text.h"
 
@@ -118,7 +119,7 @@ void add_ledger(ReportValues& values, const Scenario& scenario, const Ledger& le
         values.ledger.push_back({{"entry", entry}, {"amount", money_text(dollars)}});
     };
     add("Balance today", ledger.opening);
-    add(ledger.earnings < 0.0 ? "- Lost" : "+ Earned", std::abs(ledger.earnings));
+    add(ledger.earnings < 0.0 ? "- Loss" : "+ Earnings", std::abs(ledger.earnings));
     const std::string not_charged =
         ledger.periods_without_fee == 0
             ? ""
@@ -156,12 +157,30 @@ int count_of_years(const std::vector<YearRow>& years) {
     return static_cast<int>(std::ranges::count(years, std::string_view(), &YearRow::label));
 }
 
-void add_years(ReportValues& values, const std::vector<YearRow>& years) {
+// What lies before the years has a row as well, so that they add up to the ledger.
+void add_years(ReportValues& values, const Scenario& scenario, const Projection& projection,
+               const std::vector<YearRow>& years) {
+    const Ledger& ledger = projection.ledger;
+    const std::string first_month = month_year_text(projection.dates.first.date);
+    YearRow total = total_of(years);
+    if (scenario.method == periodic_payments &&
+        (ledger.earnings_before != 0.0 || ledger.fees_before != 0.0)) {
+        YearRow before;
+        before.beginning = ledger.opening;
+        before.earnings = ledger.earnings_before;
+        before.fees = ledger.fees_before;
+        before.ending = round_to_cents(projection.start_value);
+        values.years.push_back(named(year_columns, year_texts(before)));
+        values.years.back().emplace_back("before", "Before " + first_month);
+        total.earnings += before.earnings;
+        total.fees += before.fees;
+    }
     for (const YearRow& year : years) {
         values.years.push_back(named(year_columns, year_texts(year)));
+        values.years.back().emplace_back(
+            "before", year.label == lump_sum_label ? first_month + ", lump sum" : "");
     }
-    const YearRow total = total_of(years);
-    values.total_years = count_text(count_of_years(years), "year");
+    values.total_years = time_text(projection.schedule.number_of_payments * 12 / scenario.frequency);
     values.total_payments = std::to_string(total.payments);
     values.total_earnings = money_text(total.earnings);
     values.total_fees = money_text(total.fees);
@@ -212,16 +231,18 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
         values.first_age = age_text(scenario, date);
         values.fee_note = lump_sum_fee_text();
         values.wide = has_long_amount(values.ledger);
+        add_summary(values, scenario, projection, database);
         return values;
     }
     std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
     mark_below_federal_minimum(years, scenario, projection, database);
     add_payments(values, scenario, projection.schedule);
     add_life(values, scenario);
-    add_years(values, years);
+    add_years(values, scenario, projection, years);
     values.federal_minimum = federal_minimum_text(years);
     values.before = before_payments_text(projection.ledger);
     values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
+    add_summary(values, scenario, projection, database);
     if (count_of_years(years) > 1) {
         values.chart = [bars = yearly_bars(years)](QPainter& painter, const QRectF& area) {
             paint_bars(painter, area, bars);

@@ -120,7 +120,7 @@ void ResultScreen::build_buttons() {
     print_buttons = new PrintButtons(navigation());
     print_buttons->offer_csv();
     if (scenario.method != lump_sum) {
-        print_buttons->offer_parts();
+        print_buttons->offer_parts(module.visit.printed_parts);
     }
     connect(print_buttons, &PrintButtons::chosen, this, [this](Destination destination) {
         print_buttons->say(print(module, this, destination, print_job()));
@@ -198,9 +198,10 @@ PrintJob ResultScreen::print_job() const {
     PrintJob job;
     try {
         store_again_if_changed();
-        add_reports(job, module,
-                    report_templates(scenario.method, scenario.length_option, print_buttons->parts()),
-                    printed_values(scenario, shown_, module.database()));
+        add_reports(
+            job, module,
+            report_templates(scenario.method, scenario.length_option, module.visit.printed_parts),
+            printed_values(scenario, shown_, module.database()));
     } catch (const std::exception& error) {  // of the database
         job.missing = error.what();
     }

@@ -161,11 +161,11 @@ public:
         QFile file(save_as);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QString pdf = QString::fromLatin1(file.readAll());
-        static const QRegularExpression size(u"/MediaBox \\[0 0 ([\\d.]+) ([\\d.]+)"_s);
+        static const QRegularExpression size(u"/MediaBox \\[ 0 0 ([\\d.]+) ([\\d.]+)"_s);
         const QRegularExpressionMatch box = size.match(pdf);
         const double width = box.captured(1).toDouble(), height = box.captured(2).toDouble();
         add(u"printed"_s,
-            u"%1 pages of %2 x %3 points"_s.arg(pdf.count(u"/Type /Page\n"_s)).arg(width).arg(height));
+            u"%1 pages of %2 x %3 points"_s.arg(pdf.count(u"/Type /Page >>"_s)).arg(width).arg(height));
         PageWords device;
         device.setPageSize(QPageSize(QPageSize::Letter));
         device.setPageOrientation(width > height ? QPageLayout::Landscape : QPageLayout::Portrait);
@@ -183,7 +183,7 @@ public:
             reports.push_back(fill_template(std::filesystem::path(KELVAR_REPORTS) / name,
                                             module->database(), values));
         }
-        draw_reports(reports, today, device);
+        draw_reports(reports, device);
         QStringList pages;
         for (const auto& page : device.pages) {
             pages << u"-- page %1\n"_s.arg(pages.size() + 1) + page_text(page);
@@ -250,7 +250,7 @@ TEST_P(Approved, ScreensTablesAndPages) {
         add_table("grdyear");
     }
     const Projection projection = project(scenario, scenario.selected_rates.front(), today);
-    add_pages(report_templates(scenario.method, scenario.length_option),
+    add_pages(report_templates(scenario.method, scenario.length_option, {.years = true}),
               printed_values(scenario, projection, module->database()));
     if (scenario.method != lump_sum) {
         click("cmdcompare");

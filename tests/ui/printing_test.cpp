@@ -116,7 +116,7 @@ public:
     int printed_pages() {
         QFile file(save_as);
         const bool there = file.open(QIODevice::ReadOnly);
-        const int pages = there ? static_cast<int>(file.readAll().count("/Type /Page\n")) : 0;
+        const int pages = there ? static_cast<int>(file.readAll().count("/Type /Page >>")) : 0;
         file.remove();
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         return pages;
@@ -130,7 +130,7 @@ TEST_F(Printing, PeriodicChartAndReports) {
     click("Cmdnext");
     const auto rows = work_table_rows();
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 11);  // the summary, 30 years, 349 rows and their 30 sums
+    EXPECT_EQ(printed_pages(), 11);  // two of the summary, 349 rows and their 30 sums
     EXPECT_EQ(offered, u"Periodic Payments 5% 2020-01-15.pdf"_s);
     EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
     expect_saved_line();
@@ -279,27 +279,27 @@ TEST_F(Printing, ChartNeedsTwoYears) {
     }
 }
 
-TEST_F(Printing, LumpSumPrintsOnePage) {
+TEST_F(Printing, LumpSumPrintsOneSheet) {
     go_to_method();
     click("optmethod_0");
     go_to_result();
     ASSERT_EQ(screen_name(), u"frmlump"_s);
     run_sql(folder.database(), "UPDATE distrib SET totalvalue = NULL");
     click("cmdprint");
-    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(printed_pages(), 2);
     EXPECT_EQ(sql_rows(folder.database(), "SELECT totalvalue FROM distrib"),
               std::vector<std::string>{"$256,285.85"});
     // Printing only reads.
     std::filesystem::permissions(folder.database(), std::filesystem::perms::owner_read);
     click("cmdprint");
     EXPECT_TRUE(take_messages().empty());
-    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(printed_pages(), 2);
 }
 
-// What is printed stays chosen until the screen is left.
+// What is printed stays chosen as long as the participant is on the screens.
 TEST_F(Printing, PartsAreChosenInTheMenu) {
     go_to_partial_result();
-    const auto choose_part = [this](const QString& entry, const QString& said) {
+    const auto tick = [this](const QString& entry, const QString& said) {
         menu_entry = entry;
         click("cmdprintmenu");
         EXPECT_EQ(text_of("lblsaved"), said);
@@ -307,18 +307,20 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
         click("cmdprint");
         EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
     };
-    choose_part(u"S&ummary Only"_s, u"Prints the summary only"_s);
-    EXPECT_EQ(printed_pages(), 1);
+    click("cmdprint");
+    EXPECT_EQ(printed_pages(), 3) << "summary and payments";
+    tick(u"With All Pa&yments"_s, u"Prints the summary only"_s);
+    EXPECT_EQ(printed_pages(), 2);
     menu_entry = u"P&DF..."_s;
     click("cmdsave");
-    EXPECT_EQ(printed_pages(), 1);
-    choose_part(u"Summary and &Years"_s, u"Prints the summary and the years"_s);
     EXPECT_EQ(printed_pages(), 2);
+    tick(u"With the &Years"_s, u"Prints the summary and the years"_s);
+    EXPECT_EQ(printed_pages(), 3);
     menu_entry = u"Print with &Options..."_s;  // no printer to have options
     click("cmdprintmenu");
-    EXPECT_EQ(printed_pages(), 2);
-    choose_part(u"&Everything"_s, u"Prints everything"_s);
     EXPECT_EQ(printed_pages(), 3);
+    tick(u"With All Pa&yments"_s, u"Prints the summary, the years and all payments"_s);
+    EXPECT_EQ(printed_pages(), 4);
     menu_entry = u"Pre&view..."_s;
     click("cmdprintmenu");
     EXPECT_TRUE(notes_shown.contains(u"printpreview"_s));
@@ -326,12 +328,12 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     print_from_preview = true;
     click("cmdprintmenu");
     EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
-    EXPECT_EQ(printed_pages(), 3);
+    EXPECT_EQ(printed_pages(), 4);
     click("cmdchart");
     click("cmdprintmenu");
     EXPECT_EQ(printed_pages(), 1);
     click("cmdprev");
-    choose_part(u"S&ummary Only"_s, u"Prints the summary only"_s);
+    tick(u"With All Pa&yments"_s, u"Prints the summary and the years"_s);
     printed_pages();
     click("cmdprev");
     click("Cmdnext");
@@ -394,7 +396,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     cancel_prints = true;
     go_to_participant();
     int pages = 0;
-    const Report page = chart_page(u"Slow"_s, {}, {}, [&pages](QPainter&, const QRectF&) {
+    const Report page = chart_page(u"Slow"_s, {}, [&pages](QPainter&, const QRectF&) {
         ++pages;
         QThread::msleep(300);
     });
@@ -435,7 +437,7 @@ TEST_F(Printing, CancelLeavesNothingBehind) {
     QPdfWriter some_pages(&buffer);
     some_pages.setPageRanges(QPageRanges::fromString(u"2-3"_s));
     pages = 0;
-    draw_reports(slow.reports, {}, some_pages);
+    draw_reports(slow.reports, some_pages);
     EXPECT_EQ(pages, 2);
     EXPECT_EQ(buffer.data().count("/Type /Page\n"), 2);
 }
@@ -529,7 +531,7 @@ TEST_F(Printing, APrintServerThatNeverAnswersIsNotWaitedFor) {
     };
     EXPECT_NEAR(seconds_of("cmdprint"), 3.5, 1.5);
     EXPECT_EQ(offered_by, u"The print server does not answer - save as PDF"_s);
-    EXPECT_EQ(printed_pages(), 1);
+    EXPECT_EQ(printed_pages(), 2);
     menu_entry = u"Pre&view..."_s;
     EXPECT_LT(seconds_of("cmdprintmenu"), 2.0);
     EXPECT_EQ(notes_shown, QStringList{u"printpreview"_s});
@@ -575,7 +577,6 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     EXPECT_EQ(printed_pages(), 2);
     notes_shown.clear();
     std::filesystem::rename(folder.path() / "partial.rpt", folder.path() / "hidden too");
-    std::filesystem::rename(folder.path() / "yearly.rpt", folder.path() / "hidden years");
     click("cmdprint");
     messages = take_messages();
     ASSERT_EQ(messages.size(), 1u);
@@ -585,13 +586,17 @@ TEST_F(Printing, FailuresAreOneMessageEach) {
     EXPECT_FALSE(notes_shown.contains(u"savepdf"_s));
     std::filesystem::rename(folder.path() / "hidden too", folder.path() / "partial.rpt");
     std::filesystem::rename(hidden, template_file);
+    // The office's own words stand on the summary, or are refused like a template.
+    std::ofstream(folder.path() / "office.html") << "<p>{{result.figur}}</p>";
     click("cmdprint");
     messages = take_messages();
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_TRUE(messages[0].starts_with("Not everything was printed.\n\n")) << messages[0];
-    EXPECT_NE(messages[0].find("yearly.rpt"), std::string::npos) << messages[0];
-    EXPECT_EQ(printed_pages(), 2);
-    std::filesystem::rename(folder.path() / "hidden years", folder.path() / "yearly.rpt");
+    EXPECT_TRUE(
+        messages[0].ends_with("office.html names an unknown field: \"result.figur\" in line 1."))
+        << messages[0];
+    EXPECT_EQ(printed_pages(), 3);
+    std::filesystem::remove(folder.path() / "office.html");
 
     const QString good = save_as;
     const std::string pipe = (folder.path() / "pipe.pdf").string();

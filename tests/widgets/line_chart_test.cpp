@@ -12,6 +12,7 @@
 #include <set>
 
 #include "tests/support/drawn_texts.h"
+#include "widgets/theme.h"
 
 namespace kelvar::test {
 
@@ -113,8 +114,7 @@ TEST_F(LineChartTest, EndsOfAxesAndLinesAreNamed) {
 
 // Words stay words, in the size that the width asks for, whatever the page's resolution is.
 TEST_F(LineChartTest, PaperHasWordsUpToTheBound) {
-    QFont font = chart.font();
-    font.setPointSizeF(11.0);
+    const QFont font = theme::paper_font(11.0);
     for (const double width : {900.0, 300.0}) {
         DrawnTexts paper(QSize(9000, 6000));
         paper.setDotsPerMeterX(10 * paper.dotsPerMeterX());
