@@ -14,7 +14,7 @@ fail() {
     exit 1
 }
 
-cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || fail "$(cat "$work/cpack.log")"
+SOURCE_DATE_EPOCH=$(date +%s) "$build/packaging/pack.sh" "$work" >"$work/log" 2>&1 || fail "$(cat "$work/log")"
 archives=("$work"/kelvar-*.tar.gz)
 [ ${#archives[@]} -eq 1 ] || fail "more than one archive: ${archives[*]}"
 place="$work/Alice's \"plans\" at \$5"
@@ -29,12 +29,13 @@ for file in kelvar add-to-menu.sh; do
 done
 reports=({periodic,partial,lumpsum,yearly,schedule,schefix,schelife,compare}.rpt)
 for file in vestoraq.mdb vestoraq.hlp "${reports[@]}" LICENSE README.txt $id.{svg,desktop,metainfo.xml,xml} \
-    application-x-kelvar.svg; do
+    application-x-kelvar.svg kelvar.1 changelog copyright; do
     [ -s "$folder/$file" ] || fail "$file is missing or empty"
 done
 for report in "$source"/data/reports/*.rpt; do
     cmp "$report" "$folder/$(basename "$report")" || fail "a report template is not the one of the sources"
 done
+tar -tzf "${archives[0]}" | LC_ALL=C sort --check || fail "the order in the archive is that of a disk"
 [ "$(stat -c %a "$folder/vestoraq.mdb")" = 600 ] || fail "others may read the database"
 ! readelf --wide --sections "$folder/kelvar" | grep -q ' \.symtab ' || fail "the program is not stripped"
 
@@ -120,9 +121,12 @@ command -v dpkg-deb >/dev/null || exit 0
 root=$work/root
 dpkg-deb -x "$work"/kelvar_*.deb "$root"
 for file in applications/$id.desktop icons/hicolor/scalable/{apps/$id,mimetypes/application-x-kelvar}.svg \
-    {metainfo/$id.metainfo,mime/packages/$id}.xml doc/kelvar/copyright; do
+    {metainfo/$id.metainfo,mime/packages/$id}.xml doc/kelvar/{copyright,changelog.gz} man/man1/kelvar.1.gz; do
     [ -s "$root/usr/share/$file" ] || fail "$file is missing or empty in the .deb"
 done
+version=$(dpkg-deb -f "$work"/kelvar_*.deb Version)
+zgrep -q "^kelvar ($version) " "$root/usr/share/doc/kelvar/changelog.gz" || fail "the changelog lacks $version"
+grep -q "<release version=\"$version\" " "$root/usr/share/metainfo/$id.metainfo.xml" || fail "no release is $version"
 find "$root" -name '*.xml' -exec python3 -c 'import sys, xml.dom.minidom as xml; [*map(xml.parse, sys.argv[1:])]' {} + ||
     fail "one of the .xml files is none"
 writable=$(find "$root" ! -type l -perm /022)
@@ -228,3 +232,10 @@ for file in "Ann's  \$5.kelvar" -style.kelvar "$PWD/Ann.kelvar"; do
     [ "$(cat "$work/given")" = "$XDG_DATA_HOME/kelvar/"$'\n'"$PWD/${file##*/}" ] ||
         fail "told to open $file, the program is given $(cat "$work/given")"
 done
+
+# --- A program of another name, with options of its own
+cp "$launcher" "$launcher-other"
+cp "$installed/kelvar" "$installed/kelvar-other"
+"$launcher-other" --rows Ann.csv
+[ "$(cat "$work/given")" = "$XDG_DATA_HOME/kelvar/"$'\n--rows\nAnn.csv' ] ||
+    fail "the other program is given $(cat "$work/given")"
