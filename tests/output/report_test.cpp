@@ -5,7 +5,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QFontMetricsF>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextFrame>
 #include <QTextTable>
@@ -16,9 +18,11 @@
 #include "engine/store.h"
 #include "output/report/long_table_pages.h"
 #include "output/report/page_painter.h"
+#include "output/report/print_job.h"
 #include "tests/support/page_words.h"
 #include "tests/support/temporary_program_folder.h"
 #include "widgets/text.h"
+#include "widgets/theme.h"
 
 namespace kelvar::test {
 
@@ -298,6 +302,42 @@ TEST_F(Reports, UseImagesBesideTheirTemplate) {
     EXPECT_EQ(image.value<QImage>(), logo);
     EXPECT_EQ(report->lastBlock().previous().blockFormat().background().textureImage().size(),
               logo.size());
+}
+
+// The office's own words are taken from its page, above and below a rule, and filled like a template.
+TEST_F(Reports, TheOfficeSpeaksForItself) {
+    const auto words = [&](const std::string& html) {
+        std::ofstream(folder.path() / "office.html") << html;
+        ReportValues result;
+        result.participant = "Ann";
+        add_office_words(result, folder.path() / "office.html", database);
+        return result.office_above + '|' + result.office_next;
+    };
+    EXPECT_EQ(words("<html><BODY class='x'>a <hr size=1>{{result.participant}}</body></html>"),
+              "a |Ann");
+    EXPECT_EQ(words("555-0100"), "|555-0100");
+    EXPECT_THROW(words("<img src='/etc/seal.png'>"), PrintError);
+}
+
+// Readers of a PDF find its parts and years, and copy its letters.
+TEST_F(Reports, PdfsHaveAnOutlineTheirLanguageAndNoLigatures) {
+    PrintJob job{.title = u"Job"_s, .file_name = u"File"_s};
+    job.reports = {
+        own_report("<title>One</title><p>x</p><p style='margin-top: 96px'><a name='2027'>y</a>", {}),
+        own_report("<title>Two</title><p>z</p>", {})};
+    const QByteArray pdf = pdf_of(job, paper_of(job));
+    EXPECT_EQ(pdf, pdf_of(job, paper_of(job))) << "no time of day";
+    for (const char* part : {"/Lang (en-US)", "/DisplayDocTitle true", "/Title (One)", "/Title (2027)",
+                             "/Title (Two)", "/Type /Page >>", "/Count -1"}) {
+        EXPECT_TRUE(pdf.contains(part)) << part;
+    }
+    // The head ends 56 points below the edge; a line of 10 points and 72 points are above the second.
+    static const QRegularExpression place(u"/XYZ null ([\\d.]+) null \\][^>]*/Title \\(2027\\)"_s);
+    const double top = place.match(QString::fromLatin1(pdf)).captured(1).toDouble();
+    EXPECT_NEAR(top, 792.0 - 56.0 - 14.0 - 72.0, 10.0);
+    const QFontMetricsF metrics(theme::paper_font(10.0));
+    EXPECT_NEAR(metrics.horizontalAdvance(u"ffi"_s),
+                2 * metrics.horizontalAdvance(u"f"_s) + metrics.horizontalAdvance(u"i"_s), 0.5);
 }
 
 // A device that takes no pages, as a printer that has gone.
