@@ -27,13 +27,13 @@ inline constexpr int late_first_payment_from = 71;
 // The age from which federal law asks for minimum distributions, in months. It has moved since the
 // plan's own age of 70½, by date of birth.
 struct FederalAge {
-    std::chrono::sys_days born_before;
+    std::chrono::year_month_day born_before;
     int months;
 };
 inline constexpr FederalAge federal_ages[] = {{std::chrono::year{1949} / 7 / 1, 70 * 12 + 6},
                                               {std::chrono::year{1951} / 1 / 1, 72 * 12},
                                               {std::chrono::year{1960} / 1 / 1, 73 * 12},
-                                              {std::chrono::sys_days::max(), 75 * 12}};
+                                              {std::chrono::year::max() / 12 / 31, 75 * 12}};
 
 // Dollars a year. The lump sum projection charges a fee of its own, whatever fee its screen shows.
 inline constexpr std::int16_t yearly_fee = 80;
