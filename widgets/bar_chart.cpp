@@ -11,7 +11,7 @@ namespace kelvar {
 namespace {
 
 constexpr double group_width = 0.8;  // share of a label's room that its bars take
-constexpr double small_font = 0.85;  // of the values above the bars
+constexpr double small_font = 0.85;  // of the values above the bars, on a screen
 
 class BarDrawing : public ChartDrawing {
 public:
@@ -19,7 +19,6 @@ public:
         : ChartDrawing(data, look, 0),
           sets_(static_cast<int>(data.sets.size())),
           values_at_ends_(look.values_at_ends),
-          paper_(look.paper),
           turned_(look.turn_values_beyond > 0 && data.labels.size() * sets_ > look.turn_values_beyond) {
         for (std::size_t set = 0; set < data.sets.size(); ++set) {
             add_bars(set, look);
@@ -74,7 +73,7 @@ protected:
     }
 
 private:
-    // Inside the axes. Returns the place of its text.
+    // Inside the axes. Returns the place of its text, not turned.
     QRectF put_above(QCPItemText* value, const ChartPoint& bar) const {
         const QFontMetricsF metrics(value->font());
         const QRectF plot = axisRect()->rect();
@@ -87,22 +86,40 @@ private:
         return {place - width / 2.0, above - metrics.height(), width, metrics.height()};
     }
 
-    // Of the first set. Where two would touch, the one that is named first stays; the second is left
-    // out where it would hide its neighbours.
+    // Of the first set. They read upwards where a bar beside them is higher. Where two would touch, the
+    // one that is named first stays.
     void show_values_at_ends() {
         const std::size_t count = data().labels.size();
         std::vector<QRectF> taken;
         for (const std::size_t label : {std::size_t{0}, count - 1, std::size_t{1} % count}) {
-            const QRectF place = put_above(values_[label], {0, label});
-            const bool is_free = std::ranges::none_of(taken, [&](const QRectF& other) {
+            QCPItemText* value = values_[label];
+            QRectF place = put_above(value, {0, label});
+            const bool upwards = hides_a_bar(place, label);
+            if (upwards) {
+                const QPointF foot(xAxis->coordToPixel(middle({0, label})), place.bottom());
+                value->position->setPixelPosition(foot);
+                place = {foot.x() - place.height() / 2.0, foot.y() - place.width(), place.height(),
+                         place.width()};
+            }
+            value->setRotation(upwards ? -90.0 : 0.0);
+            value->setPositionAlignment(upwards ? Qt::AlignLeft | Qt::AlignVCenter
+                                                : Qt::AlignHCenter | Qt::AlignBottom);
+            value->setVisible(std::ranges::none_of(taken, [&](const QRectF& other) {
                 return other.adjusted(-gap, 0.0, gap, 0.0).intersects(place);
-            });
-            values_[label]->setBrush(paper_);  // the bar beside it may be higher
-            values_[label]->setRotation(0.0);
-            values_[label]->setPositionAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-            values_[label]->setVisible(is_free && (label != 1 || place.width() <= 2.0 * slot()));
+            }));
             taken.push_back(place);
         }
+    }
+    bool hides_a_bar(const QRectF& place, std::size_t but) const {
+        for (std::size_t label = 0; label < data().sets.front().values.size(); ++label) {
+            const double half = group_width * slot() / 2.0;
+            const double x = xAxis->coordToPixel(static_cast<double>(label));
+            const bool beside = x + half < place.left() || x - half > place.right();
+            if (label != but && !beside && yAxis->coordToPixel(value_of({0, label})) < place.bottom()) {
+                return true;
+            }
+        }
+        return false;
     }
 
     double middle(const ChartPoint& bar) const {
@@ -133,7 +150,7 @@ private:
 
     QCPItemText* add_value(const ChartLook& look) {
         QFont font = look.font;
-        font.setPointSizeF(font.pointSizeF() * small_font);
+        font.setPointSizeF(font.pointSizeF() * (values_at_ends_ ? 1.0 : small_font));
         QCPItemText* text = add_text({}, font);
         text->setRotation(turned_ ? -90.0 : 0.0);
         text->setPositionAlignment(turned_ ? Qt::AlignLeft | Qt::AlignVCenter
@@ -144,7 +161,6 @@ private:
 
     int sets_;
     bool values_at_ends_;
-    QColor paper_;
     bool turned_;  // the values
     std::vector<QCPItemText*> values_;
     std::optional<ChartPoint> chosen_;

@@ -121,12 +121,16 @@ void PagePainter::draw(const QTextDocument& document, int page) {
 
 void PagePainter::draw_head(const QString& title, const QString& whose) {
     painter_.save();
-    painter_.setFont(theme::paper_font(small_points));
+    QFont font = theme::paper_font(body_points);
+    font.setBold(true);
+    painter_.setFont(font);
     const double line = painter_.fontMetrics().height();
     const QRectF area(body_.left(), 0.0, body_.width(), line);
-    const int room = static_cast<int>(area.width() - painter_.fontMetrics().horizontalAdvance(title));
-    painter_.drawText(area, Qt::AlignLeft, title);
-    painter_.drawText(area, Qt::AlignRight,
+    painter_.drawText(area, Qt::AlignLeft | Qt::AlignBottom, title);
+    const double left = painter_.fontMetrics().horizontalAdvance(title) + line;
+    painter_.setFont(theme::paper_font(small_points));
+    const int room = static_cast<int>(area.width() - left);
+    painter_.drawText(area, Qt::AlignRight | Qt::AlignBottom,
                       painter_.fontMetrics().elidedText(whose, Qt::ElideMiddle, room));
     painter_.setPen(QPen(Qt::black, device_.logicalDpiY() / 150.0));
     painter_.drawLine(area.bottomLeft(), area.bottomRight());

@@ -55,6 +55,8 @@ constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"another_rate", &ReportValues::another_rate},
     {"office_above", &ReportValues::office_above},
     {"office_next", &ReportValues::office_next},
+    {"below_minimum", &ReportValues::below_minimum},
+    {"payment_count", &ReportValues::payment_count},
     {"total_years", &ReportValues::total_years},
     {"total_payments", &ReportValues::total_payments},
     {"total_earnings", &ReportValues::total_earnings},

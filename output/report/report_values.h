@@ -47,6 +47,8 @@ struct ReportValues {
     std::string another_rate;     // what the next of the chosen rates changes, in one sentence
     std::string office_above;     // HTML of the office's own words, above the title
     std::string office_next;      // and on what to do next
+    std::string below_minimum;    // the same without the mark of these years
+    std::string payment_count;    // "338 payments"
     std::string total_years;      // for how long payments run: "15 years and 5 months"
     std::string total_payments;   // sums over the years
     std::string total_earnings;

@@ -182,6 +182,7 @@ void add_years(ReportValues& values, const Scenario& scenario, const Projection&
     }
     values.total_years = time_text(projection.schedule.number_of_payments * 12 / scenario.frequency);
     values.total_payments = std::to_string(total.payments);
+    values.payment_count = count_text(total.payments, "payment");
     values.total_earnings = money_text(total.earnings);
     values.total_fees = money_text(total.fees);
     values.total_paid = money_text(total.paid);
@@ -191,7 +192,7 @@ void add_years(ReportValues& values, const Scenario& scenario, const Projection&
 BarData yearly_bars(const std::vector<YearRow>& years) {
     BarData bars{.labels = {},
                  .sets = {{.name = u"Total paid"_s, .values = {}}},
-                 .value_title = u"Paid in each year"_s,
+                 .value_title = u"Paid in each year, and your age at its last payment"_s,
                  .notes = {},
                  .notes_title = u"Age"_s};
     for (const YearRow& year : years) {
@@ -240,6 +241,8 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
     add_life(values, scenario);
     add_years(values, scenario, projection, years);
     values.federal_minimum = federal_minimum_text(years);
+    values.below_minimum =
+        values.federal_minimum.substr(std::min<std::size_t>(2, values.federal_minimum.size()));
     values.before = before_payments_text(projection.ledger);
     values.wide = has_long_amount(values.ledger) || has_long_amount(values.years);
     add_summary(values, scenario, projection, database);

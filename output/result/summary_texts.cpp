@@ -30,7 +30,7 @@ std::string at_age(const Scenario& scenario, Date date) {
 // What it comes to, and how often, which stays on one line.
 std::pair<std::string, std::string> figure(const Scenario& scenario, const Projection& projection) {
     if (scenario.method == lump_sum) {
-        return {money_text(projection.lump_sum), "at\u00a0once"};
+        return {money_text(projection.lump_sum), "once"};
     }
     const std::vector<PaymentRow>& rows = projection.schedule.rows;
     if (rows.front().payment == 0.0) {  // too little for a cent each time
@@ -50,8 +50,10 @@ std::pair<std::string, std::string> figure(const Scenario& scenario, const Proje
 std::string figure_note(const Scenario& scenario, const Projection& projection) {
     const bool once = scenario.method == lump_sum || projection.schedule.rows.size() == 1;
     const bool same = scenario.length_option == by_dollar_amount;
+    const bool two = !once && projection.schedule.rows.size() == 2;
     return fmt::format("{}, at {} a year and before taxes",
                        once   ? "Estimated payment"
+                       : two  ? "The first of two payments"
                        : same ? "Your payments"
                               : "Your first payments",
                        rate_text(projection.rate, lump_sum));
@@ -123,11 +125,17 @@ std::vector<NamedTexts> why(const Scenario& scenario, const Projection& projecti
     while (next <= last && !begins_year(schedule, next)) {
         ++next;
     }
-    if (next <= last) {
-        add(amount_explanation(scenario, schedule, next));
-    }
     if (next < last) {
-        add("Each calendar year begins with such a division.");
+        const double change = schedule.rows[next].payment - schedule.rows.front().payment;
+        add(amount_explanation(scenario, schedule, next) +
+            (change > 0.0   ? " It has earned more than the fees."
+             : change < 0.0 ? " It has not earned the fees."
+                            : ""));
+    }
+    if (last > 0) {
+        add(fmt::format("{}The last payment, {}, is all that is left.",
+                        next < last ? "Each calendar year begins with such a division. " : "",
+                        money_text(schedule.rows[last].payment)));
     }
     return why;
 }
@@ -166,9 +174,9 @@ void add_chosen(ReportValues& values, const Scenario& scenario, const Projection
         add("Length of payments",
             fmt::format("{}, {}", count_text(projection.schedule.number_of_payments, "payment"),
                         scenario.length_option == by_life_expectancy
-                            ? "over your " + std::string(table_name(scenario))
+                            ? "over " + std::string(table_name(scenario))
                             : "a number that you chose"),
-            most ? fmt::format("{} at most", count_text(*most, "payment")) : "");
+            most ? fmt::format("any number up to {}", *most) : "");
     }
     if (!values.life.empty()) {
         add("Divisor",
@@ -181,8 +189,8 @@ void add_chosen(ReportValues& values, const Scenario& scenario, const Projection
 // Payments that end a year or more before the years of the table do.
 std::string until_text(const ReportValues& values, const Scenario& scenario,
                        const Projection& projection) {
-    if (values.life.empty() || scenario.method == lump_sum ||
-        scenario.length_option == by_life_expectancy) {
+    if (values.life.empty() || scenario.length_option == by_life_expectancy ||
+        projection.schedule.rows.size() == 1) {
         return {};
     }
     const int last = age_in_month(scenario.birth_date, projection.schedule.rows.back().date);
@@ -227,8 +235,7 @@ void add_words(ReportValues& values, const Scenario& scenario, const Projection&
         return;
     }
     add("Annual fee",
-        fmt::format("{} a year, charged by the day with each payment, and not charged where "
-                    "the growth does not cover it.",
+        fmt::format("{} a year, charged by the day; between payments only where growth covers it.",
                     fee_text(scenario.fee_amount)));
     if (!values.life.empty()) {
         add(values.life.c_str(),
@@ -247,23 +254,29 @@ void add_words(ReportValues& values, const Scenario& scenario, const Projection&
                                          count_text(scenario.number_of_payments, "payment"))
                            : "These years. Your payments may not last longer.");
     }
-    if (scenario.length_option != by_dollar_amount) {
+    const std::vector<PaymentRow>& rows = projection.schedule.rows;
+    if (scenario.length_option != by_dollar_amount &&
+        rows.front().date.year() != rows.back().date.year()) {
         add("Recalculation",
-            "Before the first payment of each calendar year the balance is divided by the number of "
-            "payments that are left. Earnings beyond the fees raise the amount, a loss lowers it.");
+            "Each calendar year, before its first payment, the balance is divided anew by the "
+            "number of payments that are left.");
     }
     if (projection.ledger.rounding != 0.0) {
-        add("Rounding",
-            "Every payment is made in whole cents. What that leaves over is named by itself.");
+        add("Rounding", "Every payment is in whole cents. What cents leave over is named by itself.");
     }
 }
 
-constexpr const char* not_worked_out[] = {
-    "Taxes, and the 10% penalty that some payments cost.",
-    "Each year's federal minimum, which the plan must pay if your payments are less.",
-    "What becomes of the rest at your death or after a divorce, and what heirs are paid.",
-    "Whether you may change or stop payments later, or roll them over; Roth money.",
-    "Rising prices, good and bad years, and the costs of the funds themselves."};
+struct NotWorkedOut {
+    const char* line;
+    bool of_lump_sum;  // concerns it as well
+};
+constexpr NotWorkedOut not_worked_out[] = {
+    {"Taxes, and the 10% penalty that some payments cost.", true},
+    {"Each year's exact federal minimum; the plan must pay it if your payments are less.", false},
+    {"What becomes of the rest at your death or after a divorce, and what heirs are paid.", true},
+    {"Whether you may change or stop payments later.", false},
+    {"Whether you may roll the money over; Roth money.", true},
+    {"Rising prices, good and bad years, and the costs of the funds themselves.", true}};
 
 }  // namespace
 
@@ -274,11 +287,13 @@ void add_summary(ReportValues& values, const Scenario& scenario, const Projectio
     values.facts = facts(scenario, projection);
     values.why = why(scenario, projection);
     add_chosen(values, scenario, projection, database);
-    values.until = until_text(values, scenario, projection);
+    values.until = scenario.method == lump_sum ? "" : until_text(values, scenario, projection);
     values.another_rate = another_rate_text(scenario, projection);
     add_words(values, scenario, projection);
-    for (const char* line : not_worked_out) {
-        values.not_worked_out.push_back({{"line", line}});
+    for (const auto& [line, of_lump_sum] : not_worked_out) {
+        if (scenario.method != lump_sum || of_lump_sum) {
+            values.not_worked_out.push_back({{"line", line}});
+        }
     }
 }
 
