@@ -1,7 +1,7 @@
 # Which folders a folder includes from: its target, named after it, is linked with theirs, and
 # tests/include_directions.cmake fails for any other. README shows the same arrows.
 set(folders core engine input/rules participant widgets shell shell/notes input output/report output/chart
-            output/result)
+            output/result statements statements/program)
 set(arrows_core)
 set(arrows_engine core)
 set(arrows_input/rules core)
@@ -13,7 +13,9 @@ set(arrows_input core engine input/rules widgets shell shell/notes)
 set(arrows_output/report core engine widgets shell)
 set(arrows_output/chart core engine widgets shell output/report)
 set(arrows_output/result core engine input/rules widgets shell output/report)
-set(without_qt core engine input/rules participant)
+set(arrows_statements core engine input/rules)
+set(arrows_statements/program core engine widgets shell output/report output/result statements)
+set(without_qt core engine input/rules participant statements)
 
 function(link_along_arrows folder)
   string(REPLACE / _ target ${folder})

@@ -19,12 +19,19 @@ constexpr std::array<std::string_view, 12> month_names{"January",   "February", 
                                                        "May",       "June",     "July",     "August",
                                                        "September", "October",  "November", "December"};
 
+Date day_of(const std::tm& local) {
+    return Date{chr::year{local.tm_year + 1900}, chr::month{static_cast<unsigned>(local.tm_mon + 1)},
+                chr::day{static_cast<unsigned>(local.tm_mday)}};
+}
+
 }  // namespace
 
 Date system_date() {
-    const std::tm local = local_time();
-    return Date{chr::year{local.tm_year + 1900}, chr::month{static_cast<unsigned>(local.tm_mon + 1)},
-                chr::day{static_cast<unsigned>(local.tm_mday)}};
+    return day_of(local_time());
+}
+
+Date day_of_writing(const std::filesystem::path& file) {
+    return day_of(time_of_writing(file));
 }
 
 int year_of(Date date) {
@@ -67,6 +74,31 @@ int month_number(std::string_view name) {
     const auto found = std::ranges::find_if(
         month_names, [&](std::string_view candidate) { return same_name(candidate, name); });
     return found == month_names.end() ? 0 : static_cast<int>(found - month_names.begin()) + 1;
+}
+
+std::optional<std::string> date_in_box(std::string_view text) {
+    constexpr std::string_view digits = "0123456789";
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
+    text = text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+    if (text.size() == 8 && text.find_first_not_of(digits) == text.npos) {
+        return fmt::format("{}/{}/{}", text.substr(0, 2), text.substr(2, 2), text.substr(4));
+    }
+    const std::size_t first = text.find_first_not_of(digits);
+    const std::size_t second = first < text.size() ? text.find_first_not_of(digits, first + 1) : first;
+    constexpr std::string_view marks = "/.-";
+    if (second >= text.size() || marks.find(text[first]) == marks.npos ||
+        marks.find(text[second]) == marks.npos) {
+        return std::nullopt;
+    }
+    const std::string_view month = text.substr(0, first);
+    const std::string_view day = text.substr(first + 1, second - first - 1);
+    const std::string_view year = text.substr(second + 1);
+    if (month.empty() || month.size() > 2 || day.empty() || day.size() > 2 ||
+        (year.size() != 2 && year.size() != 4) || year.find_first_not_of(digits) != year.npos) {
+        return std::nullopt;
+    }
+    return fmt::format("{:0>2}/{:0>2}/{:_<4}", month, day, year);
 }
 
 std::string month_year_text(Date date) {

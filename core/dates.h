@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -17,6 +18,8 @@ inline constexpr Date no_date{std::chrono::year{1899}, std::chrono::month{12}, s
 // Today's date; the program has it from nowhere else. Tests pass a fixed one.
 using Clock = std::function<Date()>;
 Date system_date();
+// On which a file was last written.
+Date day_of_writing(const std::filesystem::path& file);
 
 int year_of(Date date);
 int month_of(Date date);  // 1..12
@@ -46,6 +49,10 @@ Date age_seventy_and_a_half(Date birth);
 std::string_view month_name(int month);
 // Number 1..12 of a full month name, 0 when the text is none. Upper and lower case count as equal.
 int month_number(std::string_view name);
+
+// A date that somebody wrote, as "6/15/1950", "06-15-50" or "06151950", blanks around it aside, the way
+// a box for a date holds it: MM/DD/YYYY, a year of two digits as "50__". Nothing for another text.
+std::optional<std::string> date_in_box(std::string_view text);
 
 std::string month_year_text(Date date);  // "July, 2020"
 std::string date_text(Date date);        // "07/01/2020"

@@ -10,9 +10,11 @@
 
 namespace kelvar {
 
+inline constexpr int longest_name = 60;  // characters
+
 // Nothing stands for what has not been entered. Amounts are in dollars and whole cents.
 struct Entries {
-    std::optional<std::string> name{};  // on the printouts; at most 60 characters
+    std::optional<std::string> name{};  // on the printouts; of at most that length
     std::optional<Date> birth_date{};
     std::optional<double> present_value{};
     std::optional<int> first_pay_month{};  // 1..12

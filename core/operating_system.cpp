@@ -16,6 +16,20 @@ std::tm local_time() {
     return local;
 }
 
+std::tm time_of_writing(const std::filesystem::path& file) {
+    struct stat status {};
+    if (stat(file.c_str(), &status) != 0) {
+        throw std::system_error(errno, std::generic_category());
+    }
+    std::tm local{};
+    localtime_r(&status.st_mtime, &local);
+    return local;
+}
+
+std::filesystem::path running_program() {
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
+
 bool may_write_into(const std::filesystem::path& folder) {
     return access(folder.c_str(), W_OK) == 0;
 }

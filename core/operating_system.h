@@ -1,4 +1,5 @@
-// What each operating system does its own way; the only file of core that calls one.
+// What each operating system does its own way; the only file of core that calls one, beside
+// whole_file.cpp.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +12,12 @@ namespace kelvar {
 
 // Now, by the clock and the time zone of the user.
 std::tm local_time();
+
+// The file of the program that runs.
+std::filesystem::path running_program();
+
+// When a file was last written, by the same clock.
+std::tm time_of_writing(const std::filesystem::path& file);
 
 // Whether files may be made in the folder.
 bool may_write_into(const std::filesystem::path& folder);

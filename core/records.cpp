@@ -1,5 +1,6 @@
 #include "core/records.h"
 
+#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -49,6 +50,22 @@ void bind_all(SQLite::Statement& statement, const std::vector<FieldValue>& value
     for (std::size_t i = 0; i < values.size(); ++i) {
         bind(statement, static_cast<int>(i) + 1, values[i]);
     }
+}
+
+// Without locks between threads: the program has one.
+std::unique_ptr<SQLite::Database> open_in_place(const std::string& file) {
+    return std::make_unique<SQLite::Database>(file, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                              busy_timeout_ms);
+}
+
+std::unique_ptr<SQLite::Database> open_copy(const std::string& file) {
+    SQLite::Database original(file, SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX, busy_timeout_ms);
+    auto copy =
+        std::make_unique<SQLite::Database>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+    if (const int code = SQLite::Backup(*copy, original).executeStep(); code != SQLITE_DONE) {
+        throw SQLite::Exception(sqlite3_errstr(code), code);
+    }
+    return copy;
 }
 
 }  // namespace
@@ -283,12 +300,18 @@ void Recordset::require_table() const {
     }
 }
 
-Database::Database(const std::filesystem::path& file) : file_(file) {
-    connection_ = guarded([&] {
-        // Without locks between threads: the program has one.
-        return std::make_unique<SQLite::Database>(
-            file_.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busy_timeout_ms);
-    });
+Database::Database(const std::filesystem::path& file) : Database(file, open_in_place) {
+    require_writable();
+}
+
+std::unique_ptr<Database> Database::copy_of(const std::filesystem::path& file) {
+    return std::unique_ptr<Database>(new Database(file, open_copy));
+}
+
+Database::Database(const std::filesystem::path& file,
+                   std::unique_ptr<SQLite::Database> (*open)(const std::string&))
+    : file_(file) {
+    connection_ = guarded([&] { return open(file_.string()); });
     guarded([&] { connection_->exec("PRAGMA synchronous = FULL"); });
     known_version_ = data_version();
     using enum Recordset::Type;
@@ -304,7 +327,6 @@ Database::Database(const std::filesystem::path& file) : file_(file) {
          "partial", "payments", "fixamount", "paylength", "totalvalue", "rate", "fee"},
         table);
     require_heading_row();
-    require_writable();
 }
 
 Database::~Database() = default;

@@ -116,6 +116,8 @@ public:
     // table or a field, or `distrib` does not hold its one row; when it or its folder is read-only; and
     // when another program keeps it locked for 5 seconds.
     explicit Database(const std::filesystem::path& file);
+    // The same of a copy of the file in memory: the file is only read, and may be read-only.
+    static std::unique_ptr<Database> copy_of(const std::filesystem::path& file);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -169,6 +171,9 @@ public:
 
 private:
     friend class Recordset;
+
+    Database(const std::filesystem::path& file,
+             std::unique_ptr<SQLite::Database> (*open)(const std::string&));
 
     template <class Action>
     auto guarded(Action action) const;

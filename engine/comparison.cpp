@@ -26,35 +26,39 @@ std::string change(double dollars) {
     return fmt::format("{} {}", money_text(std::abs(dollars)), dollars < 0.0 ? "less" : "more");
 }
 
-ComparedRate compared(const Scenario& scenario, ComparedRate column, Date today) {
-    const Projection projection = project(scenario, column.rate, today);
+std::vector<double> balances_of(const Scenario& scenario, const Projection& projection) {
+    std::vector<double> balances;
+    for (const YearRow& year : years_of(projection, scenario.birth_date, scenario.fee_amount)) {
+        if (year.label.empty()) {
+            balances.push_back(year.ending);
+        }
+    }
+    return balances;
+}
+
+}  // namespace
+
+ComparedRate compared(const Scenario& scenario, const Projection& projection) {
+    ComparedRate column{.rate = projection.rate};
     column.outcome = projection.outcome;
-    column.reason = no_result_text(scenario, projection.outcome, column.rate, today);
+    column.reason = no_result_text(scenario, projection.outcome, projection.rate, projection.today);
     if (projection.outcome != Outcome::complete) {
         return column;
     }
     const PaymentSchedule& schedule = projection.schedule;
-    const PaymentRow& last = schedule.rows.back();
-    const std::vector<YearRow> years = years_of(projection, scenario.birth_date, scenario.fee_amount);
-    column.first_value = schedule.rows.front().startbalance;
-    column.first_amount = schedule.rows.front().payment;
-    const PaymentRow* full_year = last_full_year(schedule, scenario.frequency);
+    const bool at_once = schedule.rows.empty();
+    column.first_value = at_once ? projection.start_value : schedule.rows.front().startbalance;
+    column.first_amount = at_once ? projection.lump_sum : schedule.rows.front().payment;
+    const PaymentRow* full_year = at_once ? nullptr : last_full_year(schedule, scenario.frequency);
     column.full_year_amount = full_year != nullptr ? full_year->payment : 0.0;
-    column.payments = schedule.number_of_payments;
-    column.last_payment = last.date;
-    column.last_age = age_in_month(scenario.birth_date, last.date);
+    column.payments = at_once ? 1 : schedule.number_of_payments;
+    column.last_payment = at_once ? projection.dates.first.date : schedule.rows.back().date;
+    column.last_age = age_in_month(scenario.birth_date, column.last_payment);
     column.earnings = projection.ledger.earnings;
     column.fees = projection.ledger.fees;
     column.total = projection.total_paid;
-    for (const YearRow& year : years) {
-        if (year.label.empty()) {
-            column.balances.push_back(year.ending);
-        }
-    }
     return column;
 }
-
-}  // namespace
 
 std::vector<LumpSumValue> lump_sum_values(const Scenario& scenario, Date today) {
     std::vector<LumpSumValue> values;
@@ -94,18 +98,27 @@ Scenario after_fall(Scenario scenario) {
 Comparison compare(const Scenario& scenario, Date today, const WhatIf& what_if) {
     Comparison comparison;
     comparison.today = today;
-    const auto add = [&](ComparedRate row) {
-        comparison.rates.push_back(compared(scenario, row, today));
+    const auto add = [&](const Scenario& of, double rate, bool added, bool fallen) {
+        const Projection projection = project(of, rate, today);
+        ComparedRate row = compared(of, projection);
+        row.added = added;
+        row.fallen = fallen;
+        if (row.outcome == Outcome::complete) {
+            row.balances = balances_of(of, projection);
+        }
+        comparison.rates.push_back(row);
+    };
+    const auto add_both = [&](double rate, bool added) {
+        add(scenario, rate, added, false);
         if (what_if.falls) {
-            row.fallen = true;
-            comparison.rates.push_back(compared(after_fall(scenario), row, today));
+            add(after_fall(scenario), rate, added, true);
         }
     };
     for (const double rate : scenario.selected_rates) {
-        add({.rate = rate});
+        add_both(rate, false);
     }
     if (what_if.earns_nothing && std::ranges::count(scenario.selected_rates, 0.0) == 0) {
-        add({.rate = 0.0, .added = true});
+        add_both(0.0, true);
     }
     const Commencement dates = commencement(scenario, today);
     comparison.first_year =

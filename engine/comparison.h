@@ -39,6 +39,10 @@ struct ComparedRate {
     std::vector<double> balances{};  // after the last payment of each year, from the first on
 };
 
+// What a projection comes to, without its balances. The one payment of a lump sum is its first and
+// last.
+ComparedRate compared(const Scenario& scenario, const Projection& projection);
+
 struct Comparison {
     Date today{no_date};
     int first_year = 0;               // in which the periodic payments begin

@@ -26,8 +26,6 @@ namespace kelvar {
 
 namespace {
 
-constexpr int longest_name = 60;  // characters
-
 // What is pasted can hold line breaks and the like.
 QString printable(QString text) {
     static const QRegularExpression controls(uR"(\p{Cc})"_s);

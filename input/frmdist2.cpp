@@ -122,7 +122,7 @@ void frmdist2::build_partial() {
 void frmdist2::load() {
     dis_f2();
     dis_f3();
-    wait_for_method(u"Choose how the account is to be paid out to go on."_s);
+    wait_for_method(to_qt(method_to_choose.text));
     set_first_field(*std::ranges::find_if(optmethod, &QWidget::isEnabled));
 }
 

@@ -20,33 +20,24 @@
 #include <variant>
 #include <vector>
 
+#include "core/entry_words.h"
 #include "core/numbers.h"
 #include "core/operating_system.h"
 #include "core/plan.h"
 #include "core/visit.h"
 #include "input/rules/birth_date.h"
+#include "input/rules/partial_amount.h"
 
 namespace kelvar {
 
 namespace {
 
 constexpr std::size_t most_bytes = 64 * 1024;
-constexpr std::ptrdiff_t longest_name = 60;  // characters
-constexpr std::size_t most_shown = 60;       // bytes of a name that nobody knows
+constexpr std::size_t most_shown = 60;  // bytes of a name that nobody knows
 
 // What stands behind the name of an entry; nothing for what is of no use anywhere.
 using Value = std::variant<std::monostate, bool, double, std::string, std::vector<double>>;
 
-struct Word {
-    int value = 0;
-    std::string_view text;
-};
-constexpr Word methods[] = {{lump_sum, "lump sum"},
-                            {periodic_payments, "periodic payments"},
-                            {partial_lump_sum, "amount certain with periodic payments"}};
-constexpr Word lengths[] = {{by_number_of_payments, "number of payments"},
-                            {by_dollar_amount, "dollar amount"},
-                            {by_life_expectancy, "life expectancy"}};
 constexpr auto frequencies = [] {
     std::array<Word, std::size(plan::frequencies)> words;
     std::ranges::transform(plan::frequencies, words.begin(), [](const plan::Frequency& frequency) {
@@ -62,10 +53,6 @@ bool is_whole(double number) {
 
 bool is_amount(double number) {
     return std::abs(number) <= largest_amount && round_to_cents(number) == number;
-}
-
-bool is_percentage(double number) {
-    return number > 0.0 && number < 100.0;
 }
 
 bool is_rate(double number) {

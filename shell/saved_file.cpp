@@ -1,15 +1,12 @@
 #include "shell/saved_file.h"
 
-#include <QCoreApplication>
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
-#include <algorithm>
-#include <filesystem>
 
 #include "widgets/hourglass.h"
 #include "widgets/text.h"
@@ -22,30 +19,6 @@ namespace {
 
 constexpr qsizetype longest_title = 150;            // bytes; a file name takes 255
 constexpr const char* last_folder = "last_folder";  // a property of the main window
-
-std::vector<std::filesystem::path> own_files(const Module1& module) {
-    std::vector<std::filesystem::path> files{QCoreApplication::applicationFilePath().toStdString(),
-                                             module.scenario.help_file};
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-        files.push_back(module.program_file(std::string(Module1::database_name) + suffix));
-    }
-    for (const char* name : {KELVAR_REPORT_TEMPLATES, "office.html"}) {
-        files.push_back(module.program_file(name));
-    }
-    return files;
-}
-
-// True also for one that is not there: a file under the name of a journal would be taken for one.
-bool belongs_to_program(const Module1& module, const QString& name) {
-    const QFileInfo info(name);
-    const std::filesystem::path file = (info.isSymLink() ? info.symLinkTarget() : name).toStdString();
-    return std::ranges::any_of(own_files(module), [&](const std::filesystem::path& own) {
-        std::error_code none;
-        return std::filesystem::equivalent(own, file, none) ||
-               std::filesystem::weakly_canonical(own, none) ==
-                   std::filesystem::weakly_canonical(file, none);
-    });
-}
 
 // Where the user saved last, or keeps documents.
 QDir folder_to_offer(const QWidget* main_window) {
@@ -114,33 +87,7 @@ QString saved_to(const QString& path) {
 }
 
 void write_whole(const Module1& module, const QString& path, const QByteArray& contents) {
-    const std::string shown = "The file " + to_utf8(QDir::toNativeSeparators(path));
-    if (belongs_to_program(module, path)) {
-        throw FileError(shown + " belongs to the program and stays as it is.");
-    }
-    QSaveFile file(path);
-    const auto refuse = [&] {
-        throw FileError(shown + " cannot be written: " + to_utf8(file.errorString()) + ".");
-    };
-    const QFileInfo there(path);
-    if (there.exists() && !there.isFile()) {
-        throw FileError(shown + " cannot be written: it is a device or a folder.");
-    }
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        refuse();
-    }
-    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    // A disk that fills up takes a part without an error, which only the next write brings, and commit
-    // would replace the old file by that part.
-    for (qint64 done = 0, taken = 0; done < contents.size(); done += taken) {
-        taken = file.write(contents.data() + done, contents.size() - done);
-        if (taken <= 0) {
-            refuse();
-        }
-    }
-    if (!file.commit()) {
-        refuse();
-    }
+    write_whole(module.program_file({}), QFile::encodeName(path).toStdString(), contents.toStdString());
 }
 
 QString save_csv(Module1& module, QWidget* window, const QString& name, const QByteArray& table) {

@@ -1,14 +1,13 @@
-// Files that the user saves: which name is proposed, where they go, and how they are written whole. The
-// program's own files are safe from it.
+// Files that the user saves: which name is proposed, where they go, and that they are written whole.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-#include <stdexcept>
 #include <string>
 
 #include "core/module1.h"
+#include "core/whole_file.h"
 
 class QWidget;
 
@@ -20,12 +19,6 @@ QString proposed_name(const std::string& participant, const QString& title, cons
                       Date day);
 // The same of a participant's own file.
 QString proposed_name(const std::string& participant);
-
-// The text says why a file was not written, for the user.
-class FileError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 struct FileKind {
     const char* dialog;  // object name of the dialog
@@ -47,10 +40,7 @@ void remember_folder(QWidget* window, const QString& path);
 // What to say of a file that was saved.
 QString saved_to(const QString& path);
 
-// Writes the file with this path. An existing file is only replaced by a complete one; where the name
-// is a link to another file, that file is replaced and the link stays. Only its owner may read it, for
-// it is about a person. Throws FileError for a file
-// that belongs to the program, and when the file cannot be written.
+// The same as write_whole of core/whole_file.h.
 void write_whole(const Module1& module, const QString& path, const QByteArray& contents);
 
 // Saves a table as a CSV file that the user names. What goes wrong is one message and leaves nothing

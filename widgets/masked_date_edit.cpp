@@ -4,8 +4,10 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QRegularExpression>
 #include <memory>
+
+#include "core/dates.h"
+#include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -96,15 +98,9 @@ void MaskedDateEdit::end_part() {
 }
 
 void MaskedDateEdit::paste_date(QClipboard::Mode from) {
-    static const QRegularExpression date(
-        u"^\\s*(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})\\s*$|^\\s*(\\d\\d)(\\d\\d)(\\d{4})\\s*$"_s);
-    const QRegularExpressionMatch match = date.match(QGuiApplication::clipboard()->text(from));
-    if (!match.hasMatch()) {
-        return;
+    if (const auto date = date_in_box(to_utf8(QGuiApplication::clipboard()->text(from)))) {
+        setText(to_qt(*date));
     }
-    const int first = match.capturedStart(1) >= 0 ? 1 : 4;
-    setText(match.captured(first).rightJustified(2, u'0') + u'/' +
-            match.captured(first + 1).rightJustified(2, u'0') + u'/' + match.captured(first + 2));
 }
 
 }  // namespace kelvar

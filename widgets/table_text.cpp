@@ -1,10 +1,14 @@
 #include "widgets/table_text.h"
 
 #include <QAbstractItemModel>
-#include <QRegularExpression>
 #include <QStringList>
+#include <algorithm>
+#include <string>
+#include <vector>
 
+#include "core/csv_line.h"
 #include "widgets/table_model.h"
+#include "widgets/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,14 +32,10 @@ QStringList cells(const QAbstractItemModel& model, int row, int role) {
     return texts;
 }
 
-QString csv_line(QStringList fields) {
-    static const QRegularExpression needs_quotes(u"[,\"\r\n]"_s);
-    for (QString& field : fields) {
-        if (field.contains(needs_quotes)) {
-            field = u'"' + field.replace(u'"', u"\"\""_s) + u'"';
-        }
-    }
-    return fields.join(u',') + u"\r\n"_s;
+std::string csv_line_of(const QStringList& texts) {
+    std::vector<std::string> fields(static_cast<std::size_t>(texts.size()));
+    std::ranges::transform(texts, fields.begin(), to_utf8);
+    return csv_line(fields);
 }
 
 }  // namespace
@@ -69,11 +69,11 @@ QString html_table(const QAbstractItemModel& model, const QList<int>& rows) {
 }
 
 QByteArray csv(const QAbstractItemModel& model) {
-    QString text = csv_line(headings(model));
+    std::string text = csv_line_of(headings(model));
     for (int row = 0; row < model.rowCount(); ++row) {
-        text += csv_line(cells(model, row, plain_role));
+        text += csv_line_of(cells(model, row, plain_role));
     }
-    return text.toUtf8();
+    return QByteArray::fromStdString(text);
 }
 
 }  // namespace kelvar

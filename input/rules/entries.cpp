@@ -23,22 +23,35 @@ std::string typed(const std::optional<Date>& date) {
     return date ? date_text(*date) : std::string(empty_mask);
 }
 
-// What was chosen, accepted or not, so that it can be named.
+double amount_certain(const Entries& entries) {
+    return entries.partial_percent
+               ? amount_of_percentage(entries.present_value.value_or(0.0), *entries.partial_percent)
+               : entries.partial_amount.value_or(0.0);
+}
+
+// What was chosen, accepted or not, so that it can be named. What belongs to another method or length
+// counts for nothing.
 Scenario chosen(const Entries& entries) {
     Scenario scenario;
     scenario.fee_amount = plan::yearly_fee;
     scenario.method = entries.method.value_or(no_method);
+    if (scenario.method == lump_sum) {
+        return scenario;
+    }
+    if (scenario.method == partial_lump_sum) {
+        scenario.partial_amount = amount_certain(entries);
+    }
     scenario.frequency = static_cast<std::int16_t>(entries.frequency.value_or(0));
-    scenario.partial_amount =
-        entries.partial_percent
-            ? amount_of_percentage(entries.present_value.value_or(0.0), *entries.partial_percent)
-            : entries.partial_amount.value_or(0.0);
     scenario.length_option = entries.length_option.value_or(no_length);
     scenario.joint_life = entries.joint_life.value_or(false);
-    constexpr int most = std::numeric_limits<std::int16_t>::max();
-    scenario.number_of_payments =
-        static_cast<std::int16_t>(std::min(entries.number_of_payments.value_or(0), most));
-    scenario.fixed_amount = entries.fixed_amount.value_or(0.0);
+    if (scenario.length_option == by_number_of_payments) {
+        constexpr int most = std::numeric_limits<std::int16_t>::max();
+        scenario.number_of_payments =
+            static_cast<std::int16_t>(std::min(entries.number_of_payments.value_or(0), most));
+    }
+    if (scenario.length_option == by_dollar_amount) {
+        scenario.fixed_amount = entries.fixed_amount.value_or(0.0);
+    }
     return scenario;
 }
 
@@ -72,6 +85,9 @@ Check enter_participant(const Entries& entries, Scenario& scenario, Date today) 
 
 Check enter_partial(const Entries& entries, Scenario& scenario, Database& database, Date today,
                     bool insists) {
+    if (entries.partial_percent && !is_percentage(*entries.partial_percent)) {
+        return invalid_percentage;
+    }
     const bool typed_any = entries.partial_amount || entries.partial_percent;
     const auto amount = typed_any ? std::optional{scenario.partial_amount} : std::nullopt;
     scenario.partial_percent = percentage_of_amount(scenario.present_value, scenario.partial_amount);
@@ -87,6 +103,9 @@ Check enter_partial(const Entries& entries, Scenario& scenario, Database& databa
 
 Check enter_method(const Entries& entries, Scenario& scenario, Database& database, Date today,
                    bool insists) {
+    if (scenario.method == no_method) {
+        return method_to_choose;
+    }
     if (scenario.method == lump_sum) {
         return std::nullopt;
     }

@@ -22,6 +22,10 @@ struct ParticipantEntry {
 // Participant data, up to the question whether a date of birth was entered at all.
 Check chk_fields(const ParticipantEntry& entry, Date today);
 
+// What is said while no method is chosen that can be calculated; Next is grey.
+inline constexpr Refusal method_to_choose{"Choose how the account is to be paid out to go on.",
+                                          "optmethod_0"};
+
 // Periodic payments.
 Check check_periodic(const Scenario& scenario);
 

@@ -21,9 +21,13 @@ std::optional<double> read_partial_amount(std::string_view text) {
     return valid ? std::optional{round_to_cents(*amount)} : std::nullopt;
 }
 
+bool is_percentage(double percentage) {
+    return percentage > 0.0 && percentage < 100.0;
+}
+
 std::optional<double> read_percentage(std::string_view text) {
     const auto percentage = read_entry(text);
-    return percentage > 0.0 && percentage < 100.0 ? percentage : std::nullopt;
+    return percentage && is_percentage(*percentage) ? percentage : std::nullopt;
 }
 
 double amount_of_percentage(double present_value, double percentage) {

@@ -15,6 +15,8 @@ namespace kelvar {
 // number or an amount too large to be kept to the cent.
 std::optional<double> read_partial_amount(std::string_view text);
 
+// Above 0 and below 100.
+bool is_percentage(double percentage);
 // A typed percentage above 0 and below 100; nothing otherwise.
 std::optional<double> read_percentage(std::string_view text);
 

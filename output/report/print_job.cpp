@@ -163,8 +163,10 @@ QString save_pdf(const Module1& module, QWidget* window, const QString& title, c
     if (file.isEmpty()) {
         return {};
     }
-    const Hourglass hourglass;
-    write_whole(module, file, pdf_of(job, paper, &progress));
+    {
+        const Hourglass hourglass;
+        write_whole(module, file, pdf_of(job, paper, &progress));
+    }
     remember_folder(window, file);
     return saved_to(file);
 }
@@ -219,6 +221,7 @@ QPageLayout paper_of(const PrintJob& job) {
 }
 
 QByteArray pdf_of(const PrintJob& job, const QPageLayout& paper, PageCounter* counter) {
+    require_font();
     QBuffer pages;
     pages.open(QIODevice::WriteOnly);
     QPdfWriter writer(&pages);
@@ -230,19 +233,19 @@ QByteArray pdf_of(const PrintJob& job, const QPageLayout& paper, PageCounter* co
     return finished_pdf(pages.data(), outline);
 }
 
-void add_reports(PrintJob& job, Module1& module, const std::vector<std::string>& templates,
-                 ReportValues result) {
+void add_reports(PrintJob& job, const std::filesystem::path& program_folder, Database& database,
+                 const std::vector<std::string>& templates, ReportValues result) {
     const auto note_missing = [&](const PrintError& error) {
         job.missing += (job.missing.empty() ? "" : "\n\n") + std::string(error.what());
     };
     try {
-        add_office_words(result, module.program_file("office.html"), module.database());
+        add_office_words(result, program_folder / "office.html", database);
     } catch (const PrintError& error) {
         note_missing(error);
     }
     for (const std::string& name : templates) {
         try {
-            job.reports.push_back(fill_template(module.program_file(name), module.database(), result));
+            job.reports.push_back(fill_template(program_folder / name, database, result));
         } catch (const PrintError& error) {
             note_missing(error);
         }

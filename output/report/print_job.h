@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QPageLayout>
 #include <QString>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -27,12 +28,12 @@ struct PrintJob {
 
 // Adds the reports of the templates with these names, with the office's own words where there are any,
 // or says why one is missing.
-void add_reports(PrintJob& job, Module1& module, const std::vector<std::string>& templates,
-                 ReportValues result);
+void add_reports(PrintJob& job, const std::filesystem::path& program_folder, Database& database,
+                 const std::vector<std::string>& templates, ReportValues result);
 
 // Letter, in its orientation.
 QPageLayout paper_of(const PrintJob& job);
-// A finished PDF in memory. The counter may be null. Throws PrintError.
+// A finished PDF in memory. The counter may be null. Throws PrintError, also when it does not go on.
 QByteArray pdf_of(const PrintJob& job, const QPageLayout& paper, PageCounter* counter = nullptr);
 
 // Prints at once on the default printer, or as the user says in the system's dialog or after a preview;

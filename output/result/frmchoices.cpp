@@ -291,7 +291,7 @@ PrintJob frmchoices::print_job() const {
     }
     PrintJob job{
         .title = lbltitle->text(), .file_name = file_name(), .orientation = QPageLayout::Landscape};
-    add_reports(job, module, {"choices.rpt"}, result);
+    add_reports(job, module.program_file({}), module.database(), {"choices.rpt"}, result);
     return job;
 }
 

@@ -214,7 +214,7 @@ PrintJob frmcompare::print_job() const {
     PrintJob job{.title = to_qt(title_with_frequency(scenario)) + u" - "_s + lbltitle->text(),
                  .file_name = file_name(),
                  .orientation = QPageLayout::Landscape};
-    add_reports(job, module, {"compare.rpt"}, result);
+    add_reports(job, module.program_file({}), module.database(), {"compare.rpt"}, result);
     return job;
 }
 

@@ -199,7 +199,7 @@ PrintJob ResultScreen::print_job() const {
     try {
         store_again_if_changed();
         add_reports(
-            job, module,
+            job, module.program_file({}), module.database(),
             report_templates(scenario.method, scenario.length_option, module.visit.printed_parts),
             printed_values(scenario, shown_, module.database()));
     } catch (const std::exception& error) {  // of the database

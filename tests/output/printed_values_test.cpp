@@ -116,10 +116,9 @@ TEST(PrintedValues, MarkTheYearsBelowTheFederalMinimum) {
     scenario.partial_amount = 20'000.0;
     EXPECT_TRUE(values_of(scenario, today).federal_minimum.starts_with("* 2029 to "));
 
-    const std::pair<Date, int> ages[] = {{1949y / 6 / 30, 2019},  {1949y / 7 / 1, 2021},
-                                         {1950y / 12 / 31, 2022}, {1951y / 1 / 1, 2024},
-                                         {1959y / 12 / 31, 2032}, {1960y / 1 / 1, 2035},
-                                         {2003y / 6 / 1, 2078}};
+    const std::pair<Date, int> ages[] = {
+        {1949y / 6 / 30, 2019},  {1949y / 7 / 1, 2021}, {1950y / 12 / 31, 2022}, {1951y / 1 / 1, 2024},
+        {1959y / 12 / 31, 2032}, {1960y / 1 / 1, 2035}, {2003y / 6 / 1, 2078}};
     for (const auto& [birth, year] : ages) {
         EXPECT_EQ(federal_minimum_from(birth), year);
     }
