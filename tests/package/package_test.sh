@@ -233,9 +233,15 @@ for file in "Ann's  \$5.kelvar" -style.kelvar "$PWD/Ann.kelvar"; do
         fail "told to open $file, the program is given $(cat "$work/given")"
 done
 
-# --- A program of another name, with options of its own
-cp "$launcher" "$launcher-other"
-cp "$installed/kelvar" "$installed/kelvar-other"
-"$launcher-other" --rows Ann.csv
-[ "$(cat "$work/given")" = "$XDG_DATA_HOME/kelvar/"$'\n--rows\nAnn.csv' ] ||
-    fail "the other program is given $(cat "$work/given")"
+# --- Statements from the .deb, with what the office's own folder holds
+printf 'name,birth date,balance,first payment,method\nAnn,%s,90000,%s,lump sum\n' \
+    01/31/1970 "$(date -d '+2 months' +%m/%Y)" > plan.csv
+export XDG_DATA_HOME=$work/office
+mkdir -p "$XDG_DATA_HOME/kelvar"
+echo '<p>{{room}}</p>' > "$XDG_DATA_HOME/kelvar/office.html"
+! "$root/usr/bin/kelvar-statements" plan.csv --pdf statements 2> "$work/errors" || fail "nobody reads office.html"
+grep -q 'office.html names an unknown field: "room"' "$work/errors" || fail "it only says $(cat "$work/errors")"
+echo '<p>Room 12</p>' > "$XDG_DATA_HOME/kelvar/office.html"
+"$root/usr/bin/kelvar-statements" plan.csv --pdf statements || fail "no statements: $?"
+[ "$(wc -l < results.csv)" = 5 ] || fail "the results are $(cat results.csv)"
+[ -s "statements/Ann (line 2).pdf" ] || fail "there is no statement"
