@@ -64,6 +64,9 @@ public:
             }
             if (auto* preview = qobject_cast<QPrintPreviewDialog*>(&dialog)) {
                 previewed = preview->printer()->pageLayout().orientation();
+                if (print_from_preview) {
+                    preview->printer()->setPageSize(QPageSize(QPageSize::A4));
+                }
             }
             for (QAction* action : dialog.findChildren<QAction*>()) {
                 if (print_from_preview && action->text() == u"Print") {
@@ -113,11 +116,13 @@ public:
     }
 
     // Pages of the file that Print wrote; 0 when there is none.
-    int printed_pages() {
+    QByteArray saved() const {
         QFile file(save_as);
-        const bool there = file.open(QIODevice::ReadOnly);
-        const int pages = there ? static_cast<int>(file.readAll().count("/Type /Page >>")) : 0;
-        file.remove();
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    int printed_pages() {
+        const auto pages = static_cast<int>(saved().count("/Type /Page >>"));
+        QFile::remove(save_as);
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         return pages;
     }
@@ -328,6 +333,7 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     print_from_preview = true;
     click("cmdprintmenu");
     EXPECT_EQ(offered_by, u"No printer is set up - save as PDF"_s);
+    EXPECT_TRUE(saved().contains("MediaBox [ 0 0 595")) << "the paper of the preview, A4";
     EXPECT_EQ(printed_pages(), 4);
     click("cmdchart");
     click("cmdprintmenu");
