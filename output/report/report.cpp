@@ -151,8 +151,13 @@ std::string read_template(const std::filesystem::path& file) {
     return bytes.toStdString();
 }
 
-std::string filled(const std::filesystem::path& template_file, Database& database,
-                   const ReportValues& result) {
+struct Filled {
+    std::string text;  // of the template
+    std::string html;
+};
+
+Filled filled(const std::filesystem::path& template_file, Database& database,
+              const ReportValues& result) {
     const std::string text = read_template(template_file);
     const double bytes = written_out(template_file, text, database.schedule().RecordCount(), result);
     if (bytes > longest_report) {
@@ -179,13 +184,13 @@ std::string filled(const std::filesystem::path& template_file, Database& databas
     if (static_cast<double>(html.size()) > longest_report) {
         refuse_length(template_file);
     }
-    return html;
+    return {text, html};
 }
 
-Report read_report(const std::filesystem::path& file, const std::string& html, PaintChart chart) {
+Report read_report(const std::filesystem::path& file, const Filled& filled, PaintChart chart) {
     auto document = std::make_shared<ReportDocument>(file.parent_path(), std::move(chart));
-    if (const auto why = document->read(to_qt(html))) {
-        refuse(file, refusal_in_line(html, *why));
+    if (const auto why = document->read(to_qt(filled.html))) {
+        refuse(file, refusal_in_line(filled.text, *why));
     }
     return document;
 }
@@ -211,8 +216,7 @@ void add_names(std::vector<OutlineEntry>& headings, const ReportDocument& report
 
 Report fill_template(const std::filesystem::path& template_file, Database& database,
                      const ReportValues& result) {
-    const std::string html = filled(template_file, database, result);
-    Report document = read_report(template_file, html, result.chart);
+    Report document = read_report(template_file, filled(template_file, database, result), result.chart);
     document->whose = to_qt(result.participant) +
                       (result.participant.empty() ? u"Figures of "_s : u", figures of "_s) +
                       to_qt(result.date);
@@ -224,13 +228,13 @@ void add_office_words(ReportValues& result, const std::filesystem::path& office_
     if (!std::filesystem::exists(office_file)) {
         return;
     }
-    const std::string html = filled(office_file, database, result);
-    read_report(office_file, html, {});  // refuses what it may not use
+    const Filled office = filled(office_file, database, result);
+    read_report(office_file, office, {});  // refuses what it may not use
     static const QRegularExpression page(
         u"^.*<body[^>]*>|</body>.*$"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression rule(u"<hr[^>]*>"_s, QRegularExpression::CaseInsensitiveOption);
-    const QString words = to_qt(html).remove(page);
+    const QString words = to_qt(office.html).remove(page);
     const QRegularExpressionMatch found = rule.match(words);
     result.office_above = to_utf8(words.left(std::max<qsizetype>(0, found.capturedStart())));
     result.office_next = to_utf8(words.mid(std::max<qsizetype>(0, found.capturedEnd())));

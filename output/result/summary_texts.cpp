@@ -231,7 +231,7 @@ void add_words(ReportValues& values, const Scenario& scenario, const Projection&
     add("Rate of return",
         "What the account is assumed to earn in a year. Nobody knows what it will earn.");
     if (scenario.method == lump_sum) {
-        add("Annual fee", "$80 a year. " + values.fee_note);
+        add("Annual fee", fee_text(scenario.fee_amount) + " a year. " + values.fee_note);
         return;
     }
     add("Annual fee",
@@ -239,13 +239,12 @@ void add_words(ReportValues& values, const Scenario& scenario, const Projection&
                     fee_text(scenario.fee_amount)));
     if (!values.life.empty()) {
         add(values.life.c_str(),
-            over_joint_life(scenario) ? "How many years a federal table counts on until neither you "
-                                        "nor your spouse lives. It "
-                                        "is an average; you may live longer."
+            over_joint_life(scenario)
+                ? "How many years a federal table counts on until neither you nor your spouse lives. "
+                  "It is an average; you may live longer."
             : scenario.lookup_age < plan::minimum_distribution_from
                 ? "How many years a federal table counts on at your age. It is an average; you may "
-                  "live "
-                  "longer."
+                  "live longer."
                 : "Over how many years federal law spreads an account from your age on. They are more "
                   "than your life expectancy.");
         add("Divisor", scenario.length_option == by_life_expectancy
@@ -287,7 +286,7 @@ void add_summary(ReportValues& values, const Scenario& scenario, const Projectio
     values.facts = facts(scenario, projection);
     values.why = why(scenario, projection);
     add_chosen(values, scenario, projection, database);
-    values.until = scenario.method == lump_sum ? "" : until_text(values, scenario, projection);
+    values.until = until_text(values, scenario, projection);
     values.another_rate = another_rate_text(scenario, projection);
     add_words(values, scenario, projection);
     for (const auto& [line, of_lump_sum] : not_worked_out) {

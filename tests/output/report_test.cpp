@@ -260,7 +260,7 @@ TEST_F(Reports, BrokenTemplatesAreNamedWithTheirFault) {
         {"<img src='data:image/png;base64,AAAA'>", "it is not in"},
         {"<img src='pipe.png'>", "\"pipe.png\": it is not a file"},
         {"<img>", "\"\": it is not in"},
-        {"\n<img src='none.png'>", "\"none.png\": it is missing in line 2."},
+        {"{{#schedule}}\n{{/schedule}}<img src='none.png'>", "\"none.png\": it is missing in line 2."},
         {"<img src='large.png'>", "\"large.png\": it is larger than 10 MB"},
         {"<img src='note.png'>", "\"note.png\": it is no PNG"},
         {"<img src='drawing.svg'>", "\"drawing.svg\": it is no PNG"},
