@@ -19,6 +19,7 @@ public:
         : ChartDrawing(data, look, 0),
           sets_(static_cast<int>(data.sets.size())),
           values_at_ends_(look.values_at_ends),
+          paper_(look.paper),
           turned_(look.turn_values_beyond > 0 && data.labels.size() * sets_ > look.turn_values_beyond) {
         for (std::size_t set = 0; set < data.sets.size(); ++set) {
             add_bars(set, look);
@@ -101,6 +102,7 @@ private:
                 place = {foot.x() - place.height() / 2.0, foot.y() - place.width(), place.height(),
                          place.width()};
             }
+            value->setBrush(upwards ? QBrush(Qt::NoBrush) : paper_);  // over the lines of the grid
             value->setRotation(upwards ? -90.0 : 0.0);
             value->setPositionAlignment(upwards ? Qt::AlignLeft | Qt::AlignVCenter
                                                 : Qt::AlignHCenter | Qt::AlignBottom);
@@ -161,6 +163,7 @@ private:
 
     int sets_;
     bool values_at_ends_;
+    QBrush paper_;
     bool turned_;  // the values
     std::vector<QCPItemText*> values_;
     std::optional<ChartPoint> chosen_;

@@ -217,9 +217,15 @@ void add_names(std::vector<OutlineEntry>& headings, const ReportDocument& report
 Report fill_template(const std::filesystem::path& template_file, Database& database,
                      const ReportValues& result) {
     Report document = read_report(template_file, filled(template_file, database, result), result.chart);
-    document->whose = to_qt(result.participant) +
-                      (result.participant.empty() ? u"Figures of "_s : u", figures of "_s) +
-                      to_qt(result.date);
+    QStringList whose;
+    if (!result.participant.empty()) {
+        whose << to_qt(result.participant);
+    }
+    if (!result.rate.empty()) {
+        whose << to_qt(result.rate) + u" a year"_s;
+    }
+    whose << u"figures of "_s + to_qt(result.date);
+    document->whose = whose.join(u", "_s);
     return document;
 }
 

@@ -30,7 +30,7 @@ public:
     // that begins with the template's name, or nothing.
     std::optional<std::string> read(const QString& html);
 
-    QString whose{};         // "Ann Miller, figures of 01/15/2020", at the head of its pages
+    QString whose{};         // "Ann Miller, 5% a year, figures of 01/15/2020", at the head of its pages
     PaintChart chart_below;  // takes the room that the text leaves on its last page; may be empty
 
 protected:

@@ -28,6 +28,7 @@ void set_fields(mustache::data& record, const Recordset& rows, std::size_t row,
 constexpr std::pair<const char*, std::string ReportValues::*> result_texts[] = {
     {"participant", &ReportValues::participant},
     {"title", &ReportValues::title},
+    {"rate", &ReportValues::rate},
     {"date", &ReportValues::date},
     {"balance", &ReportValues::balance},
     {"headline", &ReportValues::headline},

@@ -20,6 +20,7 @@ using NamedTexts = std::vector<std::pair<const char*, std::string>>;
 struct ReportValues {
     std::string participant;    // name, where one was entered
     std::string title;          // "Periodic Payments - Monthly"
+    std::string rate;           // "5%"
     std::string date;           // of the result, "01/15/2020"
     std::string balance;        // that the result starts from
     std::string headline;       // the result in one sentence

@@ -223,6 +223,7 @@ ReportValues printed_values(const Scenario& scenario, const Projection& projecti
                             Database& database) {
     ReportValues values = heading_values(scenario, projection.today);
     values.headline = headline(scenario, projection);
+    values.rate = rate_text(projection.rate, lump_sum);
     add_notes(values, scenario);
     add_ledger(values, scenario, projection.ledger);
     if (scenario.method == lump_sum) {

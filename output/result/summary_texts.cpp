@@ -12,6 +12,7 @@
 #include "core/plan.h"
 #include "engine/comparison.h"
 #include "engine/explanation.h"
+#include "engine/least_amount.h"
 #include "engine/result_texts.h"
 #include "input/rules/limits.h"
 
@@ -165,7 +166,9 @@ void add_chosen(ReportValues& values, const Scenario& scenario, const Projection
     }
     const std::string period = period_of(scenario);
     if (scenario.length_option == by_dollar_amount) {
-        const auto least = least_amount(scenario, database, today);
+        // What Next accepts, and what ends in time at this rate.
+        const auto least = std::max(least_amount(scenario, database, today),
+                                    least_complete_amount(scenario, projection.rate, today));
         add("Length of payments",
             fmt::format("{} a {} until it is used up", money_text(scenario.fixed_amount), period),
             least ? fmt::format("at least {} a {}", money_text(*least), period) : "");
@@ -176,7 +179,7 @@ void add_chosen(ReportValues& values, const Scenario& scenario, const Projection
                         scenario.length_option == by_life_expectancy
                             ? "over " + std::string(table_name(scenario))
                             : "a number that you chose"),
-            most ? fmt::format("any number up to {}", *most) : "");
+            most ? fmt::format("as a number, up to {}", *most) : "");
     }
     if (!values.life.empty()) {
         add("Divisor",
@@ -214,7 +217,12 @@ std::string another_rate_text(const Scenario& scenario, const Projection& projec
     Scenario both = scenario;
     both.selected_rates = {std::min(projection.rate, other), std::max(projection.rate, other)};
     if (scenario.method != lump_sum) {
-        return spread_text(both, compare(both, projection.today));
+        const Comparison compared = compare(both, projection.today);
+        const auto without = std::ranges::find_if(
+            compared.rates, [](const ComparedRate& rate) { return rate.outcome != Outcome::complete; });
+        return without == compared.rates.end()
+                   ? spread_text(both, compared)
+                   : fmt::format("{}: {}", rate_text(without->rate, lump_sum), without->reason);
     }
     const std::vector<LumpSumValue> values = lump_sum_values(both, projection.today);
     return fmt::format(

@@ -1,5 +1,6 @@
 // Statements for a whole plan: a table of participants as CSV in, results as CSV and PDF files out.
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -8,6 +9,8 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "core/operating_system.h"
 #include "core/reference_data.h"
@@ -116,9 +119,14 @@ public:
             show("");
         }
     }
-    void end() const {
+    // What whoever does not look at the exit code has to know.
+    void end(const std::string& results) const {
         if (terminal_) {
             show("\n");
+        }
+        if (refused_ > 0) {
+            fmt::print(stderr, "{} of {} lines were refused; {} says why.\n", refused_, lines_,
+                       results);
         }
     }
     bool any_refused() const { return refused_ > 0; }
@@ -161,7 +169,16 @@ int run(const Options& options) {
         payments->commit();
     }
     results.commit();
-    progress.end();
+    progress.end(options.results);
+    if (!options.pdfs.empty()) {
+        const std::vector<std::string> older =
+            older_statements(options.pdfs, options.program_folder, options.table);
+        if (!older.empty()) {
+            fmt::print(stderr, "In {} {} older than this table and what {} made of: {}.\n",
+                       options.pdfs, older.size() == 1 ? "a statement is" : "statements are",
+                       older.size() == 1 ? "it was" : "they were", fmt::join(older, ", "));
+        }
+    }
     return progress.any_refused() ? some_refused : all_accepted;
 }
 

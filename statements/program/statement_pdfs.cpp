@@ -2,6 +2,7 @@
 
 #include <QHashSeed>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "output/report/report.h"
 #include "output/result/printed_values.h"
 #include "shell/saved_file.h"
+#include "widgets/text.h"
 #include "widgets/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,22 @@ std::filesystem::file_time_type newest_of(const std::filesystem::path& folder,
 }
 
 }  // namespace
+
+std::vector<std::string> older_statements(const std::filesystem::path& folder,
+                                          const std::filesystem::path& program_folder,
+                                          const std::filesystem::path& table) {
+    static const QRegularExpression of_a_line(u" \\(line \\d+\\)\\.pdf$"_s);
+    const auto newest = newest_of(program_folder, table);
+    std::vector<std::string> older;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        if (to_qt(name).contains(of_a_line) && entry.last_write_time() <= newest) {
+            older.push_back(name);
+        }
+    }
+    std::ranges::sort(older);
+    return older;
+}
 
 StatementPdfs::StatementPdfs(Wanted wanted)
     : wanted_(std::move(wanted)),
@@ -77,9 +95,9 @@ void StatementPdfs::write(const Participant& participant, const std::vector<Proj
         add_reports(job, wanted_.program_folder, database,
                     report_templates(scenario.method, scenario.length_option, wanted_.parts),
                     printed_values(scenario, projection, database));
-    }
-    if (!job.missing.empty()) {
-        throw PrintError(job.missing);
+        if (!job.missing.empty()) {
+            throw PrintError(job.missing);
+        }
     }
     if (job.reports.empty()) {
         return;

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "core/records.h"
@@ -12,6 +13,12 @@
 #include "statements/columns.h"
 
 namespace kelvar {
+
+// Names of statements in a folder that are not newer than all that they would be made of: once all are
+// made, they belong to no line of the table, or to one that is refused now.
+std::vector<std::string> older_statements(const std::filesystem::path& folder,
+                                          const std::filesystem::path& program_folder,
+                                          const std::filesystem::path& table);
 
 class StatementPdfs {
 public:

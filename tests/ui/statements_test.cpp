@@ -260,7 +260,7 @@ TEST_F(StatementsProgram, WritesTheSameWithAnyNumberOfJobsAndAfterAnInterruption
     const auto one = files("one");
     EXPECT_EQ(files("three"), one);
     EXPECT_EQ(one.size(), 10U);
-    EXPECT_EQ(one.at("out") + one.at("err"), "");
+    EXPECT_EQ(one.at("out") + one.at("err"), "1 of 7 lines were refused; results.csv says why.\n");
     ASSERT_TRUE(one.contains("pdf/-Ann 4 (line 6).pdf"));
     EXPECT_TRUE(one.at("results.csv")
                     .ends_with("8,Bo,,,,,,,,,,,Invalid present value of the account.,balance\r\n"));
@@ -271,6 +271,11 @@ TEST_F(StatementsProgram, WritesTheSameWithAnyNumberOfJobsAndAfterAnInterruption
     const auto first = last_write_time(kept);
     std::filesystem::remove(work.path() / "three/pdf/-Ann 3 (line 5).pdf");
     std::filesystem::remove(work.path() / "three/results.csv");
+    std::ofstream(work.path() / "three/pdf/Gone (line 99).pdf") << "of an older table";
+    last_write_time(work.path() / "three/pdf/Gone (line 99).pdf", written);
+    EXPECT_EQ(run("three", all + " --resume"), 1);
+    EXPECT_TRUE(files("three").at("err").ends_with("made of: Gone (line 99).pdf.\n"));
+    std::filesystem::remove(work.path() / "three/pdf/Gone (line 99).pdf");
     EXPECT_EQ(run("three", all + " --resume"), 1);
     EXPECT_EQ(files("three"), one);
     EXPECT_EQ(last_write_time(kept), first);
