@@ -44,7 +44,7 @@ void PrintButtons::offer(const QString& text, Destination destination) {
 void PrintButtons::offer_parts(PrintedParts& parts) {
     menu_->addSeparator();
     add_part(u"With the &Years"_s, parts, parts.years);
-    add_part(u"With All Pa&yments"_s, parts, parts.payments);
+    add_part(u"With &All Payments"_s, parts, parts.payments);
     name_parts(parts);
 }
 

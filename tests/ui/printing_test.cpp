@@ -314,7 +314,7 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     };
     click("cmdprint");
     EXPECT_EQ(printed_pages(), 3) << "summary and payments";
-    tick(u"With All Pa&yments"_s, u"Prints the summary only"_s);
+    tick(u"With &All Payments"_s, u"Prints the summary only"_s);
     EXPECT_EQ(printed_pages(), 2);
     menu_entry = u"P&DF..."_s;
     click("cmdsave");
@@ -324,7 +324,7 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     menu_entry = u"Print with &Options..."_s;  // no printer to have options
     click("cmdprintmenu");
     EXPECT_EQ(printed_pages(), 3);
-    tick(u"With All Pa&yments"_s, u"Prints the summary, the years and all payments"_s);
+    tick(u"With &All Payments"_s, u"Prints the summary, the years and all payments"_s);
     EXPECT_EQ(printed_pages(), 4);
     menu_entry = u"Pre&view..."_s;
     click("cmdprintmenu");
@@ -339,7 +339,7 @@ TEST_F(Printing, PartsAreChosenInTheMenu) {
     click("cmdprintmenu");
     EXPECT_EQ(printed_pages(), 1);
     click("cmdprev");
-    tick(u"With All Pa&yments"_s, u"Prints the summary and the years"_s);
+    tick(u"With &All Payments"_s, u"Prints the summary and the years"_s);
     printed_pages();
     click("cmdprev");
     click("Cmdnext");
