@@ -90,6 +90,12 @@ std::size_t character_at(std::string_view text) {
 
 }  // namespace
 
+std::string_view without_blanks(std::string_view cell) {
+    constexpr std::string_view blanks = " \t\r\n";
+    cell.remove_prefix(std::min(cell.find_first_not_of(blanks), cell.size()));
+    return cell.substr(0, cell.find_last_not_of(blanks) + 1);
+}
+
 std::string plain_words(std::string_view text) {
     std::string plain;
     for (const char character : text) {
@@ -133,6 +139,9 @@ std::vector<double> read_rates(std::string_view cell, const std::vector<double>&
         const auto rate = read_entry(cell.substr(at, end - at));
         if (!rate || std::ranges::find(offered, *rate) == offered.end()) {
             return {};
+        }
+        if (std::ranges::find(wanted, *rate) != wanted.end()) {
+            return {};  // "5,5%" is no list
         }
         wanted.push_back(*rate);
         at = cell.find_first_not_of(between, end);

@@ -15,6 +15,9 @@ namespace kelvar {
 // Without what people write differently: "Spouse's birth_date" gives "spousesbirthdate".
 std::string plain_words(std::string_view text);
 
+// Without those before and after it.
+std::string_view without_blanks(std::string_view cell);
+
 // The value of the word that the cell has; nothing for any other text.
 std::optional<int> read_word(std::string_view cell, std::span<const Word> words);
 
@@ -28,7 +31,7 @@ struct MonthAndYear {
 std::optional<MonthAndYear> read_month(std::string_view cell);
 
 // "5%; 6%", "5 6", "all" or nothing, which means all. Each rate on offer once, in the order in which
-// they are offered; none when anything else stands there.
+// they are offered; none when anything else stands there, or one twice.
 std::vector<double> read_rates(std::string_view cell, const std::vector<double>& offered);
 
 // A name as its box takes it: without control characters, in one line, of at most 60 characters.

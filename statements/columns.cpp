@@ -132,8 +132,11 @@ std::optional<Date> date_of(std::string_view cell) {
 
 std::optional<int> number_of(std::string_view cell) {
     constexpr double most = 99'999'999;  // that the box takes
+    constexpr double unread = 1e60;      // left, the box holds more digits than are read again
     const auto typed = read_unsigned(cell);
-    return typed ? std::optional{static_cast<int>(std::round(std::min(*typed, most)))} : std::nullopt;
+    return typed && *typed < unread
+               ? std::optional{static_cast<int>(std::round(std::min(*typed, most)))}
+               : std::nullopt;
 }
 
 Entries entries_of(const Cells& cells, Database& database) {
@@ -220,7 +223,7 @@ Participant Columns::read(const CsvRecord& record, Database& database, Date toda
     };
     const std::size_t known = std::min(columns_.size(), record.cells.size());
     for (std::size_t i = 0; i < known; ++i) {
-        cells[columns_[i]] = record.cells[i];
+        cells[columns_[i]] = without_blanks(record.cells[i]);
     }
     if (is_utf8(cells[name])) {
         participant.name = one_line(cells[name]);

@@ -62,7 +62,8 @@ Check enter_participant(const Entries& entries, Scenario& scenario, Date today) 
         return birth.wrong;
     }
     const int month = entries.first_pay_month.value_or(month_of(today));
-    const int year = entries.first_pay_year.value_or(0);
+    // Without a date of birth the screen offers no year.
+    const int year = entries.birth_date ? entries.first_pay_year.value_or(0) : 0;
     if (const Check check = chk_fields({month, year, entries.present_value, mask}, today)) {
         return check;
     }

@@ -56,8 +56,9 @@ void describe(CLI::App& app, Options& options) {
     app.add_option("-j,--jobs", options.jobs, "How many processes share the work")
         ->check(CLI::Range(1, most_jobs))
         ->capture_default_str();
-    app.add_option("--program", options.program_folder, "Folder with the tables and report templates")
-        ->capture_default_str();
+    app.add_option("--program", options.program_folder,
+                   "Folder with the tables and report templates, instead of the usual one")
+        ->take_last();  // the packages' launcher names one, too
 }
 
 // Nothing that is read is written over, and no file twice.
@@ -185,7 +186,8 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Statements for a whole plan: what becomes of each participant's account");
+    CLI::App app("Statements for a whole plan: what becomes of each participant's account",
+                 "kelvar-statements");
     try {
         Options options;
         describe(app, options);

@@ -1,7 +1,6 @@
 #include "statements/program/statement_pdfs.h"
 
 #include <QHashSeed>
-#include <QLoggingCategory>
 #include <QRegularExpression>
 #include <algorithm>
 #include <utility>
@@ -29,7 +28,11 @@ std::unique_ptr<Application> without_window() {
     static char* argv[] = {name, nullptr};
     QHashSeed::setDeterministicGlobalSeed();  // in whose order fonts get into a file
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLoggingCategory::setFilterRules(u"*.warning=false"_s);  // about a desktop that need not be there
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", "/dev/null/none");  // else the toolkit makes a folder in /tmp
+    }
+    // What it has to say is about a desktop that need not be there.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     auto application = std::make_unique<Application>(argc, argv);
     theme::apply(*application);
     return application;

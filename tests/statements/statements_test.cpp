@@ -89,7 +89,9 @@ TEST_F(Tables, SayWhatTheScreensSayOfEachCell) {
          "length"},
         {"Ann,6/15/50,250000,7/2020,periodic,monthly,,,number,many", "Invalid mumber of payments.",
          "number"},
-        {"Ann,6/15/50,250000,7/2020,periodic,monthly,,,number,1e99",
+        {"Ann,6/15/50,250000,7/2020,periodic,monthly,,,number,1e99", "Invalid mumber of payments.",
+         "number"},
+        {"Ann,6/15/50,250000,7/2020,periodic,monthly,,,number,1e30",
          "The number of payments will exceed your life expectancy or result in an amount below your "
          "minimum distribution. Please reduce the number of payments!",
          "number"},
@@ -106,6 +108,8 @@ TEST_F(Tables, SayWhatTheScreensSayOfEachCell) {
          "You can select Joint Life Expectancy only if your spouse is at least 35 years old, and is at "
          "least 10 years younger than you!",
          "spouse's birth date"},
+        {"Ann,6/15/50,250000,7/2020,lump sum,,,,,,,,,\"5,5%\"",
+         "Select one or more annual rate of return.", "rates"},
         {"Ann,6/15/50,250000,7/2020,lump sum,,,,,,,,,5;12%",
          "Select one or more annual rate of return.", "rates"},
         {"Ann,6/15/50,250000,7/2020,lump sum,,,,,,,maybe", "This must be \"yes\" or \"no\".", "joint"},
