@@ -28,9 +28,8 @@ std::unique_ptr<Application> without_window() {
     static char* argv[] = {name, nullptr};
     QHashSeed::setDeterministicGlobalSeed();  // in whose order fonts get into a file
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
-        qputenv("XDG_RUNTIME_DIR", "/dev/null/none");  // else the toolkit makes a folder in /tmp
-    }
+    // Else the toolkit makes a folder for the desktop's sockets in /tmp.
+    qputenv("TMPDIR", "/dev/null");
     // What it has to say is about a desktop that need not be there.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     auto application = std::make_unique<Application>(argc, argv);

@@ -211,10 +211,10 @@ TEST_F(Statements, RefuseInTheWordsOfTheScreens) {
     }
     // Without a date of birth no year is offered, and the month alone has passed.
     today = Date{std::chrono::year{2020} / 8 / 15};
-    Person unborn = person(random);
-    unborn.birth.clear();
-    unborn.month = "July";
-    compare(unborn);
+    Person nobody = person(random);
+    nobody.birth.clear();
+    nobody.month = "July";
+    compare(nobody);
     EXPECT_GT(refused, 90);
 }
 
