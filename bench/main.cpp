@@ -55,7 +55,7 @@ constexpr Row rows[] = {
      500.0},
     {"100,000 participants at four rates to results.csv", "statements/results/iterations:1/manual_time",
      no_raw, 0.0, 15'000.0},
-    {"a statement of one page for each participant", "statements/one_page/iterations:1/manual_time",
+    {"a statement of one sheet for each participant", "statements/one_page/iterations:1/manual_time",
      no_raw, 0.0, 1000.0 / 12.0},
     {"start to the title screen / Qt window with a line of text", "start/title_screen/real_time",
      "start/text_window/real_time", 1.5},
