@@ -52,12 +52,11 @@ std::string figure_note(const Scenario& scenario, const Projection& projection) 
     const bool once = scenario.method == lump_sum || projection.schedule.rows.size() == 1;
     const bool same = scenario.length_option == by_dollar_amount;
     const bool two = !once && projection.schedule.rows.size() == 2;
-    return fmt::format("{}, at {} a year and before taxes",
-                       once   ? "Estimated payment"
+    return std::string(once   ? "Your payment"
                        : two  ? "The first of two payments"
                        : same ? "Your payments"
-                              : "Your first payments",
-                       rate_text(projection.rate, lump_sum));
+                              : "Your first payments") +
+           ", estimated, before taxes";
 }
 
 std::vector<NamedTexts> facts(const Scenario& scenario, const Projection& projection) {
