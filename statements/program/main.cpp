@@ -175,9 +175,8 @@ int run(const Options& options) {
         const std::vector<std::string> older =
             older_statements(options.pdfs, options.program_folder, options.table);
         if (!older.empty()) {
-            fmt::print(stderr, "In {} {} older than this table and what {} made of: {}.\n",
-                       options.pdfs, older.size() == 1 ? "a statement is" : "statements are",
-                       older.size() == 1 ? "it was" : "they were", fmt::join(older, ", "));
+            fmt::print(stderr, "In {}, older than the table or what statements are made of: {}.\n",
+                       options.pdfs, fmt::join(older, ", "));
         }
     }
     return progress.any_refused() ? some_refused : all_accepted;

@@ -41,7 +41,10 @@ std::filesystem::file_time_type newest_of(const std::filesystem::path& folder,
                                           const std::filesystem::path& table) {
     auto newest = std::max(last_write_time(table), last_write_time(running_program()));
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        newest = entry.is_regular_file() ? std::max(newest, entry.last_write_time()) : newest;
+        // Tables and results are no part of a statement, even where somebody keeps them there.
+        if (entry.is_regular_file() && entry.path().extension() != ".csv") {
+            newest = std::max(newest, entry.last_write_time());
+        }
     }
     return newest;
 }

@@ -285,6 +285,7 @@ TEST_F(StatementsProgram, WritesTheSameWithAnyNumberOfJobsAndAfterAnInterruption
     EXPECT_EQ(run("three", all + " --resume"), 1);
     EXPECT_TRUE(files("three").at("err").ends_with("made of: Gone (line 99).pdf.\n"));
     std::filesystem::remove(work.path() / "three/pdf/Gone (line 99).pdf");
+    std::ofstream(folder.path() / "results.csv") << "newer, and no part of a statement";
     EXPECT_EQ(run("three", all + " --resume"), 1);
     EXPECT_EQ(files("three"), one);
     EXPECT_EQ(last_write_time(kept), first);
